@@ -1,0 +1,56 @@
+# How a room becomes a target.
+#
+# Logic rooms are C++20 and the standard library. They never link Qt, and Qt's include folders come only with
+# its targets: a Qt include in a logic room does not compile. That is the wall between logic and widgets.
+
+add_library(halden_warnings INTERFACE)
+target_compile_options(halden_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+if(HALDEN_SANITIZE)
+  target_compile_options(halden_warnings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(halden_warnings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# halden_room(NAME [FOLDER dir] [USES rooms...]): a logic library from the .cpp files in the root of its folder.
+function(halden_room name)
+  cmake_parse_arguments(ROOM "" "FOLDER" "USES" ${ARGN})
+  if(NOT ROOM_FOLDER)
+    set(ROOM_FOLDER ${name})
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "main\\.cpp$")
+  add_library(halden_${name} STATIC ${sources})
+  target_include_directories(halden_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  list(TRANSFORM ROOM_USES PREPEND halden_)
+  target_link_libraries(halden_${name} PUBLIC ${ROOM_USES} PRIVATE halden_warnings)
+endfunction()
+
+# halden_qt_room(NAME FOLDER dir QT components... [USES rooms...]): the same for a folder of widgets or platform code.
+function(halden_qt_room name)
+  cmake_parse_arguments(ROOM "" "FOLDER" "USES;QT" ${ARGN})
+  halden_room(${name} FOLDER ${ROOM_FOLDER} USES ${ROOM_USES})
+  list(TRANSFORM ROOM_QT PREPEND Qt6::)
+  target_link_libraries(halden_${name} PUBLIC ${ROOM_QT})
+  set_target_properties(halden_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_compile_definitions(halden_${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+endfunction()
+
+# halden_test(NAME [TIMEOUT s] USES rooms...): one test program from tests/NAME/*.cpp.
+function(halden_test name)
+  cmake_parse_arguments(TEST "" "TIMEOUT" "USES" ${ARGN})
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 120)
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${name} ${sources})
+  list(TRANSFORM TEST_USES PREPEND halden_)
+  target_link_libraries(test_${name} PRIVATE ${TEST_USES} halden_warnings GTest::gtest)
+  set_target_properties(test_${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(test_${name} PRIVATE HALDEN_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+                       LABELS ${name})
+endfunction()
+include(GoogleTest)

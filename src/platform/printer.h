@@ -1,0 +1,42 @@
+// The default printer. Distances are in 1/1440 inch from the page's top left corner. Paper is always light.
+#pragma once
+
+#include <string>
+
+namespace halden {
+
+enum class Orientation { portrait, landscape };
+
+struct PrintFont {
+  std::string family;
+  double points = 10.0;
+  bool bold = false;
+};
+
+struct PageSize {
+  double width = 0.0;
+  double height = 0.0;
+};
+
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  // Takes effect with the next page.
+  virtual void set_orientation(Orientation orientation) = 0;
+  virtual void set_font(const PrintFont& font) = 0;
+
+  virtual PageSize page_size() = 0;
+  virtual double text_width(const std::string& text) = 0;
+
+  virtual void print_line(double left, double top, const std::string& text) = 0;
+  virtual void new_page() = 0;
+
+  // An image of a window by its name ("MeterRec"), as wide as the page allows.
+  virtual void print_window(const std::string& window_name) = 0;
+
+  // Sends what was printed and starts a new document. Empty when it went well, otherwise one sentence for the user.
+  virtual std::string finish() = 0;
+};
+
+}  // namespace halden
