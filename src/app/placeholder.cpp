@@ -1,0 +1,1 @@
+namespace halden { void app_placeholder(); void app_placeholder() {} }

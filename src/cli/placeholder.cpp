@@ -1,0 +1,1 @@
+namespace halden { void cli_placeholder(); void cli_placeholder() {} }

@@ -1,0 +1,1 @@
+namespace halden { void platform_virtual_placeholder(); void platform_virtual_placeholder() {} }

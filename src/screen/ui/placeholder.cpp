@@ -1,0 +1,1 @@
+namespace halden { void screen_ui_placeholder(); void screen_ui_placeholder() {} }
