@@ -14,7 +14,8 @@ Control& Window::add(std::string name, Control control) {
 std::size_t Window::index_of(std::string_view name) const {
   const auto found = index_.find(name);
   if (found == index_.end()) {
-    std::fprintf(stderr, "window %s has no control %.*s\n", name_.c_str(), static_cast<int>(name.size()), name.data());
+    std::fprintf(stderr, "window %s has no control %.*s\n", name_.c_str(), static_cast<int>(name.size()),
+                 name.data());
     std::abort();
   }
   return found->second;

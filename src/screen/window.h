@@ -1,5 +1,5 @@
-// A window as plain values: what each control shows, under the control's name. Logic writes here; the window on the
-// screen mirrors it, and tests and haldenctl read the same values.
+// A window as plain values: what each control shows, under the control's name. Logic writes here; the window
+// on the screen mirrors it, and tests and haldenctl read the same values.
 #pragma once
 
 #include <cstdint>

@@ -1,0 +1,57 @@
+// The whole program without its windows: builds every object in order and hands each its neighbours.
+//
+// Windows, tests and haldenctl drive it the same way: start_up once, then clicks by the control's name; what is to be
+// seen stands in screen(). Timer ticks come from the platform.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/platform.h"
+
+namespace halden {
+
+struct Screen;
+struct Program;
+
+struct StartOptions {
+  std::string work_folder = ".";     // holds language.pha and commport.dat
+  std::string program_folder = ".";  // holds help/
+  int first_port = 0;                // the port to start with where there is no commport.dat; 0 asks for one
+};
+
+class Companion {
+ public:
+  Companion(Platform platform, StartOptions options);
+  ~Companion();
+  Companion(const Companion&) = delete;
+  Companion& operator=(const Companion&) = delete;
+
+  // Runs the start-up procedure; it ends with the main window shown. Call through dispatch().
+  void start_up();
+
+  // A click on a menu entry or button of the main window by its name ("port_number_3", "get_hz"). Nothing happens
+  // when the control is disabled or hidden, or has no action.
+  void click(std::string_view control);
+
+  // The main window was shown, or a change of its size has settled.
+  void main_window_resized();
+
+  // The user closed the main window by its frame: the program ends at once.
+  void main_window_closed();
+
+  // Brings the status line up to date; cheap.
+  void refresh_status_line();
+
+  // Every window as values. A window on the screen writes edited boxes back here.
+  Screen& screen();
+
+  // The objects behind it, for haldenctl and tests.
+  Program& program();
+
+ private:
+  std::unique_ptr<Program> program_;
+};
+
+}  // namespace halden

@@ -1,0 +1,214 @@
+#include "screen/main_window.h"
+
+#include <utility>
+#include <vector>
+
+#include "screen/columns.h"
+#include "screen/menus.h"
+#include "screen/panels.h"
+
+namespace halden {
+
+namespace {
+
+struct Box {
+  int left, top, width, height;  // design pixels
+};
+
+enum class Shown { yes, no };
+
+constexpr int row_top(int phase) { return 64 + 100 * phase; }
+constexpr int row_height = 92;
+
+class Designer {
+ public:
+  Designer() : window("MeterRec") {}
+
+  void place(DesignedControl designed, Box box, std::string text, Shown shown = Shown::yes) {
+    Control control;
+    control.text = std::move(text);
+    control.visible = shown == Shown::yes;
+    control.left = static_cast<float>(box.left) * units_per_pixel;
+    control.top = static_cast<float>(box.top) * units_per_pixel;
+    control.width = static_cast<float>(box.width) * units_per_pixel;
+    control.height = static_cast<float>(box.height) * units_per_pixel;
+    window.add(designed.name, std::move(control));
+    design.push_back(std::move(designed));
+  }
+
+  void panel(const Panel& panel, Box box, std::string widest, int phase = -1, Shown shown = Shown::yes) {
+    place({panel.label, ControlKind::label, phase, {}, {}}, box, panel.caption, shown);
+    place({panel.value, ControlKind::value, phase, std::move(widest), panel.label}, box, {}, shown);
+  }
+
+  Window window;
+  std::vector<DesignedControl> design;
+};
+
+void design_strip(Designer& to) {
+  const auto pair = [&to](const std::string& title, const std::string& title_text, const std::string& value,
+                          const std::string& value_text, int left, int width) {
+    to.place({title, ControlKind::text, -1, {}, {}}, {left, 11, width, 18}, title_text);
+    to.place({value, ControlKind::reading, -1, {}, title}, {left, 29, width, 24}, value_text);
+  };
+  to.place({"PQA_mode", ControlKind::reading, -1, {}, {}}, {16, 29, 196, 24}, "");
+  pair("system_label", "System", "power_system", "", 218, 84);
+  pair("Label1_0", "Sample", "Label1_1", "2.0 SEC", 308, 100);
+  pair("Label1_2", "Time", "Label1_3", "", 414, 94);
+  pair("Label1_4", "Date", "Label1_5", "", 514, 120);
+  to.place({"hold", ControlKind::reading, -1, {}, {}}, {644, 29, 70, 24}, "HOLD", Shown::no);
+  to.place({"Warning", ControlKind::reading, -1, {}, {}}, {724, 29, 110, 24}, "No Com", Shown::no);
+  to.place({"phasor_button", ControlKind::button, -1, {}, {}}, {946, 17, 104, 31}, "PHASOR");
+  to.place({"record_button", ControlKind::button, -1, {}, {}}, {1060, 17, 100, 31}, "Record", Shown::no);
+  to.place({"Command3D1", ControlKind::button, -1, {}, {}}, {1170, 17, 94, 31}, "Print");
+}
+
+// The widest text of each column, with its sign: it decides how large the digits can be.
+constexpr std::array<std::string_view, 7> widest_of_quantity = {
+    "000.0KV", "000.0mA", "-00.00KW", "-00.00KVA", "-00.00KVAR", "-0.00", "-000.0"};
+
+void design_phases(Designer& to) {
+  for (int phase = 0; phase < phase_count; ++phase) {
+    const std::string digit = std::to_string(phase + 1);
+    to.place({"L" + digit + "_name", ControlKind::reading, phase, {}, {}},
+             {16, row_top(phase), 34, row_height}, "L" + digit);
+    const auto at = [phase](const DesignColumn& column) {
+      return Box{column.left, row_top(phase), column.width, row_height};
+    };
+    to.panel(line_panel(phase), at(design_columns()[0]), "000.0KV", phase);
+    for (const PhaseQuantity quantity : phase_quantities) {
+      const auto index = static_cast<std::size_t>(quantity);
+      to.panel(phase_panel(quantity, phase), at(design_columns()[index + 1]),
+               std::string(widest_of_quantity[index]), phase);
+    }
+  }
+}
+
+void design_system(Designer& to) {
+  constexpr int panels_in_row = 4;
+  int index = 0;
+  for (const Panel& panel : system_panels()) {
+    const Box box = {16 + 263 * (index % panels_in_row), 371 + 80 * (index / panels_in_row), 255, 72};
+    to.panel(panel, box, "-00.00KVARH");
+    ++index;
+  }
+  index = 0;
+  for (const Panel& panel : unbalance_panels()) {
+    to.panel(panel, {16 + 1053 * index / 6, 613, 167, 105}, "00.00%");
+    ++index;
+  }
+}
+
+void design_settings(Designer& to) {
+  constexpr int left = 1074;
+  to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, 190, 20}, "Meter settings");
+  struct Setting {
+    std::string_view box, button, caption;
+  };
+  constexpr std::array<Setting, 5> settings = {{{"ct_value", "set_ct", "CT"},
+                                                {"pt_value", "set_pt", "PT"},
+                                                {"sec_value", "set_sec", "SEC"},
+                                                {"md_value", "set_md", "MD"},
+                                                {"HZ_value", "set_hz", "HZ"}}};
+  int top = 92;
+  for (const Setting& setting : settings) {
+    to.place({std::string(setting.button), ControlKind::button, -1, {}, {}}, {left, top, 70, 32},
+             std::string(setting.caption));
+    to.place({std::string(setting.box), ControlKind::edit_box, -1, {}, std::string(setting.button)},
+             {left + 78, top, 112, 32}, "");
+    top += 41;
+  }
+  to.place({"get_hz", ControlKind::button, -1, {}, {}}, {left, top + 4, 190, 32}, "Update Now");
+  to.place({"energy_heading", ControlKind::text, -1, {}, {}}, {left, top + 62, 190, 20}, "Energy and demand");
+  to.place({"reset_kwh", ControlKind::button, -1, {}, {}}, {left, top + 88, 190, 32}, "<- Reset");
+}
+
+// The harmonics and waveform views cover the power panels while their chart is shown.
+void design_harmonics(Designer& to) {
+  to.place({"Harmo_Graph1", ControlKind::chart, -1, {}, {}}, {16, 64, 1044, 376}, "", Shown::no);
+  to.place({"HScroll1", ControlKind::scroll_bar, -1, {}, {}}, {16, 450, 1044, 22}, "", Shown::no);
+  int index = 0;
+  for (const Panel& panel : harmonic_cursor_panels())
+    to.panel(panel, {16 + 263 * index++, 484, 255, 70}, "-000.0", -1, Shown::no);
+  index = 0;
+  for (const Panel& panel : wave_summary_panels()) {
+    to.panel(panel, {16 + 263 * (index % 4), 566 + 80 * (index / 4), 255, 72}, "-000.0mA", -1, Shown::no);
+    ++index;
+  }
+}
+
+void design_status_line(Designer& to) {
+  for (const std::string_view name :
+       {"status_port", "status_link", "status_rate", "status_recording", "status_hint"})
+    to.place({std::string(name), ControlKind::status, -1, {}, {}}, {}, "");
+}
+
+void add_menus(Designer& to) {
+  for (const MenuEntry& entry : menu_entries()) {
+    to.place({entry.name, ControlKind::menu_item, -1, {}, {}}, {}, entry.caption);
+    to.window[entry.name].enabled = entry.state == Entry::enabled;
+  }
+}
+
+// What these buttons start belongs to windows and exchanges that this version does not have yet.
+void disable_unfinished(Window& window) {
+  for (const std::string_view name : {"set_ct", "set_pt", "set_sec", "set_md", "set_hz", "phasor_button"})
+    window[name].enabled = false;
+}
+
+Designer design_main_window() {
+  Designer designer;
+  designer.window.set_caption("Halden");
+  design_strip(designer);
+  design_phases(designer);
+  design_system(designer);
+  design_settings(designer);
+  design_harmonics(designer);
+  design_status_line(designer);
+  add_menus(designer);
+  disable_unfinished(designer.window);
+  return designer;
+}
+
+const Designer& designed_main_window() {
+  static const Designer designer = design_main_window();
+  return designer;
+}
+
+Control captioned(std::string text) {
+  Control control;
+  control.text = std::move(text);
+  return control;
+}
+
+}  // namespace
+
+std::span<const DesignedControl> main_window_design() { return designed_main_window().design; }
+
+Window make_main_window() { return designed_main_window().window; }
+
+Window make_notice_window() {
+  Window window("CHKSPEED");
+  window.add("Text1", {});
+  return window;
+}
+
+Window make_logger_window() {
+  Window window("Logger");
+  window.set_caption("Datalogger");
+  const std::array<std::pair<std::string, std::string>, 10> captions = {
+      {{"Label2", "Press to get datalogger setup"},
+       {"Panel3D2", "DATALOGGER SETUP"},
+       {"Command1", "Clear Memory"},
+       {"Command2", "Down Load Harmonics"},
+       {"Command3", "Down Load Transient"},
+       {"Read_All", "Down Load Power Data"},
+       {"DL_HC", "Down Load Hardcopy"},
+       {"DL_All", "Down Load All Files"},
+       {"Text1_1", ""},
+       {"Text1_2", ""}}};
+  for (const auto& [name, caption] : captions) window.add(name, captioned(caption));
+  return window;
+}
+
+}  // namespace halden

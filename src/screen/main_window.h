@@ -1,0 +1,63 @@
+// The design of the main window MeterRec: every control with its English caption, its place and its kind.
+//
+// The content area below the menu bar is designed 1280 x 736 pixels of 1/96 inch (15 units of 1/1440 inch
+// each) and scales with the window. Columns from left to right: line voltage, V, I, W, VA, VAR, PF, phase
+// angle; one row per phase; below them the system values, energies, demands and the unbalance figures; meter
+// settings on the right.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "screen/window.h"
+
+namespace halden {
+
+inline constexpr float units_per_pixel = 15.0F;
+inline constexpr float design_width = 1280 * units_per_pixel;
+inline constexpr float design_height = 736 * units_per_pixel;
+
+enum class ControlKind {
+  text,      // a quiet label
+  reading,   // a larger text in the strip above the panels
+  label,     // the caption inside a value panel
+  value,     // the value inside a value panel
+  edit_box,  // a field the user types in
+  button,
+  scroll_bar,
+  chart,
+  status,     // a field of the status line
+  menu_item,  // placed by the menu tree
+};
+
+struct DesignedControl {
+  std::string name;
+  ControlKind kind;
+  int phase = -1;      // 0..2 for controls of one phase: they carry that phase's colour
+  std::string widest;  // the widest text a value is expected to show, for choosing its size
+  std::string label;   // of a value: the control that names it
+};
+
+// All controls of MeterRec in the order they are designed.
+std::span<const DesignedControl> main_window_design();
+
+// MeterRec as it stands before anything was read from the meter. Controls of a label/value panel share one
+// frame: the position and size of both are those of the panel.
+Window make_main_window();
+
+// The notice window CHKSPEED, with its message field Text1.
+Window make_notice_window();
+
+// The datalogger window, loaded when its captions or clock fields are first touched.
+Window make_logger_window();
+
+// All windows of the program. They exist from the start and are shown when needed.
+struct Screen {
+  Window meter_rec = make_main_window();
+  Window chkspeed = make_notice_window();
+  Window logger = make_logger_window();
+};
+
+}  // namespace halden

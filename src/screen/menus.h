@@ -1,0 +1,24 @@
+// The menu tree of the main window as a table: which entry hangs under which, with its English caption.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace halden {
+
+// Whether an entry can be chosen from the start. Those that open a window this version does not have yet are
+// there, but disabled.
+enum class Entry { enabled, disabled };
+
+struct MenuEntry {
+  std::string_view parent;  // empty for the menu bar
+  std::string name;         // an element of an item array is called "port_number_7"
+  std::string caption;
+  Entry state = Entry::enabled;
+};
+
+// Parents stand before their children; siblings in the order they are shown.
+std::span<const MenuEntry> menu_entries();
+
+}  // namespace halden

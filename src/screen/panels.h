@@ -1,0 +1,47 @@
+// The names of the value panels, in one place: three phases times seven quantities, line voltages, system
+// values, unbalance. Everything that repeats per phase loops over these lists.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace halden {
+
+inline constexpr int phase_count = 3;
+
+enum class PhaseQuantity { V, I, W, VA, VAR, PF, Phase };
+
+inline constexpr std::array phase_quantities = {PhaseQuantity::V,    PhaseQuantity::I,   PhaseQuantity::W,
+                                                PhaseQuantity::VA,   PhaseQuantity::VAR, PhaseQuantity::PF,
+                                                PhaseQuantity::Phase};
+
+// A value panel with the label above it.
+struct Panel {
+  std::string value;    // "VAR1_value"
+  std::string label;    // "Q1_label"
+  std::string caption;  // "VAR1"
+};
+
+// `phase` is 0, 1 or 2.
+const Panel& phase_panel(PhaseQuantity quantity, int phase);
+
+// V12, V23, V31; `index` is 0, 1 or 2.
+const Panel& line_panel(int index);
+
+// The system panels in the order they stand on the screen, and the six unbalance panels.
+std::span<const Panel> system_panels();
+std::span<const Panel> unbalance_panels();
+
+// The panels of the harmonics and waveform views. Values of the summary block stand under their own names
+// ("VI_of_1_value"); the first four are the cursor block.
+std::span<const Panel> harmonic_cursor_panels();
+std::span<const Panel> wave_summary_panels();
+
+// Elements of the label array Label1 that have a name of their own.
+inline constexpr std::string_view sample_time_label = "Label1_1";
+inline constexpr std::string_view sample_clock_label = "Label1_3";
+inline constexpr std::string_view date_label = "Label1_5";
+
+}  // namespace halden
