@@ -1,1 +1,0 @@
-namespace halden { void platform_virtual_placeholder(); void platform_virtual_placeholder() {} }

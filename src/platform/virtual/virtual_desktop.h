@@ -1,0 +1,93 @@
+// Dialogs that answer from a script, a printer that keeps its pages, a desktop that only remembers what it
+// was asked.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "platform/shell.h"
+
+namespace halden {
+
+class VirtualDialogs : public Dialogs {
+ public:
+  void message(const Message& message) override;
+  bool confirm(const Message& question) override;
+  void tell(const Message& message) override;
+  std::string input(const std::string& prompt, const std::string& title, const std::string& initial) override;
+  std::optional<std::string> open_file(const FileQuestion& question) override;
+  std::optional<std::string> save_file(const FileQuestion& question) override;
+
+  // The script: the answers to the next questions. A question without an answer is declined or cancelled.
+  std::deque<bool> confirm_answers;
+  std::deque<std::string> input_answers;
+  std::deque<std::string> file_answers;
+
+  // What was shown and asked, oldest first.
+  std::vector<Message> messages;
+  std::vector<Message> questions;
+  std::vector<Message> told;
+  std::vector<FileQuestion> file_questions;
+
+  // Runs while a message is on the screen, before it is answered.
+  std::function<void(const Message&)> while_open;
+
+  // The texts of all messages, for comparing in one line.
+  std::vector<std::string> message_texts() const;
+
+ private:
+  std::optional<std::string> next_file(const FileQuestion& question);
+};
+
+struct PrintedLine {
+  double left, top;
+  std::string text;
+  bool operator==(const PrintedLine&) const = default;
+};
+
+struct PrintedPage {
+  Orientation orientation = Orientation::portrait;
+  std::vector<PrintedLine> lines;
+  std::vector<std::string> windows;
+};
+
+class VirtualPrinter : public Printer {
+ public:
+  void set_orientation(Orientation orientation) override { orientation_ = orientation; }
+  void set_font(const PrintFont& font) override { font_ = font; }
+  PageSize page_size() override;
+  double text_width(const std::string& text) override;
+  void print_line(double left, double top, const std::string& text) override;
+  void new_page() override { pages_.push_back({orientation_, {}, {}}); }
+  void print_window(const std::string& window_name) override;
+  std::string finish() override;
+
+  std::vector<std::vector<PrintedPage>> documents;  // finished ones
+  std::string failure;                              // what finish() says; nothing is printed then
+
+ private:
+  PrintedPage& page();
+
+  Orientation orientation_ = Orientation::portrait;
+  PrintFont font_;
+  std::vector<PrintedPage> pages_;
+};
+
+class VirtualShell : public Shell {
+ public:
+  bool open_document(const std::string& path) override;
+  void beep() override { ++beeps; }
+  void end_program() override { ended = true; }
+
+  std::vector<std::string> opened;
+  std::vector<std::string> documents;  // those that exist
+  int beeps = 0;
+  bool ended = false;
+};
+
+}  // namespace halden

@@ -1,0 +1,46 @@
+#include "platform/virtual/virtual_files.h"
+
+namespace halden {
+
+FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) {
+  if (const auto failing = read_failures.find(path); failing != read_failures.end())
+    return {failing->second, {}};
+  const auto found = contents.find(path);
+  if (found == contents.end()) return {FileFailure::not_found, {}};
+  if (offset >= found->second.size()) return {};
+  return {FileFailure::none, found->second.substr(static_cast<std::size_t>(offset), max_bytes)};
+}
+
+FileFailure VirtualFiles::append(const std::string& path, std::string_view bytes) {
+  if (write_failure != FileFailure::none) return write_failure;
+  if (used() + bytes.size() > capacity) return FileFailure::disk_full;
+  contents[path] += bytes;
+  return FileFailure::none;
+}
+
+FileFailure VirtualFiles::replace(const std::string& path, std::string_view bytes) {
+  if (write_failure != FileFailure::none) return write_failure;
+  if (used() + bytes.size() > capacity) return FileFailure::disk_full;
+  contents[path] = bytes;
+  return FileFailure::none;
+}
+
+FileFailure VirtualFiles::remove(const std::string& path) {
+  if (write_failure != FileFailure::none) return write_failure;
+  contents.erase(path);
+  return FileFailure::none;
+}
+
+std::optional<std::uint64_t> VirtualFiles::length(const std::string& path) {
+  const auto found = contents.find(path);
+  if (found == contents.end()) return std::nullopt;
+  return found->second.size();
+}
+
+std::uint64_t VirtualFiles::used() const {
+  std::uint64_t sum = 0;
+  for (const auto& [path, bytes] : contents) sum += bytes.size();
+  return sum;
+}
+
+}  // namespace halden

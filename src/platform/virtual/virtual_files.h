@@ -1,0 +1,34 @@
+// Files in memory, on a disk that can fail.
+#pragma once
+
+#include <limits>
+#include <map>
+#include <string>
+
+#include "platform/files.h"
+
+namespace halden {
+
+class VirtualFiles : public Files {
+ public:
+  bool exists(const std::string& path) override {
+    return contents.count(path) > 0 || read_failures.count(path) > 0;
+  }
+  FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) override;
+  FileFailure append(const std::string& path, std::string_view bytes) override;
+  FileFailure replace(const std::string& path, std::string_view bytes) override;
+  FileFailure remove(const std::string& path) override;
+  std::optional<std::uint64_t> length(const std::string& path) override;
+
+  std::map<std::string, std::string> contents;
+
+  // Faults on demand.
+  std::map<std::string, FileFailure> read_failures;  // by path
+  FileFailure write_failure = FileFailure::none;     // of every append, replace and remove
+  std::uint64_t capacity = std::numeric_limits<std::uint64_t>::max();
+
+ private:
+  std::uint64_t used() const;
+};
+
+}  // namespace halden
