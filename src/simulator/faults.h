@@ -1,0 +1,46 @@
+// What can go wrong on the way from the meter, on demand. Everything is off until switched on, and stays on
+// until switched off, except the one frame of next_live_frame.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace halden {
+
+struct Faults {
+  bool silence = false;                  // receives, but answers nothing
+  bool garbage = false;                  // replies of the usual length, but meaningless
+  std::string garbage_prefix;            // sent before every reply
+  std::optional<std::size_t> cut_after;  // a reply stops after that many bytes
+  std::size_t split_after = 0;           // a reply pauses after that many bytes ...
+  double split_pause_s = 0.0;            // ... for that long
+  double late_s = 0.0;                   // added to the latency of every reply
+  bool doubled = false;                  // every reply is sent twice
+  std::size_t drop_every = 0;            // every n-th byte of a reply is lost
+  bool noise = false;                    // bytes 0x00 and 0x80..0xFF mixed in
+  bool endless_stream = false;           // 960 bytes a second without a frame in them; no request is answered
+  bool unplugged = false;                // nothing gets in or out
+  std::optional<std::string> status_reply;     // sent instead of the status reply
+  std::optional<std::string> next_live_frame;  // sent once, instead of the reply to the next " " or "W"
+};
+
+namespace meter_side {
+
+// The reply as it leaves a meter with these faults.
+std::string spoiled(std::string reply, const Faults& faults);
+
+// Byte number `position` of an endless meaningless text: small letters and digits, so that no frame mark is
+// in it.
+char meaningless_byte(std::uint64_t position);
+
+// Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "stream", "unplugged", or with
+// a number "cut=BYTES", "drop=EVERY", "late=SECONDS", "split=BYTES:SECONDS". False when the text is none of
+// these.
+bool switch_on(std::string_view fault, Faults& faults);
+
+}  // namespace meter_side
+
+}  // namespace halden

@@ -1,0 +1,83 @@
+#include "simulator/meter.h"
+
+#include <limits>
+#include <utility>
+
+#include "simulator/power_frame.h"
+#include "simulator/status_reply.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::size_t most_logged_bytes = 100'000;
+constexpr std::ptrdiff_t forgotten_at_once = 10'000;
+
+}  // namespace
+
+void Meter::receive(std::string_view bytes, double now_s) {
+  advance(now_s);
+  if (faults_.unplugged) return;
+  for (const char byte : bytes) {
+    remember(byte, now_s);
+    if (!commands_.take(byte, now_s, settings_)) answer(byte, now_s);
+  }
+}
+
+std::string Meter::take_output(double now_s) {
+  advance(now_s);
+  return faults_.endless_stream ? stream_.take(now_s) : replies_.take();
+}
+
+std::size_t Meter::output_waiting(double now_s) const {
+  if (faults_.unplugged) return 0;
+  return faults_.endless_stream ? stream_.waiting(now_s) : replies_.waiting(now_s);
+}
+
+double Meter::next_output_s(double now_s) const {
+  if (faults_.unplugged) return std::numeric_limits<double>::infinity();
+  return faults_.endless_stream ? stream_.next_s(now_s) : replies_.next_s(now_s);
+}
+
+// Catches up with what changed since the last call: faults are switched from outside at any time.
+void Meter::advance(double now_s) {
+  if (!std::exchange(switched_on_, true)) switched_on_s_ = now_s;
+  replies_.catch_up(now_s);
+  if (faults_.endless_stream)
+    stream_.start(now_s);
+  else
+    stream_.stop();
+  if (faults_.unplugged) {
+    replies_.take();
+    stream_.take(now_s);
+  }
+}
+
+void Meter::remember(char byte, double now_s) {
+  if (log_.size() >= most_logged_bytes) log_.erase(log_.begin(), log_.begin() + forgotten_at_once);
+  log_.push_back({now_s, byte});
+}
+
+void Meter::answer(char request, double now_s) {
+  if (faults_.silence || faults_.endless_stream || !replies_.has_room()) return;
+  const std::string reply = reply_to(request, now_s);
+  if (reply.empty()) return;
+  replies_.send({meter_side::spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
+                 faults_.split_after, faults_.split_pause_s});
+}
+
+std::string Meter::reply_to(char request, double now_s) {
+  if (request == '?')
+    return faults_.status_reply.value_or(meter_side::status_reply(settings_, uptime_s(now_s)));
+  if (request != ' ' && request != 'W') return {};
+  if (faults_.next_live_frame) return *std::exchange(faults_.next_live_frame, std::nullopt);
+  return live_reply(request, now_s);
+}
+
+std::string Meter::live_reply(char request, double now_s) {
+  if (settings_.mode == MeterMode::power)
+    return request == ' ' ? meter_side::power_frame(load_, settings_, uptime_s(now_s)) : std::string();
+  return {};
+}
+
+}  // namespace halden

@@ -1,0 +1,76 @@
+// A Halden that answers like the meter: bytes in, bytes out, at the pace of its 9600 baud line. Written from
+// what the meter sends; it shares no decoder with the rest of the program.
+//
+//   request           answer
+//   " "               power mode: power frame; harmonics mode: harmonics frame
+//   "W"               harmonics mode: waveform frame; power mode: none
+//   "?"               status reply
+//   C V F M S         setting commands, no answer (setting_commands.h)
+//   any other byte    ignored
+//
+// A reply starts a latency after its request and follows the reply still being sent. While one reply is on
+// its way at most one further request is kept; the meter is small.
+//
+// Times are monotonic seconds given by the caller, from any starting point; they never go back.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/faults.h"
+#include "simulator/load.h"
+#include "simulator/meter_settings.h"
+#include "simulator/sending.h"
+#include "simulator/setting_commands.h"
+
+namespace halden {
+
+struct ReceivedByte {
+  double time_s = 0.0;
+  char byte = '\0';
+};
+
+class Meter {
+ public:
+  explicit Meter(MeterSettings settings = {}) : settings_(settings) {}
+
+  // The first call of receive or take_output is the moment of settings().clock_start, and 0 of the load's
+  // time.
+  void receive(std::string_view bytes, double now_s);
+
+  // Everything that has arrived at the other end and was not taken yet; the newest 64 KiB of it.
+  std::string take_output(double now_s);
+  std::size_t output_waiting(double now_s) const;
+
+  // When the next byte arrives, later than now_s; infinity when none is on its way.
+  double next_output_s(double now_s) const;
+
+  MeterSettings& settings() { return settings_; }
+  Load& load() { return load_; }
+  Faults& faults() { return faults_; }
+
+  // The bytes received so far with their times; of a long run the newest 90,000 to 100,000.
+  const std::vector<ReceivedByte>& log() const { return log_; }
+
+ private:
+  void advance(double now_s);
+  double uptime_s(double now_s) const { return now_s - switched_on_s_; }
+  void remember(char byte, double now_s);
+  void answer(char request, double now_s);
+  std::string reply_to(char request, double now_s);
+  std::string live_reply(char request, double now_s);
+
+  MeterSettings settings_;
+  Load load_;
+  Faults faults_;
+  meter_side::SettingCommands commands_;
+  meter_side::SendQueue replies_;
+  meter_side::EndlessStream stream_;
+  std::vector<ReceivedByte> log_;
+  bool switched_on_ = false;
+  double switched_on_s_ = 0.0;
+};
+
+}  // namespace halden
