@@ -37,8 +37,6 @@ Reading drifting(int phase, Wiring wiring, double t) {
   return reading;
 }
 
-double range_factor(int current_range) { return std::pow(10.0, current_range); }
-
 int rounded(double value) { return static_cast<int>(std::lround(value)); }
 
 // Into (-1800, 1800].
@@ -49,13 +47,15 @@ int wrapped_tenths(double tenths) {
 
 }  // namespace
 
+double raw_current_unit_a(int current_range) { return std::pow(10.0, current_range - 4); }
+
 RawPhase to_raw(const Reading& reading, int current_range) {
-  const double factor = range_factor(current_range);
+  const double unit_a = raw_current_unit_a(current_range);
   const double active_w = reading.voltage_v * reading.current_a * std::cos(reading.current_lag_deg * degree);
   RawPhase raw;
   raw.v = rounded(reading.voltage_v * 10.0);
-  raw.i = rounded(reading.current_a * 10000.0 / factor);
-  raw.w = rounded(active_w * 10.0 / factor);
+  raw.i = rounded(reading.current_a / unit_a);
+  raw.w = rounded(active_w / (1000.0 * unit_a));
   raw.p = wrapped_tenths(-reading.voltage_angle_deg * 10.0);
   raw.q = wrapped_tenths((reading.current_lag_deg - reading.voltage_angle_deg) * 10.0);
   if (raw.i > raw_current_limit) raw.i = raw.w = -1;
@@ -64,7 +64,7 @@ RawPhase to_raw(const Reading& reading, int current_range) {
 
 Reading from_raw(const RawPhase& raw, int current_range) {
   const double lag_tenths = std::remainder(static_cast<double>(raw.q) - raw.p, 3600.0);
-  return {raw.v / 10.0, -raw.p / 10.0, raw.i * range_factor(current_range) / 10000.0, lag_tenths / 10.0};
+  return {raw.v / 10.0, -raw.p / 10.0, raw.i * raw_current_unit_a(current_range), lag_tenths / 10.0};
 }
 
 Reading Load::reading(int phase, const MeterSettings& settings, double uptime_s) const {

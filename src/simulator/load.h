@@ -33,6 +33,10 @@ struct RawPhase {
 // The largest raw current the meter shows: 3 A in range 0, 30 A in range 1, and so on.
 inline constexpr int raw_current_limit = 30000;
 
+// 0.1 mA in range 0, 1 mA in range 1, 10 mA in range 2, 100 mA in range 3. The unit of power is 1000 times
+// that in W.
+double raw_current_unit_a(int current_range);
+
 RawPhase to_raw(const Reading& reading, int current_range);
 Reading from_raw(const RawPhase& raw, int current_range);
 

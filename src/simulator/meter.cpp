@@ -3,6 +3,7 @@
 #include <limits>
 #include <utility>
 
+#include "simulator/harmonics_frames.h"
 #include "simulator/power_frame.h"
 #include "simulator/status_reply.h"
 
@@ -74,9 +75,18 @@ std::string Meter::reply_to(char request, double now_s) {
   return live_reply(request, now_s);
 }
 
-std::string Meter::live_reply(char request, double now_s) {
-  if (settings_.mode == MeterMode::power)
-    return request == ' ' ? meter_side::power_frame(load_, settings_, uptime_s(now_s)) : std::string();
+std::string Meter::live_reply(char request, double now_s) const {
+  struct Answer {
+    MeterMode mode;
+    char request;
+    std::string (*frame)(const Load&, const MeterSettings&, double uptime_s);
+  };
+  constexpr std::array<Answer, 3> answers = {{{MeterMode::power, ' ', meter_side::power_frame},
+                                              {MeterMode::harmonics, ' ', meter_side::harmonics_frame},
+                                              {MeterMode::harmonics, 'W', meter_side::waveform_frame}}};
+  for (const Answer& answer : answers)
+    if (answer.mode == settings_.mode && answer.request == request)
+      return answer.frame(load_, settings_, uptime_s(now_s));
   return {};
 }
 

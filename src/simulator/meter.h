@@ -60,7 +60,7 @@ class Meter {
   void remember(char byte, double now_s);
   void answer(char request, double now_s);
   std::string reply_to(char request, double now_s);
-  std::string live_reply(char request, double now_s);
+  std::string live_reply(char request, double now_s) const;
 
   MeterSettings settings_;
   Load load_;

@@ -1,0 +1,24 @@
+#include "simulator/demo_port.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int demo_port_number = 1;
+
+}  // namespace
+
+PortRefusal DemoPort::open(int number) {
+  close();
+  active_ = &behind(number);
+  return active_->open(number);
+}
+
+void DemoPort::close() { active_->close(); }
+
+SerialPort& DemoPort::behind(int number) const {
+  if (number == demo_port_number) return simulated_;
+  return real_;
+}
+
+}  // namespace halden

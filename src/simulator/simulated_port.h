@@ -1,0 +1,48 @@
+// The simulated meter as a SerialPort: for the demo, for tests, and wherever no cable is.
+#pragma once
+
+#include <array>
+
+#include "platform/clock.h"
+#include "platform/serial_port.h"
+#include "simulator/meter.h"
+
+namespace halden {
+
+// The meter stands behind every port number. What arrives while the port is closed or vanished is lost.
+class SimulatedPort : public SerialPort {
+ public:
+  // Both outlive the port.
+  SimulatedPort(Clock& clock, Meter& meter);
+
+  PortRefusal open(int number) override;
+  void close() override;
+  PortState state() const override;
+  void send(std::string_view bytes) override;
+  std::string receive() override;
+  std::size_t received_count() override;
+
+  // "simulated meter" for 1..16, empty otherwise.
+  std::string device_name(int number) const override;
+  bool present(int number) const override;
+
+  // From now on that port (1..16, anything else throws std::out_of_range) is refused; PortRefusal::none takes
+  // it back.
+  void refuse(int number, PortRefusal why);
+
+  // The adapter pulled and put back: an open port vanishes, and is open again by itself.
+  void unplug();
+  void plug_in();
+
+ private:
+  void pull();
+
+  Clock& clock_;
+  Meter& meter_;
+  std::array<PortRefusal, last_port_number + 1> refusals_{};
+  bool open_ = false;
+  bool plugged_ = true;
+  std::string received_;  // bounded: a full buffer loses what comes next
+};
+
+}  // namespace halden
