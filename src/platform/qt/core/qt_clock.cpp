@@ -1,0 +1,82 @@
+#include "platform/qt/core/qt_clock.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QLocale>
+#include <QThread>
+#include <QTime>
+#include <algorithm>
+
+#include "platform/program_end.h"
+#include "platform/qt/core/qt_world.h"
+#include "platform/qt/core/steady_time.h"
+
+namespace halden {
+
+namespace {
+
+// Between two looks at the events: short against the 0.1 s of the shortest waits, long against the cost of a
+// look.
+constexpr double turn_s = 0.005;
+
+// A turn goes on while events bring new events (a posted event that follows a timer, say), but not for ever.
+constexpr int max_event_time_ms = 5;
+
+void sleep_s(double seconds) {
+  if (seconds > 0) QThread::usleep(static_cast<unsigned long>(seconds * 1e6));
+}
+
+}  // namespace
+
+double QtClock::seconds_since_midnight() const {
+  return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+}
+
+double QtClock::monotonic_s() const { return steady_s(); }
+
+Date QtClock::today() const {
+  const QDate date = QDate::currentDate();
+  return {date.year(), date.month(), date.day()};
+}
+
+std::string QtClock::short_date() const {
+  const QLocale locale = QLocale::system();
+  const QString format = with_four_digit_year(locale.dateFormat(QLocale::ShortFormat));
+  return locale.toString(QDate::currentDate(), format).toStdString();
+}
+
+void QtClock::pause(Yield yield, double at_most_s) {
+  const double began_s = steady_s();
+  throw_when_ending();
+  world_.refresh();
+  if (yield == Yield::yes) {
+    world_.end_wait();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, max_event_time_ms);
+  } else {
+    const QtWorld::Hold hold(world_);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, max_event_time_ms);
+  }
+  throw_when_ending();
+  sleep_s(std::min(turn_s, began_s + at_most_s - steady_s()));
+}
+
+void QtClock::throw_when_ending() const {
+  if (world_.ending()) throw ProgramEnded{};
+}
+
+QString with_four_digit_year(const QString& format) {
+  QString result;
+  bool quoted = false;
+  for (qsizetype i = 0; i < format.size();) {
+    const QChar c = format[i];
+    qsizetype run = 1;
+    while (i + run < format.size() && format[i + run] == c) ++run;
+    if (c == QLatin1Char('\'') && run % 2 == 1) quoted = !quoted;
+    const bool two_digit_year = c == QLatin1Char('y') && run == 2 && !quoted;
+    result += QString(two_digit_year ? 4 : run, c);
+    i += run;
+  }
+  return result;
+}
+
+}  // namespace halden

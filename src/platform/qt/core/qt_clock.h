@@ -1,0 +1,32 @@
+// The computer's clock, and waits that keep the windows alive. Needs a QCoreApplication, no windows.
+#pragma once
+
+#include <QString>
+
+#include "platform/clock.h"
+
+namespace halden {
+
+class QtWorld;
+
+class QtClock : public Clock {
+ public:
+  explicit QtClock(QtWorld& world) : world_(world) {}
+
+  double seconds_since_midnight() const override;
+  double monotonic_s() const override;
+  Date today() const override;
+  std::string short_date() const override;
+  void pause(Yield yield, double at_most_s) override;
+
+ private:
+  void throw_when_ending() const;
+
+  QtWorld& world_;
+};
+
+// A date format of the desktop ("M/d/yy") with the year in four digits ("M/d/yyyy"). Quoted text stays as it
+// is.
+QString with_four_digit_year(const QString& format);
+
+}  // namespace halden

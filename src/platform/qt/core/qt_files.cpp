@@ -1,0 +1,95 @@
+#include "platform/qt/core/qt_files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QString>
+#include <algorithm>
+
+namespace halden {
+
+namespace {
+
+// Qt keeps no cause of a failed open; these questions find it out afterwards.
+FileFailure cause_of_failed_read(const QFileInfo& info) {
+  if (!info.exists()) return FileFailure::not_found;
+  return info.isFile() && !info.isReadable() ? FileFailure::forbidden : FileFailure::failed;
+}
+
+FileFailure cause_of_failed_open(const QFileInfo& info) {
+  const QFileInfo folder(info.absolutePath());
+  if (!folder.isDir()) return FileFailure::not_found;
+  if (info.isDir()) return FileFailure::failed;
+  const bool allowed = info.exists() ? info.isWritable() : folder.isWritable();
+  return allowed ? FileFailure::failed : FileFailure::forbidden;
+}
+
+FileFailure cause_of_failed_write(const QFileDevice& file) {
+  return file.error() == QFileDevice::ResourceError ? FileFailure::disk_full : FileFailure::failed;
+}
+
+bool write_all(QFileDevice& file, std::string_view bytes) {
+  const auto size = static_cast<qint64>(bytes.size());
+  // A full disk may show only in the flush.
+  return file.write(bytes.data(), size) == size && file.flush();
+}
+
+}  // namespace
+
+bool QtFiles::exists(const std::string& path) { return QFileInfo::exists(QString::fromStdString(path)); }
+
+FilePiece QtFiles::read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) {
+  QFile file(QString::fromStdString(path));
+  const QFileInfo info(file);
+  if (!info.isFile() || !file.open(QIODevice::ReadOnly)) return {cause_of_failed_read(info), {}};
+  const auto size = static_cast<std::uint64_t>(file.size());
+  if (offset >= size) return {};
+  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(max_bytes, size - offset));
+  std::string bytes(wanted, '\0');
+  if (!file.seek(static_cast<qint64>(offset))) return {FileFailure::failed, {}};
+  const qint64 got = file.read(bytes.data(), static_cast<qint64>(wanted));
+  if (got < 0) return {FileFailure::failed, {}};
+  bytes.resize(static_cast<std::size_t>(got));
+  return {FileFailure::none, std::move(bytes)};
+}
+
+// Unbuffered: bytes that a failed write left in a buffer would be tried again by close, after the file was
+// cut back.
+FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
+  QFile file(QString::fromStdString(path));
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+    return cause_of_failed_open(QFileInfo(file));
+  const qint64 old_size = file.size();
+  if (write_all(file, bytes)) return FileFailure::none;
+  const FileFailure failure = cause_of_failed_write(file);
+  if (file.size() != old_size) file.resize(old_size);
+  return failure;
+}
+
+// The commit brings the bytes to the disk before it renames. It does not notice a full disk by itself.
+FileFailure QtFiles::replace(const std::string& path, std::string_view bytes) {
+  QSaveFile file(QString::fromStdString(path));
+  if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(QFileInfo(file));
+  if (!write_all(file, bytes)) {
+    const FileFailure failure = cause_of_failed_write(file);
+    file.cancelWriting();
+    return failure;
+  }
+  return file.commit() ? FileFailure::none : FileFailure::failed;
+}
+
+FileFailure QtFiles::remove(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  if (file.remove() || !QFileInfo::exists(file.fileName())) return FileFailure::none;
+  const QFileInfo folder(QFileInfo(file).absolutePath());
+  return folder.isWritable() ? FileFailure::failed : FileFailure::forbidden;
+}
+
+std::optional<std::uint64_t> QtFiles::length(const std::string& path) {
+  const QFileInfo info(QString::fromStdString(path));
+  if (!info.isFile()) return std::nullopt;
+  return static_cast<std::uint64_t>(info.size());
+}
+
+}  // namespace halden

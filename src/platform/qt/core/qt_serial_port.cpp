@@ -1,0 +1,149 @@
+#include "platform/qt/core/qt_serial_port.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/qt/core/serial_probe.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int watch_period_ms = 100;
+constexpr int search_period_ms = 500;
+
+// More than a minute of the line's 960 bytes a second; only a device that is no meter sends more at once.
+constexpr std::size_t max_received_bytes = 65536;
+
+struct ErrorCause {
+  QSerialPort::SerialPortError error;
+  PortRefusal cause;
+};
+
+// A device whose name is there while its hardware is not answers with a resource error. Whether the user may
+// open a device was found out before: what is left for a permission error is another program.
+constexpr std::array<ErrorCause, 4> open_causes = {
+    {{QSerialPort::DeviceNotFoundError, PortRefusal::missing},
+     {QSerialPort::ResourceError, PortRefusal::missing},
+     {QSerialPort::PermissionError, PortRefusal::in_use},
+     {QSerialPort::UnsupportedOperationError, PortRefusal::not_serial}}};
+
+PortRefusal cause_of(QSerialPort::SerialPortError error) {
+  for (const auto& entry : open_causes)
+    if (entry.error == error) return entry.cause;
+  return PortRefusal::failed;
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(PortTable table) : table_(std::move(table)) {
+  watch_timer_.setInterval(watch_period_ms);
+  search_timer_.setInterval(search_period_ms);
+  QObject::connect(&port_, &QSerialPort::errorOccurred, &port_, [this] { error_occurred(); });
+  QObject::connect(&watch_timer_, &QTimer::timeout, &watch_timer_, [this] { watch(); });
+  QObject::connect(&search_timer_, &QTimer::timeout, &search_timer_, [this] { search(); });
+}
+
+PortRefusal QtSerialPort::open(int number) {
+  close();
+  if (table_.device(number).empty()) return PortRefusal::invalid_number;
+  number_ = number;
+  return try_open();
+}
+
+void QtSerialPort::close() {
+  watch_timer_.stop();
+  search_timer_.stop();
+  port_.close();
+  received_.clear();
+  state_ = PortState::closed;
+}
+
+PortRefusal QtSerialPort::try_open() {
+  const std::string device = table_.device(number_);
+  if (const PortRefusal cause = probe_device(device); cause != PortRefusal::none) return cause;
+  port_.setPortName(QString::fromStdString(resolved_device(device)));
+  busy_ = true;
+  const bool opened = port_.open(QIODevice::ReadWrite);
+  if (opened) prepare_line();
+  busy_ = false;
+  if (!opened) return cause_of(port_.error());
+  state_ = PortState::open;
+  watch_timer_.start();
+  return PortRefusal::none;
+}
+
+// Some adapters power their optical head from DTR and RTS; devices without these lines refuse them, which is
+// no fault.
+void QtSerialPort::prepare_line() {
+  port_.setDataTerminalReady(true);
+  port_.setRequestToSend(true);
+  port_.clear();
+  port_.clearError();
+}
+
+bool QtSerialPort::present(int number) const {
+  const std::string device = table_.device(number);
+  return !device.empty() && probe_device(device) != PortRefusal::missing;
+}
+
+// A full output buffer reports a false resource error; the device itself tells whether it is gone. What could
+// not be sent yet follows from the event loop.
+void QtSerialPort::send(std::string_view bytes) {
+  if (state_ != PortState::open) return;
+  busy_ = true;
+  port_.write(bytes.data(), static_cast<qint64>(bytes.size()));
+  port_.flush();
+  busy_ = false;
+  port_.clearError();
+  if (hung_up(port_)) vanish();
+}
+
+std::string QtSerialPort::receive() {
+  collect();
+  return std::exchange(received_, {});
+}
+
+std::size_t QtSerialPort::received_count() {
+  collect();
+  return received_.size();
+}
+
+// One waitForReadyRead takes at most 4095 bytes, and none when bytes are buffered already: ask until it says
+// no, then always read. Errors are sticky, and every look at an idle line leaves a timeout.
+void QtSerialPort::collect() {
+  if (state_ != PortState::open) return;
+  busy_ = true;
+  port_.clearError();
+  const auto room = static_cast<qint64>(max_received_bytes - received_.size());
+  while (port_.bytesAvailable() < room && port_.waitForReadyRead(0)) {
+  }
+  received_ += port_.read(room).toStdString();
+  busy_ = false;
+  if (line_is_faulty()) vanish();
+}
+
+bool QtSerialPort::line_is_faulty() const {
+  return port_.error() != QSerialPort::NoError && port_.error() != QSerialPort::TimeoutError;
+}
+
+void QtSerialPort::error_occurred() {
+  if (state_ == PortState::open && !busy_ && line_is_faulty()) vanish();
+}
+
+void QtSerialPort::watch() {
+  if (hung_up(port_)) vanish();
+}
+
+void QtSerialPort::vanish() {
+  watch_timer_.stop();
+  port_.close();
+  state_ = PortState::vanished;
+  search_timer_.start();
+}
+
+void QtSerialPort::search() {
+  if (try_open() == PortRefusal::none) search_timer_.stop();
+}
+
+}  // namespace halden
