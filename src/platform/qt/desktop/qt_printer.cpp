@@ -1,0 +1,118 @@
+#include "platform/qt/desktop/qt_printer.h"
+
+#include <QFontMetricsF>
+#include <QPageLayout>
+#include <utility>
+
+namespace halden {
+
+namespace {
+
+constexpr double units_per_inch = 1440.0;
+constexpr double units_per_point = 20.0;
+
+constexpr const char* no_printer = "No printer is set up on this computer.";
+constexpr const char* not_printed = "The document could not be printed.";
+
+double to_units(double dots, int dots_per_inch) { return dots * units_per_inch / dots_per_inch; }
+double to_dots(double units, int dots_per_inch) { return units * dots_per_inch / units_per_inch; }
+
+QPageLayout::Orientation page_orientation(Orientation orientation) {
+  return orientation == Orientation::landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter() { set_font({}); }
+
+QtPrinter::~QtPrinter() { close_document(); }
+
+void QtPrinter::add_window(std::string name, std::function<QImage()> paper_image) {
+  windows_[std::move(name)] = std::move(paper_image);
+}
+
+void QtPrinter::set_orientation(Orientation orientation) {
+  orientation_ = orientation;
+  if (printer_) printer_->setPageOrientation(page_orientation(orientation));
+}
+
+void QtPrinter::set_font(const PrintFont& font) {
+  font_ = font.family.empty() ? QFont() : QFont(QString::fromStdString(font.family));
+  font_.setPointSizeF(font.points);
+  font_.setBold(font.bold);
+}
+
+PageSize QtPrinter::page_size() {
+  const QRectF page = document().pageLayout().paintRect(QPageLayout::Point);
+  return {page.width() * units_per_point, page.height() * units_per_point};
+}
+
+double QtPrinter::text_width(const std::string& text) {
+  const QFontMetricsF metrics(font_, &document());
+  return to_units(metrics.horizontalAdvance(QString::fromStdString(text)), document().logicalDpiX());
+}
+
+void QtPrinter::print_line(double left, double top, const std::string& text) {
+  if (!begin()) return;
+  painter_->setFont(font_);
+  painter_->setPen(Qt::black);
+  const double baseline = to_dots(top, printer_->logicalDpiY()) + painter_->fontMetrics().ascent();
+  painter_->drawText(QPointF(to_dots(left, printer_->logicalDpiX()), baseline), QString::fromStdString(text));
+}
+
+void QtPrinter::new_page() {
+  if (begin() && !printer_->newPage()) failure_ = not_printed;
+}
+
+void QtPrinter::print_window(const std::string& window_name) {
+  const auto window = windows_.find(window_name);
+  const QImage image = window == windows_.end() ? QImage() : window->second();
+  if (image.isNull())
+    failure_ = not_printed;
+  else if (begin())
+    draw(image);
+}
+
+void QtPrinter::draw(const QImage& image) {
+  const QSizeF page = printer_->pageLayout().paintRectPixels(printer_->resolution()).size();
+  const QSizeF size = QSizeF(image.size()).scaled(page, Qt::KeepAspectRatio);
+  painter_->setRenderHint(QPainter::SmoothPixmapTransform);
+  painter_->drawImage(QRectF(QPointF(0, 0), size), image);
+}
+
+std::string QtPrinter::finish() {
+  if (painter_ && (!painter_->end() || printer_->printerState() == QPrinter::Error)) failure_ = not_printed;
+  close_document();
+  return std::exchange(failure_, {});
+}
+
+// A document that was begun ends here, in the destructor too, so that the printer object goes last.
+void QtPrinter::close_document() {
+  painter_.reset();
+  printer_.reset();
+}
+
+// Distances are measured from the corner of what the printer can reach: no margins beyond its own.
+QPrinter& QtPrinter::document() {
+  if (printer_) return *printer_;
+  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  if (!pdf_path_.isEmpty()) printer_->setOutputFileName(pdf_path_);
+  const QPageLayout layout = printer_->pageLayout();
+  printer_->setPageMargins(layout.minimumMargins(), layout.units());
+  printer_->setPageOrientation(page_orientation(orientation_));
+  return *printer_;
+}
+
+bool QtPrinter::begin() {
+  if (painter_) return painter_->isActive();
+  // On a computer without any printer Qt would write a PDF file, here without a name.
+  if (pdf_path_.isEmpty() && document().outputFormat() == QPrinter::PdfFormat) {
+    failure_ = no_printer;
+    return false;
+  }
+  painter_ = std::make_unique<QPainter>();
+  if (!painter_->begin(&document())) failure_ = not_printed;
+  return painter_->isActive();
+}
+
+}  // namespace halden

@@ -1,0 +1,54 @@
+// The default printer, or a PDF file in its place.
+#pragma once
+
+#include <QFont>
+#include <QImage>
+#include <QPainter>
+#include <QPrinter>
+#include <QString>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "platform/printer.h"
+
+namespace halden {
+
+class QtPrinter : public Printer {
+ public:
+  QtPrinter();
+  ~QtPrinter() override;
+
+  // Prints into this file from the next document on; an empty path means the default printer again.
+  void set_output_pdf(const QString& path) { pdf_path_ = path; }
+
+  // Makes a window printable: `paper_image` draws it for light paper.
+  void add_window(std::string name, std::function<QImage()> paper_image);
+
+  void set_orientation(Orientation orientation) override;
+  void set_font(const PrintFont& font) override;
+  PageSize page_size() override;
+  double text_width(const std::string& text) override;
+  void print_line(double left, double top, const std::string& text) override;
+  void new_page() override;
+  void print_window(const std::string& window_name) override;
+  std::string finish() override;
+
+ private:
+  QPrinter& document();
+  bool begin();
+  void close_document();
+  void draw(const QImage& image);
+
+  QString pdf_path_;
+  std::map<std::string, std::function<QImage()>> windows_;
+  Orientation orientation_ = Orientation::portrait;
+  QFont font_;
+
+  // The painter goes before the printer it paints on.
+  std::unique_ptr<QPrinter> printer_;
+  std::unique_ptr<QPainter> painter_;
+  std::string failure_;
+};
+
+}  // namespace halden
