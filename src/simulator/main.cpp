@@ -1,1 +1,82 @@
-int main() { return 0; }
+// halden-meter: a simulated Halden behind a pseudo-terminal.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "simulator/names.h"
+#include "simulator/pty_meter.h"
+
+namespace {
+
+struct Options {
+  std::string link;
+  std::string wiring = "3P4W";
+  std::string mode = "power";
+  std::vector<std::string> faults;
+};
+
+halden::MeterClock local_time() {
+  const std::time_t now = std::time(nullptr);
+  std::tm time{};
+  localtime_r(&now, &time);
+  return {time.tm_year + 1900, time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec};
+}
+
+void describe(CLI::App& app, Options& options) {
+  app.set_version_flag("--version", "halden-meter " HALDEN_VERSION);
+  app.add_option("--link", options.link, "Symbolic link to make to the device, removed at the end");
+  app.add_option("--wiring", options.wiring, "1P2W, 1P3W, 3P3W or 3P4W")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"1P2W", "1P3W", "3P3W", "3P4W"}));
+  app.add_option("--mode", options.mode, "power or harmonics")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"power", "harmonics"}));
+  app.add_option(
+         "--fault", options.faults,
+         "silence, garbage, doubled, noise, stream, unplugged, cut=BYTES, drop=EVERY, late=SECONDS or "
+         "split=BYTES:SECONDS (repeatable)")
+      ->check([](const std::string& fault) {
+        halden::Faults ignored;
+        return halden::meter_side::switch_on(fault, ignored) ? std::string() : "unknown fault: " + fault;
+      });
+  app.footer(
+      "The first line on standard output is the device. Then one-line commands are read from standard "
+      "input:\n"
+      "mode power|harmonics, wiring SYSTEM, channel 0..5, silence on|off, garbage on|off, fault NAME|none,\n"
+      "raw PHASE V I W P Q, raw off, unplug SECONDS, log, quit.");
+}
+
+int serve(const Options& options) {
+  halden::MeterSettings settings;
+  settings.mode = halden::meter_side::mode_of(options.mode).value_or(settings.mode);
+  settings.wiring = halden::meter_side::wiring_of(options.wiring).value_or(settings.wiring);
+  settings.clock_start = local_time();
+  halden::Meter meter(settings);
+  for (const std::string& fault : options.faults) halden::meter_side::switch_on(fault, meter.faults());
+  halden::PtyMeter device(meter, options.link);
+  std::string refusal = device.open();
+  if (refusal.empty()) {
+    std::puts(device.device().c_str());
+    std::fflush(stdout);
+    refusal = device.run();
+  }
+  if (refusal.empty()) return 0;
+  std::fprintf(stderr, "halden-meter: %s\n", refusal.c_str());
+  return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options options;
+  CLI::App app("A simulated Halden behind a pseudo-terminal.", "halden-meter");
+  describe(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& end) {
+    return app.exit(end) == 0 ? 0 : 2;
+  }
+  return serve(options);
+}

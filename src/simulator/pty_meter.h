@@ -1,0 +1,45 @@
+// The simulated meter behind a pseudo-terminal, so that the real serial code has something to talk to.
+#pragma once
+
+#include <string>
+
+#include "simulator/meter.h"
+#include "simulator/pty.h"
+
+namespace halden {
+
+class PtyMeter {
+ public:
+  // The meter outlives this. A link path that is not empty becomes a symbolic link to the device.
+  PtyMeter(Meter& meter, std::string link_path);
+  ~PtyMeter();
+  PtyMeter(const PtyMeter&) = delete;
+  PtyMeter& operator=(const PtyMeter&) = delete;
+
+  // Opens the device and makes the link, in place of a stale one. Empty when it went well, otherwise one
+  // sentence.
+  std::string open();
+
+  const std::string& device() const { return pty_.device(); }
+
+  // Serves until "quit" on the standard input, SIGTERM or SIGINT; the end of the standard input does not end
+  // it. The answers to commands (console.h) go to the standard output, and "plugged DEVICE" when a pulled
+  // cable is back. Empty when it ended as asked, otherwise one sentence.
+  std::string run();
+
+ private:
+  std::string make_link() const;
+  void remove_link() const;
+  std::string plug_back(double now_s);
+  double wait_s(double now_s) const;
+  bool take_console(double now_s);
+
+  Meter& meter_;
+  std::string link_path_;
+  meter_side::Pty pty_;
+  bool console_open_ = true;
+  std::string console_text_;  // a line that is not complete yet
+  double plug_back_s_ = 0.0;  // while the device is closed
+};
+
+}  // namespace halden
