@@ -1,9 +1,12 @@
 // The whole program without its windows: builds every object in order and hands each its neighbours.
 //
-// Windows, tests and haldenctl drive it the same way: start_up once, then clicks by the control's name; what is to be
-// seen stands in screen(). Timer ticks come from the platform.
+// Windows, tests and haldenctl drive it the same way: start_up once, then clicks by the control's name; what
+// is to be seen stands in screen(). Timer ticks come from the platform.
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,8 +34,8 @@ class Companion {
   // Runs the start-up procedure; it ends with the main window shown. Call through dispatch().
   void start_up();
 
-  // A click on a menu entry or button of the main window by its name ("port_number_3", "get_hz"). Nothing happens
-  // when the control is disabled or hidden, or has no action.
+  // A click on a menu entry or button of the main window by its name ("port_number_3", "get_hz"). Nothing
+  // happens when the control is disabled or hidden, or has no action.
   void click(std::string_view control);
 
   // The main window was shown, or a change of its size has settled.
@@ -51,7 +54,15 @@ class Companion {
   Program& program();
 
  private:
+  void connect_actions();
+  void add_exchange(const std::string& control, std::function<void()> exchange);
+  void choose_language(std::int16_t language);
+  void show_language();
+  void print_main_window();
+
   std::unique_ptr<Program> program_;
+  StartOptions options_;
+  std::map<std::string, std::function<void()>, std::less<>> actions_;
 };
 
 }  // namespace halden

@@ -1,0 +1,117 @@
+#include "app/companion.h"
+
+#include <utility>
+
+#include "app/about.h"
+#include "app/program.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "platform/shell.h"
+#include "screen/captions.h"
+
+namespace halden {
+
+Companion::Companion(Platform platform, StartOptions options)
+    : program_(std::make_unique<Program>(platform, options.work_folder)), options_(std::move(options)) {
+  connect_actions();
+}
+
+Companion::~Companion() = default;
+
+Screen& Companion::screen() { return program_->screen; }
+
+Program& Companion::program() { return *program_; }
+
+void Companion::refresh_status_line() { program_->status_line.refresh(); }
+
+// Errors of a step never stop the next one: what can fail tells so by its result.
+void Companion::start_up() {
+  Program& on = *program_;
+  on.screen.chkspeed["Text1"].text.clear();
+  on.sample_clock.show_date();
+  on.polling.stop_polling();
+  on.label_column_left = read_label_columns(on.screen.meter_rec);
+  arrange_for_system(on.status.wiring_system, on.screen.meter_rec, on.label_column_left);
+  on.link.language = on.configuration.read_language().value_or(english);
+  if (on.link.language == chinese) apply_captions(chinese, on.screen);
+  show_language();
+  on.port_choice.describe_ports();
+  on.status_line.refresh();
+  on.port_choice.open_stored(options_.first_port);
+  if (on.status.ct_ratio == 0) on.status.ct_ratio = 1;
+  if (on.status.pt_ratio == 0) on.status.pt_ratio = 1;
+  on.status_line.refresh();
+  on.screen.meter_rec.show();
+}
+
+void Companion::click(std::string_view control) {
+  const Window& window = program_->screen.meter_rec;
+  const auto action = actions_.find(control);
+  if (action == actions_.end() || !window.has(control)) return;
+  if (!window[control].enabled || !window[control].visible) return;
+  action->second();
+  refresh_status_line();
+}
+
+void Companion::main_window_resized() {
+  program_->gate.run("resize", [this] { program_->views.select_by_meter_mode(); });
+  refresh_status_line();
+}
+
+void Companion::main_window_closed() { program_->platform.shell.end_program(); }
+
+void Companion::connect_actions() {
+  Program& on = *program_;
+  actions_["quit"] = [&on] { on.platform.shell.end_program(); };
+  actions_["Command3D1"] = [this] { print_main_window(); };
+  actions_["HelpAbout"] = [&on] { on.platform.dialogs.message({about_text(), "About", Icon::none}); };
+  actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
+  actions_["comm_port"] = [&on] { on.port_choice.describe_ports(); };
+  add_exchange("get_hz", [&on] { on.settings.get_hz(); });
+  for (int port = first_port_number; port <= last_port_number; ++port)
+    add_exchange(element("port_number", port), [&on, port] { on.port_choice.choose(port); });
+  for (const std::int16_t language : {english, chinese})
+    add_exchange(element("sel_language", language), [this, language] { choose_language(language); });
+  for (int manual = 0; manual_path(options_.program_folder, manual) != ""; ++manual)
+    actions_[element("HelpManual", manual)] = [this, manual] {
+      program_->platform.shell.open_document(manual_path(options_.program_folder, manual));
+    };
+}
+
+// An action that talks to the meter: never while another one does.
+void Companion::add_exchange(const std::string& control, std::function<void()> exchange) {
+  actions_[control] = [this, control, exchange = std::move(exchange)] {
+    program_->gate.run(control, [this, exchange] {
+      exchange();
+      refresh_status_line();
+    });
+  };
+}
+
+void Companion::choose_language(std::int16_t language) {
+  Program& on = *program_;
+  on.polling.stop_polling();
+  on.link.language = language;
+  apply_captions(language, on.screen);
+  show_language();
+  on.status_line.tell_saved(on.configuration.write_language(language));
+  on.query.query_meter_status();
+  on.polling.resume_polling(1);
+}
+
+void Companion::show_language() {
+  Program& on = *program_;
+  for (const std::int16_t language : {english, chinese})
+    on.screen.meter_rec[element("sel_language", language)].checked =
+        (on.link.language == chinese) == (language == chinese);
+}
+
+void Companion::print_main_window() {
+  Printer& printer = program_->platform.printer;
+  printer.set_orientation(Orientation::landscape);
+  printer.print_window(program_->screen.meter_rec.name());
+  program_->status_line.tell(printer.finish());
+}
+
+}  // namespace halden

@@ -1,0 +1,42 @@
+#include "app/configuration.h"
+
+namespace halden {
+
+namespace {
+
+constexpr const char* language_file = "language.pha";
+constexpr const char* port_file = "commport.dat";
+constexpr std::size_t longest_line = 64;  // a file of another kind must not fill a message box
+
+}  // namespace
+
+std::optional<std::string> Configuration::first_line(const char* name) const {
+  const FilePiece piece = files_.read(path(name), 0, longest_line);
+  if (piece.failure == FileFailure::not_found) return std::nullopt;
+  return piece.bytes.substr(0, piece.bytes.find_first_of(std::string_view("\r\n\0", 3)));
+}
+
+std::optional<std::int16_t> Configuration::read_language() const {
+  const std::optional<std::string> line = first_line(language_file);
+  if (!line) return std::nullopt;
+  const char first = line->empty() ? ' ' : line->front();
+  return first >= '0' && first <= '9' ? static_cast<std::int16_t>(first - '0') : std::int16_t{0};
+}
+
+std::optional<std::string> Configuration::read_port() const {
+  const std::optional<std::string> line = first_line(port_file);
+  if (!line) return std::nullopt;
+  const std::size_t begin = line->find_first_not_of(" \t");
+  if (begin == std::string::npos) return std::string();
+  return line->substr(begin, line->find_last_not_of(" \t") - begin + 1);
+}
+
+bool Configuration::write_language(std::int16_t language) {
+  return files_.replace(path(language_file), language == 1 ? "1\r\n" : "0\r\n") == FileFailure::none;
+}
+
+bool Configuration::write_port(int number) {
+  return files_.replace(path(port_file), std::to_string(number) + "\r\n") == FileFailure::none;
+}
+
+}  // namespace halden

@@ -1,0 +1,38 @@
+// The two one-line files in the working folder that keep the user's choices: language.pha ("0" or "1") and
+// commport.dat (the port number in decimal digits).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/files.h"
+
+namespace halden {
+
+class Configuration {
+ public:
+  Configuration(Files& files, std::string work_folder)
+      : files_(files), work_folder_(std::move(work_folder)) {}
+
+  // The first character of language.pha as a number; anything but a digit gives 0. Nothing when the file is
+  // missing.
+  std::optional<std::int16_t> read_language() const;
+
+  // The text on the first line of commport.dat without the blanks around it. Nothing when the file is
+  // missing; empty when it cannot be read.
+  std::optional<std::string> read_port() const;
+
+  // Both write the file anew and return whether that went well.
+  bool write_language(std::int16_t language);
+  bool write_port(int number);
+
+ private:
+  std::string path(const char* name) const { return work_folder_ + "/" + name; }
+  std::optional<std::string> first_line(const char* name) const;
+
+  Files& files_;
+  std::string work_folder_;
+};
+
+}  // namespace halden

@@ -1,1 +1,0 @@
-namespace halden { void app_placeholder(); void app_placeholder() {} }

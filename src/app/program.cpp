@@ -1,0 +1,31 @@
+#include "app/program.h"
+
+namespace halden {
+
+Program::Program(Platform outside, const std::string& work_folder)
+    : platform(outside),
+      waits(platform.clock, platform.port),
+      polling(platform, waits, link),
+      query(platform, waits, polling, link, status, screen, label_column_left),
+      sample_clock(platform.clock, platform.timer1, screen.meter_rec),
+      power(waits, polling, link, status, readings, raw, screen.meter_rec, power_frame_steps),
+      monitor(platform.clock, polling, link, power, sample_clock, readings, screen.meter_rec, live_steps),
+      live_poll(platform, waits, polling, link, screen.meter_rec, monitor),
+      views(polling, link, status, harmonics_view, screen.meter_rec),
+      settings(polling, query, status, readings, screen.meter_rec, label_column_left),
+      configuration(platform.files, work_folder),
+      status_line(platform, link, monitor.frame_rate(), screen.meter_rec),
+      port_choice(platform, waits, polling, query, link, configuration, status_line, screen.meter_rec) {
+  platform.timer1.set_period_ms(designed_clock_period_ms);
+  platform.timer2.set_period_ms(designed_poll_period_ms);
+  platform.timer1.on_tick([this] {
+    sample_clock.tick();
+    status_line.refresh();
+  });
+  platform.timer2.on_tick([this] {
+    gate.run_tick([this] { live_poll.tick(); });
+    status_line.refresh();
+  });
+}
+
+}  // namespace halden

@@ -1,1 +1,0 @@
-namespace halden { void app_ui_placeholder(); void app_ui_placeholder() {} }

@@ -1,0 +1,52 @@
+#include "link/exchange_gate.h"
+
+#include <algorithm>
+
+namespace halden {
+
+// Also lowers the flag when the program ends in the middle of a wait.
+class ExchangeGate::Busy {
+ public:
+  explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Busy() { flag_ = false; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+void ExchangeGate::run(const std::string& name, std::function<void()> exchange) {
+  if (!busy_) {
+    run_now(exchange);
+    run_kept();
+    return;
+  }
+  const bool known =
+      std::any_of(kept_.begin(), kept_.end(), [&name](const auto& waiting) { return waiting.first == name; });
+  if (!known) kept_.emplace_back(name, std::move(exchange));
+}
+
+void ExchangeGate::run_tick(const std::function<void()>& tick) {
+  if (busy_) {
+    tick();
+    return;
+  }
+  run_now(tick);
+  run_kept();
+}
+
+void ExchangeGate::run_now(const std::function<void()>& work) {
+  const Busy busy(busy_);
+  work();
+}
+
+void ExchangeGate::run_kept() {
+  while (!busy_ && !kept_.empty()) {
+    const auto next = std::move(kept_.front());
+    kept_.erase(kept_.begin());
+    run_now(next.second);
+  }
+}
+
+}  // namespace halden

@@ -1,0 +1,37 @@
+// What the exchange with the meter keeps between its steps.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace halden {
+
+// display_mode: which live view runs.
+inline constexpr std::int16_t harmonics_view = 0;
+inline constexpr std::int16_t power_view = 1;
+inline constexpr std::int16_t waveform_view = 2;
+
+struct LinkState {
+  std::int16_t language = 0;       // 0 English, 1 Traditional Chinese
+  std::int16_t port_ready = 0;     // 1 once a port opened
+  std::int16_t logger_active = 0;  // 1 while all stored files are downloaded in one run
+  std::int16_t display_mode = power_view;
+  std::int16_t missed_polls = 0;  // consecutive live ticks that ended with an incomplete frame
+  std::int16_t link_lost = 0;     // 1 after more than 16 of them
+  std::string reply_buffer;       // the answer to the status query
+  std::string poll_buffer;        // live frames of the power and harmonics views
+  std::string wave_buffer;        // live frames of the waveform view, as bytes
+};
+
+// No frame or reply comes near these lengths. They keep the memory bounded when something else than a meter
+// sends without end: of live frames the newest bytes are kept, of a reply the first.
+inline constexpr std::size_t live_buffer_limit = 16 * 1024;
+inline constexpr std::size_t reply_buffer_limit = 64 * 1024;
+
+// The live buffer of the view that runs.
+inline std::string& live_buffer(LinkState& state) {
+  return state.display_mode == waveform_view ? state.wave_buffer : state.poll_buffer;
+}
+
+}  // namespace halden

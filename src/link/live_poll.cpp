@@ -1,0 +1,66 @@
+#include "link/live_poll.h"
+
+#include "platform/clock.h"
+#include "platform/shell.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::size_t power_frame_length = 51;
+constexpr std::size_t harmonics_frame_length = 1874;
+constexpr std::size_t waveform_frame_length = 2108;
+
+constexpr int request_again_every = 4;  // missed ticks
+constexpr int lost_after = 16;
+constexpr int give_up_after = 20;
+constexpr double arriving_pause_s = 0.2;
+
+bool holds_frame_marks(const std::string& buffer) {
+  return buffer.find('B') != std::string::npos && buffer.find('E') != std::string::npos;
+}
+
+}  // namespace
+
+bool frame_is_complete(const LinkState& state) {
+  switch (state.display_mode) {
+    case harmonics_view:
+      return state.poll_buffer.size() >= harmonics_frame_length && holds_frame_marks(state.poll_buffer);
+    case waveform_view:
+      return state.wave_buffer.size() >= waveform_frame_length && holds_frame_marks(state.wave_buffer);
+    default:
+      return state.poll_buffer.size() >= power_frame_length;
+  }
+}
+
+void LivePoll::tick() {
+  waits_.drain(live_buffer(state_));
+  if (!frame_is_complete(state_)) {
+    count_missed_poll();
+    return;
+  }
+  state_.missed_polls = 0;
+  state_.link_lost = 0;
+  waits_.drain(live_buffer(state_));
+  waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
+  views_.frame_complete();
+}
+
+void LivePoll::count_missed_poll() {
+  ++state_.missed_polls;
+  if (state_.missed_polls % request_again_every == 0) polling_.send_live_request();
+  if (state_.missed_polls > lost_after) {
+    meter_rec_["Warning"].visible = true;
+    let_events_run(platform_.clock);
+    state_.link_lost = 1;
+    views_.no_communication();
+  }
+  if (state_.missed_polls > give_up_after) {
+    platform_.shell.beep();
+    live_buffer(state_).clear();
+    polling_.send_live_request();
+    state_.missed_polls = 0;
+  }
+}
+
+}  // namespace halden

@@ -1,0 +1,41 @@
+// Pausing and resuming the live poll around every one-shot exchange: stop_polling, the exchange, usually a
+// status query, resume_polling(1). While an exchange runs both timers are off, so that no two overlap.
+#pragma once
+
+#include <cstdint>
+
+#include "link/link_state.h"
+#include "link/waits.h"
+#include "platform/platform.h"
+
+namespace halden {
+
+class Polling {
+ public:
+  Polling(const Platform& platform, Waits& waits, LinkState& state)
+      : platform_(platform), waits_(waits), state_(state) {}
+
+  // 1 with an open port and no download-all running: waits a second, throws away what was received, sends the
+  // live request and starts both timers. Otherwise both timers go off. In both cases missed_polls becomes 0
+  // and pending interface events run.
+  void resume_polling(std::int16_t flag);
+
+  void stop_polling() { resume_polling(0); }
+
+  // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms). For the
+  // harmonics view it also waits a second, throws away what was received and sends the request.
+  void set_live_timer();
+
+  // Asks the meter for the next frame of the current view: "W" for a waveform, one blank otherwise.
+  void send_live_request();
+
+ private:
+  void start();
+  void stop();
+
+  Platform platform_;
+  Waits& waits_;
+  LinkState& state_;
+};
+
+}  // namespace halden

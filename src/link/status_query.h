@@ -1,0 +1,56 @@
+// Asks the meter for its complete state and shows it: mode, wiring system, settings boxes, column layout,
+// clock.
+//
+// Always runs with the live poll stopped; takes 9 seconds, of which one yields. The notice window says so
+// meanwhile.
+#pragma once
+
+#include "link/link_state.h"
+#include "link/meter_status.h"
+#include "link/polling.h"
+#include "link/waits.h"
+#include "platform/platform.h"
+#include "screen/columns.h"
+#include "screen/main_window.h"
+
+namespace halden {
+
+class StatusQuery {
+ public:
+  StatusQuery(const Platform& platform, Waits& waits, Polling& polling, LinkState& state, MeterStatus& status,
+              Screen& screen, const LabelColumns& label_column_left)
+      : platform_(platform),
+        waits_(waits),
+        polling_(polling),
+        state_(state),
+        status_(status),
+        screen_(screen),
+        label_column_left_(label_column_left) {}
+
+  // A reply that is too short resumes polling, tells the user and leaves the status as it was.
+  void query_meter_status();
+
+  // Whether the last query got a reply.
+  bool succeeded() const { return succeeded_; }
+
+ private:
+  void show_splash();
+  void ask();
+  void show_status(int fields);
+  void report_failure();
+
+  Platform platform_;
+  Waits& waits_;
+  Polling& polling_;
+  LinkState& state_;
+  MeterStatus& status_;
+  Screen& screen_;
+  const LabelColumns& label_column_left_;
+  bool succeeded_ = false;
+};
+
+// The captions of the mode label and the wiring panel, in Chinese for `language` 1.
+std::string_view mode_caption(std::int16_t meter_mode, std::int16_t language);
+std::string_view wiring_caption(std::int16_t wiring_system, std::int16_t language);
+
+}  // namespace halden

@@ -1,0 +1,75 @@
+// Turns a power frame into the texts of the value panels, phase by phase.
+//
+// A frame is text made of labelled fields: two characters ("V", "I", "W", "P" or "Q" and the phase digit),
+// one separator, six value characters. One group of five fields per phase in use, in the order of the phases:
+//
+//   V1=  2301  I1=  1234  W1= 27805  P1=     0  Q1=   116V2=  2298  ...
+//
+// V in 0.1 V; I and W in 0.1 mA and 0.1 W times ten to the current range; P and Q, the angles of voltage and
+// current, in tenths of a degree.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "link/link_state.h"
+#include "link/meter_status.h"
+#include "link/polling.h"
+#include "link/waits.h"
+#include "live/live_readings.h"
+#include "readings/readings.h"
+#include "screen/window.h"
+
+namespace halden {
+
+// What follows the system values of each complete frame; an empty function is skipped.
+struct PowerFrameSteps {
+  std::function<void()> calculate_vi_angles;
+  std::function<void()> calculate_unbalance;  // three-phase systems only
+  std::function<void()> update_phasors;       // does nothing while the phasor window is hidden
+};
+
+// Whether a frame held at least one phase group; a harmonics frame holds none.
+enum class PowerFrame { parsed, without_group };
+
+class PowerMonitor {
+ public:
+  PowerMonitor(Waits& waits, Polling& polling, LinkState& state, const MeterStatus& status,
+               Readings& readings, LiveReadings& raw, Window& meter_rec, PowerFrameSteps& steps)
+      : waits_(waits),
+        polling_(polling),
+        buffer_(state.poll_buffer),
+        status_(status),
+        readings_(readings),
+        raw_(raw),
+        window_(meter_rec),
+        steps_(steps) {}
+
+  // Parses what stands in poll_buffer and cuts it off there. As soon as the last phase of the wiring system
+  // has been read it asks for the next frame, so that the meter prepares it while the system values are
+  // worked out.
+  PowerFrame handle_frame();
+
+ private:
+  bool take_group(int phase);
+  void take_powers(int phase);
+  void take_angles(int phase);
+  void system_step();
+  void show_line_voltage(int index);
+
+  bool has(char symbol, int phase) const;
+  double value(char symbol, int phase) const;
+  void show(PhaseQuantity quantity, int phase, const std::string& text);
+
+  Waits& waits_;
+  Polling& polling_;
+  std::string& buffer_;
+  const MeterStatus& status_;
+  Readings& readings_;
+  LiveReadings& raw_;
+  Window& window_;
+  PowerFrameSteps& steps_;
+  bool group_came_first_ = false;  // the buffer began with the group that is being read
+};
+
+}  // namespace halden

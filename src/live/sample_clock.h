@@ -1,0 +1,45 @@
+// The sample clock: a tick on every whole second counts towards the sampling time and marks the sampling
+// instants by writing the time of day into sample_clock_label. The live poll notices that the label changed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "platform/clock.h"
+#include "platform/timer.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class SampleClock {
+ public:
+  SampleClock(const Clock& clock, Timer& timer1, Window& meter_rec)
+      : clock_(clock), timer_(timer1), window_(meter_rec) {}
+
+  void tick();
+
+  // Writes today's date into the date label when it is not the one shown.
+  void show_date();
+
+  // The sampling time in seconds: the leading number of sample_time_label.
+  double sample_time_s() const;
+
+  std::int16_t sample_counting = 1;    // 1 while ticks are counted
+  std::int16_t sample_tick_count = 0;  // seconds since the last sampling instant
+  std::int16_t clock_tick_ms = 1000;
+
+ private:
+  bool sampling_instant_reached(double sample_time_s);
+  void mark_sampling_instant(double now_s, double sample_time_s);
+  void align(double now_s);
+
+  const Clock& clock_;
+  Timer& timer_;
+  Window& window_;
+  Date shown_date_{0, 0, 0};
+};
+
+// Seconds since midnight as "hh:mm:ss".
+std::string time_of_day_text(double seconds_since_midnight);
+
+}  // namespace halden

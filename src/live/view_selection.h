@@ -1,0 +1,44 @@
+// Which live view the main window shows: it follows the meter's mode whenever the window is shown or resized.
+#pragma once
+
+#include <cstdint>
+
+#include "link/link_state.h"
+#include "link/meter_status.h"
+#include "link/polling.h"
+#include "screen/window.h"
+
+namespace halden {
+
+struct HarmonicsView {
+  std::int16_t harmonic_count = 99;  // highest order offered: 51 or 99
+  std::int16_t harmonic_option = 0;  // 0 percentages, 1 phase angles
+};
+
+class ViewSelection {
+ public:
+  ViewSelection(Polling& polling, LinkState& state, MeterStatus& status, HarmonicsView& view,
+                Window& meter_rec)
+      : polling_(polling), state_(state), status_(status), view_(view), window_(meter_rec) {}
+
+  // A meter in power mode closes the harmonics or waveform view; one in harmonics mode opens the harmonics
+  // view with 51 orders in percent.
+  void select_by_meter_mode();
+
+  // Back to the power view, with everything of the harmonics and waveform views hidden.
+  void close_view();
+
+  // Makes the chart, the order cursor and the summary block visible.
+  void show_harmonics_graph();
+
+ private:
+  void open_harmonics();
+
+  Polling& polling_;
+  LinkState& state_;
+  MeterStatus& status_;
+  HarmonicsView& view_;
+  Window& window_;
+};
+
+}  // namespace halden
