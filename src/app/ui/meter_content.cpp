@@ -1,0 +1,172 @@
+#include "app/ui/meter_content.h"
+
+#include <QEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "screen/ui/fonts.h"
+#include "screen/ui/mirror.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double title_pixels = 12.0;
+constexpr double reading_pixels = 17.0;
+constexpr double form_pixels = 14.0;
+constexpr int smallest_text = 11;
+
+constexpr const char* clock_labels = "Label1";
+
+int scaled(double design_pixels, double scale) {
+  return std::max(static_cast<int>(std::lround(design_pixels * scale)), smallest_text);
+}
+
+Role role_of_reading(const DesignedControl& designed) {
+  if (designed.name == "hold" || designed.name == "Warning") return Role::alert;
+  constexpr std::array phase_roles = {Role::phase_1, Role::phase_2, Role::phase_3};
+  return designed.phase >= 0 ? phase_roles[static_cast<std::size_t>(designed.phase)] : Role::reading;
+}
+
+}  // namespace
+
+MeterContent::MeterContent(Window& window, Mirror& mirror, Click click, QWidget* parent)
+    : DesignArea(window, double{design_width}, double{design_height}, parent),
+      mirror_(mirror),
+      click_(std::move(click)) {
+  for (const DesignedControl& designed : main_window_design()) (this->*builder_of(designed.kind))(designed);
+  connect(this, &DesignArea::arranged, this, &MeterContent::fit_texts);
+}
+
+MeterContent::Build MeterContent::builder_of(ControlKind kind) {
+  constexpr std::array<std::pair<ControlKind, Build>, 7> builders = {
+      {{ControlKind::text, &MeterContent::build_text},
+       {ControlKind::reading, &MeterContent::build_reading},
+       {ControlKind::value, &MeterContent::build_panel},
+       {ControlKind::edit_box, &MeterContent::build_edit_box},
+       {ControlKind::button, &MeterContent::build_button},
+       {ControlKind::scroll_bar, &MeterContent::build_scroll_bar},
+       {ControlKind::chart, &MeterContent::build_chart}}};
+  for (const auto& [builds, builder] : builders)
+    if (builds == kind) return builder;
+  // A panel's label comes with its value; status line and menus are built elsewhere.
+  return &MeterContent::build_nothing;
+}
+
+void MeterContent::build_text(const DesignedControl& designed) {
+  auto* const label = new QLabel(this);
+  label->setObjectName(to_qt(designed.name));
+  label->setTextFormat(Qt::PlainText);
+  set_role(*label, Role::quiet);
+  mirror_.tie(designed.name, *label);
+  put(designed.name, *label);
+  watch_double_clicks(designed, *label);
+  titles_.push_back(label);
+}
+
+void MeterContent::build_reading(const DesignedControl& designed) {
+  auto* const field = new ReadingField(to_qt(designed.name), this);
+  set_role(*field, role_of_reading(designed));
+  mirror_.tie(designed.name, *field);
+  name_after(designed.label.empty() ? designed.name : designed.label, *field);
+  put(designed.name, *field);
+  watch_double_clicks(designed, *field);
+  readings_.push_back(field);
+}
+
+void MeterContent::build_panel(const DesignedControl& designed) {
+  const std::optional<int> phase = designed.phase >= 0 ? std::optional(designed.phase) : std::nullopt;
+  auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name), phase, this);
+  mirror_.tie(designed.label, panel->caption());
+  mirror_.tie(designed.name, panel->value());
+  mirror_.tie(designed.name, [panel](const Control& value) { panel->setVisible(value.visible); });
+  name_after(designed.label, panel->value());
+  put(designed.name, *panel);
+  panels_.add(designed.name, designed.phase, designed.widest, *panel);
+}
+
+void MeterContent::build_edit_box(const DesignedControl& designed) {
+  auto* const field = new QLineEdit(this);
+  field->setObjectName(to_qt(designed.name));
+  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  set_role(*field, Role::edit_box);
+  mirror_.tie_edit_box(designed.name, *field);
+  name_after(designed.label, *field);
+  put(designed.name, *field);
+  form_widgets_.push_back(field);
+}
+
+void MeterContent::build_button(const DesignedControl& designed) {
+  auto* const button = new QPushButton(this);
+  button->setObjectName(to_qt(designed.name));
+  mirror_.tie(designed.name, *button);
+  connect(button, &QPushButton::clicked, this, [this, name = designed.name] { click_(name); });
+  put(designed.name, *button);
+  form_widgets_.push_back(button);
+}
+
+void MeterContent::build_scroll_bar(const DesignedControl& designed) {
+  auto* const bar = new QScrollBar(Qt::Horizontal, this);
+  bar->setObjectName(to_qt(designed.name));
+  bar->setFocusPolicy(Qt::StrongFocus);
+  mirror_.tie(designed.name, *bar, [this, name = designed.name] { click_(name); });
+  put(designed.name, *bar);
+}
+
+void MeterContent::build_chart(const DesignedControl& designed) {
+  build_backdrop(designed);
+  auto* const chart = new QWidget(this);
+  chart->setObjectName(to_qt(designed.name));
+  chart->setAccessibleName(tr("chart"));
+  chart->setAutoFillBackground(true);
+  chart->setBackgroundRole(QPalette::Base);
+  mirror_.tie(designed.name, [chart](const Control& now) { chart->setVisible(now.visible); });
+  put(designed.name, *chart);
+}
+
+// Covers the power panels while the chart is shown; what belongs to the harmonics view is built later and
+// stands above.
+void MeterContent::build_backdrop(const DesignedControl& chart) {
+  auto* const backdrop = new QWidget(this);
+  backdrop->setObjectName(QStringLiteral("harmonics_backdrop"));
+  backdrop->setAutoFillBackground(true);
+  Control place;
+  place.top = 60 * units_per_pixel;
+  place.width = 1066 * units_per_pixel;
+  place.height = design_height - place.top;
+  put_at(place, *backdrop);
+  mirror_.tie(chart.name, [backdrop](const Control& now) { backdrop->setVisible(now.visible); });
+}
+
+void MeterContent::name_after(const std::string& label, QWidget& widget) {
+  mirror_.tie(label, [&widget](const Control& now) { widget.setAccessibleName(to_qt(now.text)); });
+}
+
+void MeterContent::watch_double_clicks(const DesignedControl& designed, QWidget& widget) {
+  if (designed.name.starts_with(clock_labels)) widget.installEventFilter(this);
+}
+
+bool MeterContent::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::MouseButtonDblClick) return DesignArea::eventFilter(watched, event);
+  click_(clock_labels);
+  return true;
+}
+
+void MeterContent::fit_texts() {
+  const double scale = std::min(width() / (double{design_width} / double{units_per_pixel}),
+                                height() / (double{design_height} / double{units_per_pixel}));
+  for (QLabel* title : titles_) title->setFont(with_pixel_size(text_font(), scaled(title_pixels, scale)));
+  for (ReadingField* reading : readings_) reading->set_size(scaled(reading_pixels, scale));
+  for (QWidget* widget : form_widgets_)
+    widget->setFont(with_pixel_size(text_font(), scaled(form_pixels, scale)));
+  panels_.fit(scale);
+}
+
+void MeterContent::set_theme(const Theme& theme) { panels_.set_theme(theme); }
+
+}  // namespace halden

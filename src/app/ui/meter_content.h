@@ -1,0 +1,59 @@
+// The content of the main window: one widget for every designed control, placed, tied to its values and
+// dressed in the colours of a theme.
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/ui/menu_builder.h"
+#include "app/ui/panel_groups.h"
+#include "screen/main_window.h"
+#include "screen/ui/design_area.h"
+
+namespace halden {
+
+class MeterContent : public DesignArea {
+  Q_OBJECT
+
+ public:
+  MeterContent(Window& window, Mirror& mirror, Click click, QWidget* parent = nullptr);
+
+  void set_theme(const Theme& theme);
+
+ protected:
+  // A double click on a label of the sample clock.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  using Build = void (MeterContent::*)(const DesignedControl&);
+  static Build builder_of(ControlKind kind);
+
+  void build_text(const DesignedControl& designed);
+  void build_reading(const DesignedControl& designed);
+  void build_panel(const DesignedControl& designed);
+  void build_edit_box(const DesignedControl& designed);
+  void build_button(const DesignedControl& designed);
+  void build_scroll_bar(const DesignedControl& designed);
+  void build_chart(const DesignedControl& designed);
+  void build_backdrop(const DesignedControl& chart);
+  void build_nothing(const DesignedControl&) {}
+
+  // The text of the control `label` becomes the widget's accessible name.
+  void name_after(const std::string& label, QWidget& widget);
+  void watch_double_clicks(const DesignedControl& designed, QWidget& widget);
+  void fit_texts();
+
+  Mirror& mirror_;
+  Click click_;
+  PanelGroups panels_;
+  std::vector<QLabel*> titles_;
+  std::vector<ReadingField*> readings_;
+  std::vector<QWidget*> form_widgets_;  // buttons and edit boxes
+};
+
+}  // namespace halden

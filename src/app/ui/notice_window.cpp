@@ -1,0 +1,81 @@
+#include "app/ui/notice_window.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "screen/ui/fonts.h"
+#include "screen/ui/value_panel.h"
+
+namespace halden {
+
+namespace {
+
+constexpr QSize notice_size(380, 104);
+constexpr int caption_pixels = 13;
+constexpr int message_pixels = 19;
+constexpr int accent_width = 4;
+
+constexpr Qt::WindowFlags notice_flags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::CustomizeWindowHint;
+
+}  // namespace
+
+NoticeWindow::NoticeWindow(Window& window, QWidget& main_window, Look look)
+    : QWidget(&main_window, notice_flags),
+      window_(window),
+      main_window_(main_window),
+      theme_(theme(look)),
+      mirror_(window),
+      caption_(new QLabel(this)),
+      message_(new ReadingField(QStringLiteral("Text1"), this)) {
+  setObjectName(to_qt(window.name()));
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  build();
+}
+
+void NoticeWindow::build() {
+  caption_->setFont(with_pixel_size(text_font(), caption_pixels));
+  caption_->setTextFormat(Qt::PlainText);
+  set_role(*caption_, Role::quiet);
+  static_cast<ReadingField*>(message_)->set_size(message_pixels);
+  message_->setFocusPolicy(Qt::NoFocus);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(24, 18, 20, 18);
+  column->addWidget(caption_);
+  column->addWidget(message_);
+  mirror_.tie("Text1", *message_);
+  setFixedSize(notice_size);
+}
+
+void NoticeWindow::show_changes() {
+  mirror_.show_changes();
+  const QString caption = to_qt(window_.caption());
+  if (windowTitle() != caption) {
+    setWindowTitle(caption);
+    caption_->setText(caption);
+    message_->setAccessibleName(caption);
+  }
+  if (isVisible() == window_.visible()) return;
+  if (window_.visible()) centre();
+  setVisible(window_.visible());
+}
+
+void NoticeWindow::centre() {
+  const QRect around =
+      main_window_.isVisible() ? main_window_.frameGeometry() : screen()->availableGeometry();
+  move(around.center() - rect().center());
+}
+
+void NoticeWindow::closeEvent(QCloseEvent* event) { event->ignore(); }
+
+void NoticeWindow::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), theme_.panel);
+  painter.setPen(theme_.line);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.fillRect(QRect(0, 0, accent_width, height()), theme_.accent);
+}
+
+}  // namespace halden

@@ -1,0 +1,39 @@
+// The small notice window CHKSPEED on the screen: says what the program is busy with. It takes no focus,
+// cannot be closed, and never keeps the user from the other windows.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QWidget>
+
+#include "screen/ui/mirror.h"
+#include "screen/ui/theme.h"
+
+namespace halden {
+
+class NoticeWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Stands over the middle of `main_window` while that is visible, otherwise in the middle of the screen.
+  NoticeWindow(Window& window, QWidget& main_window, Look look);
+
+  void show_changes();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void build();
+  void centre();
+
+  Window& window_;
+  QWidget& main_window_;
+  Theme theme_;
+  Mirror mirror_;
+  QLabel* caption_;
+  QLineEdit* message_;
+};
+
+}  // namespace halden

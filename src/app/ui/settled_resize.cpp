@@ -1,0 +1,40 @@
+#include "app/ui/settled_resize.h"
+
+#include <utility>
+
+namespace halden {
+
+namespace {
+
+// So long must the size stay the same.
+constexpr int quiet_ms = 200;
+
+}  // namespace
+
+SettledResize::SettledResize(std::function<bool()> busy, std::function<void()> settled)
+    : busy_(std::move(busy)), settled_(std::move(settled)) {
+  quiet_.setSingleShot(true);
+  quiet_.setInterval(quiet_ms);
+  QObject::connect(&quiet_, &QTimer::timeout, &quiet_, [this] { try_to_tell(); });
+}
+
+void SettledResize::shown() {
+  if (was_shown_) return;
+  was_shown_ = true;
+  quiet_.start();
+}
+
+void SettledResize::resized(QSize size) {
+  const bool changed = size != size_;
+  size_ = size;
+  if (was_shown_ && changed) quiet_.start();
+}
+
+void SettledResize::try_to_tell() {
+  if (busy_())
+    quiet_.start();
+  else
+    settled_();
+}
+
+}  // namespace halden

@@ -1,0 +1,132 @@
+#include "app/ui/status_line.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <array>
+#include <utility>
+
+#include "screen/ui/fonts.h"
+#include "screen/ui/mirror.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int line_height = 30;
+constexpr int text_pixels = 13;
+constexpr int light_size = 11;
+constexpr int side_margin = 16;
+constexpr int gap = 24;
+
+}  // namespace
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setFont(with_pixel_size(text_font(), text_pixels));
+  set_role(*this, Role::quiet);
+}
+
+void ElidedLabel::set_explanation(const QString& text) { explanation_ = text; }
+
+QSize ElidedLabel::minimumSizeHint() const { return QSize(0, QLabel::minimumSizeHint().height()); }
+
+bool ElidedLabel::is_too_long() const { return width_of(font(), text()) > width(); }
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setPen(palette().color(foregroundRole()));
+  painter.drawText(rect(), static_cast<int>(alignment() | Qt::AlignVCenter | Qt::TextSingleLine),
+                   fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+}
+
+bool ElidedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const QString separator = is_too_long() && !explanation_.isEmpty() ? QStringLiteral("\n") : QString();
+    setToolTip((is_too_long() ? text() : QString()) + separator + explanation_);
+  }
+  return QLabel::event(event);
+}
+
+LinkMark link_mark(std::string_view tag) {
+  constexpr std::array<std::pair<std::string_view, LinkMark>, 3> marks = {
+      {{"good", LinkMark::good}, {"waiting", LinkMark::waiting}, {"bad", LinkMark::bad}}};
+  for (const auto& [name, mark] : marks)
+    if (name == tag) return mark;
+  return LinkMark::none;
+}
+
+LinkLight::LinkLight(QWidget* parent) : QWidget(parent), theme_(halden::theme(Look::light)) {
+  setFixedSize(light_size, light_size);
+}
+
+void LinkLight::set_mark(LinkMark mark) {
+  mark_ = mark;
+  setVisible(mark != LinkMark::none);
+  update();
+}
+
+void LinkLight::set_theme(const Theme& theme) {
+  theme_ = theme;
+  update();
+}
+
+void LinkLight::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF box = QRectF(rect()).adjusted(1, 1, -1, -1);
+  const QColor colour = mark_ == LinkMark::good ? theme_.phase[1] : theme_.phase[0];
+  painter.setPen(QPen(mark_ == LinkMark::waiting ? theme_.accent : colour, 2));
+  if (mark_ == LinkMark::good) painter.setBrush(colour);
+  if (mark_ != LinkMark::bad) {
+    painter.drawEllipse(box);
+    return;
+  }
+  painter.drawLine(box.topLeft(), box.bottomRight());
+  painter.drawLine(box.topRight(), box.bottomLeft());
+}
+
+StatusLine::StatusLine(Mirror& mirror, QWidget* parent)
+    : QWidget(parent), light_(new LinkLight), theme_(halden::theme(Look::light)) {
+  setObjectName(QStringLiteral("status_line"));
+  setFixedHeight(line_height);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(side_margin, 1, side_margin, 0);
+  row->setSpacing(0);
+  add_field("status_port", mirror, 0);
+  row->addWidget(light_);
+  row->addSpacing(6);
+  add_field("status_link", mirror, 0);
+  mirror.tie("status_link", [light = light_](const Control& now) { light->set_mark(link_mark(now.tag)); });
+  add_field("status_rate", mirror, 0);
+  add_field("status_recording", mirror, 0);
+  add_field("status_hint", mirror, 1)->setAlignment(Qt::AlignRight);
+}
+
+ElidedLabel* StatusLine::add_field(const char* name, Mirror& mirror, int stretch) {
+  auto* const field = new ElidedLabel;
+  field->setObjectName(QLatin1String(name));
+  auto* const row = static_cast<QHBoxLayout*>(layout());
+  row->addWidget(field, stretch);
+  if (stretch == 0) row->addSpacing(gap);
+  mirror.tie(name, [field](const Control& now) {
+    field->setVisible(now.visible);
+    field->setText(to_qt(now.text));
+    field->set_explanation(to_qt(now.tooltip));
+  });
+  return field;
+}
+
+void StatusLine::set_theme(const Theme& theme) {
+  theme_ = theme;
+  light_->set_theme(theme);
+  update();
+}
+
+void StatusLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), theme_.panel);
+  painter.fillRect(QRect(0, 0, width(), 1), theme_.line);
+}
+
+}  // namespace halden

@@ -1,0 +1,79 @@
+// The line at the bottom of the main window: port, link, frames a second, recording, and a hint on the right.
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+#include "screen/ui/theme.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class Mirror;
+
+// A label that shortens its text with an ellipsis where there is no room, and then shows all of it as
+// tooltip.
+class ElidedLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit ElidedLabel(QWidget* parent = nullptr);
+
+  // Explains the field; the whole text is added where it does not fit.
+  void set_explanation(const QString& text);
+
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  bool is_too_long() const;
+
+  QString explanation_;
+};
+
+// How well the link does, by a coloured mark that differs in shape too: a full disc (good), a ring (waiting),
+// a cross (bad), nothing (no port).
+enum class LinkMark { none, good, waiting, bad };
+
+// What the link field's tag says: "good", "waiting", "bad".
+LinkMark link_mark(std::string_view tag);
+
+class LinkLight : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit LinkLight(QWidget* parent = nullptr);
+
+  void set_mark(LinkMark mark);
+  void set_theme(const Theme& theme);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  LinkMark mark_ = LinkMark::none;
+  Theme theme_;
+};
+
+class StatusLine : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit StatusLine(Mirror& mirror, QWidget* parent = nullptr);
+
+  void set_theme(const Theme& theme);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  ElidedLabel* add_field(const char* name, Mirror& mirror, int stretch);
+
+  LinkLight* light_;
+  Theme theme_;
+};
+
+}  // namespace halden

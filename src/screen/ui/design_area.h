@@ -1,0 +1,51 @@
+// The content of a window whose places are designed in 1/1440 inch: stretches every child from the design
+// size to the size it has now, across and down independently.
+#pragma once
+
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "screen/window.h"
+
+namespace halden {
+
+class DesignArea : public QWidget {
+  Q_OBJECT
+
+ public:
+  // `design_width` and `design_height` in 1/1440 inch. The window outlives the area.
+  DesignArea(const Window& window, double design_width, double design_height, QWidget* parent = nullptr);
+
+  // The child shows the control of that name, or the panel it belongs to, and takes its place.
+  void put(const std::string& control, QWidget& child);
+
+  // The child shows no control and has a place of its own.
+  void put_at(const Control& place, QWidget& child);
+
+  // Where a control's place is now, in pixels; edges of neighbours stay aligned.
+  QRect place(const Control& control) const;
+
+  // Puts every child in its place.
+  void arrange();
+
+ Q_SIGNALS:
+  void arranged();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Child {
+    std::string control;  // empty: it stays at `own_place`
+    Control own_place;
+    QWidget* widget;
+  };
+
+  const Window& window_;
+  double design_width_;
+  double design_height_;
+  std::vector<Child> children_;
+};
+
+}  // namespace halden

@@ -1,0 +1,128 @@
+#include "screen/ui/mirror.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <utility>
+
+namespace halden {
+
+namespace {
+
+void show_on_widget(QWidget& widget, const Control& control) {
+  if (widget.isHidden() == control.visible) widget.setVisible(control.visible);
+  if (widget.isEnabledTo(widget.parentWidget()) != control.enabled) widget.setEnabled(control.enabled);
+  const QString tooltip = to_qt(control.tooltip);
+  if (widget.toolTip() != tooltip) widget.setToolTip(tooltip);
+}
+
+void show_on_field(QLineEdit& field, const Control& control) {
+  show_on_widget(field, control);
+  const QString text = to_qt(control.text);
+  if (field.text() != text) field.setText(text);
+}
+
+// Only what is ever checked becomes checkable: a mark can then be shown and taken away again.
+template <typename Checkable>
+void show_mark(Checkable& item, bool checked) {
+  if (checked) item.setCheckable(true);
+  item.setChecked(checked);
+}
+
+void show_on_action(QAction& action, const Control& control) {
+  action.setText(to_qt(control.text));
+  action.setVisible(control.visible);
+  action.setEnabled(control.enabled);
+  action.setToolTip(to_qt(control.tooltip));
+  show_mark(action, control.checked);
+}
+
+void show_on_scroll_bar(QScrollBar& bar, const Control& control) {
+  const QSignalBlocker no_echo(bar);
+  show_on_widget(bar, control);
+  bar.setRange(control.minimum, control.maximum);
+  bar.setValue(control.value);
+}
+
+bool same_place(const Control& a, const Control& b) {
+  return a.visible == b.visible && a.left == b.left && a.top == b.top && a.width == b.width &&
+         a.height == b.height;
+}
+
+}  // namespace
+
+QString to_qt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::string from_qt(const QString& text) { return text.toStdString(); }
+
+void Mirror::tie(const std::string& control, Show show) {
+  ties_.push_back({control, {}, true, std::move(show)});
+  shown_revision_ = 0;
+}
+
+void Mirror::tie(const std::string& control, QLabel& label) {
+  tie(control, [&label](const Control& now) {
+    show_on_widget(label, now);
+    label.setText(to_qt(now.text));
+  });
+}
+
+void Mirror::tie(const std::string& control, QLineEdit& field) {
+  tie(control, [&field](const Control& now) { show_on_field(field, now); });
+}
+
+void Mirror::tie(const std::string& control, QAbstractButton& button) {
+  tie(control, [&button](const Control& now) {
+    show_on_widget(button, now);
+    button.setText(to_qt(now.text));
+    show_mark(button, now.checked);
+  });
+}
+
+void Mirror::tie(const std::string& control, QAction& action) {
+  tie(control, [&action](const Control& now) { show_on_action(action, now); });
+}
+
+void Mirror::tie(const std::string& control, QScrollBar& bar, std::function<void()> moved) {
+  tie(control, [&bar](const Control& now) { show_on_scroll_bar(bar, now); });
+  QObject::connect(&bar, &QScrollBar::valueChanged, &bar,
+                   [this, control, moved = std::move(moved)](int value) {
+                     window_[control].value = value;
+                     moved();
+                   });
+}
+
+void Mirror::tie_edit_box(const std::string& control, QLineEdit& field) {
+  tie(control, field);
+  QObject::connect(&field, &QLineEdit::textEdited, &field,
+                   [this, control](const QString& text) { window_[control].text = from_qt(text); });
+}
+
+bool Mirror::show_changes() {
+  if (window_.revision() == shown_revision_) return false;
+  shown_revision_ = window_.revision();
+  bool moved = false;
+  const Window& window = window_;
+  for (Tie& tie : ties_) {
+    const Control& now = window[tie.control];
+    if (!tie.fresh && now == tie.shown) continue;
+    moved = moved || tie.fresh || !same_place(now, tie.shown);
+    tie.fresh = false;
+    tie.shown = now;
+    tie.show(tie.shown);
+  }
+  return moved;
+}
+
+void Mirror::show_all() {
+  for (Tie& tie : ties_) tie.fresh = true;
+  shown_revision_ = 0;
+  show_changes();
+}
+
+}  // namespace halden

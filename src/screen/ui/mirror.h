@@ -1,0 +1,64 @@
+// Shows the values of a window on its widgets: looks for controls that differ from what was shown last and
+// touches only the widgets of those. Text typed by the user goes back into the values.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "screen/window.h"
+
+class QAbstractButton;
+class QAction;
+class QLabel;
+class QLineEdit;
+class QScrollBar;
+class QWidget;
+
+namespace halden {
+
+QString to_qt(std::string_view utf8);
+std::string from_qt(const QString& text);
+
+class Mirror {
+ public:
+  explicit Mirror(Window& window) : window_(window) {}
+
+  // Ties a control of the window to what shows it. The widget outlives the mirror's use.
+  void tie(const std::string& control, QLabel& label);
+  void tie(const std::string& control, QLineEdit& field);
+  void tie(const std::string& control, QAbstractButton& button);
+  void tie(const std::string& control, QAction& action);
+
+  // A scroll bar moved by the user writes its value back, then calls `moved`.
+  void tie(const std::string& control, QScrollBar& bar, std::function<void()> moved);
+
+  // For whatever shows a control in its own way.
+  using Show = std::function<void(const Control&)>;
+  void tie(const std::string& control, Show show);
+
+  // An edit box: as a text field, and what is typed is written back.
+  void tie_edit_box(const std::string& control, QLineEdit& field);
+
+  // Brings all widgets up to date. True when the place or the visibility of some control has changed.
+  bool show_changes();
+
+  // The same for all controls, also those that did not change.
+  void show_all();
+
+ private:
+  struct Tie {
+    std::string control;
+    Control shown;
+    bool fresh;
+    Show show;
+  };
+
+  Window& window_;
+  std::uint64_t shown_revision_ = 0;
+  std::vector<Tie> ties_;
+};
+
+}  // namespace halden

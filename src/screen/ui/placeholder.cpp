@@ -1,1 +1,0 @@
-namespace halden { void screen_ui_placeholder(); void screen_ui_placeholder() {} }

@@ -1,0 +1,130 @@
+#include "screen/ui/theme.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <utility>
+
+namespace halden {
+
+namespace {
+
+Theme make_light() {
+  return {QColor("#EEF0F2"),
+          QColor("#FFFFFF"),
+          QColor("#D3D8DD"),
+          QColor("#15181B"),
+          QColor("#5B646D"),
+          QColor("#0B62B8"),
+          {QColor("#C2410C"), QColor("#047857"), QColor("#1D4ED8")}};
+}
+
+Theme make_dark() {
+  return {QColor("#14171A"),
+          QColor("#1D2126"),
+          QColor("#2C3238"),
+          QColor("#F1F3F5"),
+          QColor("#98A2AD"),
+          QColor("#5FB0F5"),
+          {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
+}
+
+// Names between @ stand for the colours of a theme.
+constexpr const char* style_template = R"(
+QMainWindow, QDialog { background: @background@; }
+QToolTip { color: @text@; background: @panel@; border: 1px solid @line@; padding: 3px; }
+
+QMenuBar { background: @panel@; color: @text@; border-bottom: 1px solid @line@; padding: 2px 4px; }
+QMenuBar::item { background: transparent; padding: 5px 10px; border-radius: 4px; }
+QMenuBar::item:selected { background: @line@; }
+QMenuBar::item:disabled { color: @disabled@; }
+QMenu { background: @panel@; color: @text@; border: 1px solid @line@; padding: 4px; }
+QMenu::item { padding: 5px 26px 5px 26px; border-radius: 3px; }
+QMenu::item:selected { background: @accent@; color: @panel@; }
+QMenu::item:disabled { background: transparent; color: @disabled@; }
+
+QLineEdit[role="reading"], QLineEdit[role="alert"], QLineEdit[role="phase_1"], QLineEdit[role="phase_2"],
+QLineEdit[role="phase_3"] { background: transparent; border: none; padding: 0; color: @text@; }
+QLineEdit[role="alert"], QLineEdit[role="phase_1"] { color: @phase1@; }
+QLineEdit[role="phase_2"] { color: @phase2@; }
+QLineEdit[role="phase_3"] { color: @phase3@; }
+QLineEdit[role="edit_box"] {
+  background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; padding: 0 6px; }
+QLineEdit[role="edit_box"]:focus { border: 2px solid @accent@; padding: 0 5px; }
+QLineEdit[role="edit_box"]:disabled { color: @disabled@; }
+QLabel[role="quiet"] { color: @quiet@; }
+
+QPushButton {
+  background: @panel@; color: @text@; border: 1px solid @edge@; border-radius: 4px; padding: 1px 6px; }
+QPushButton:hover { border-color: @accent@; }
+QPushButton:focus { border: 2px solid @accent@; padding: 0 5px; }
+QPushButton:pressed, QPushButton:checked { background: @accent@; color: @panel@; }
+QPushButton:disabled { color: @disabled@; background: @background@; border-color: @line@; }
+
+QScrollBar:horizontal { background: @background@; height: 18px; border: 1px solid @line@; border-radius: 4px; }
+QScrollBar::handle:horizontal { background: @edge@; min-width: 28px; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:horizontal:hover { background: @accent@; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; }
+)";
+
+QColor mix(const QColor& a, const QColor& b) {
+  return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+}
+
+constexpr const char* role_property = "role";
+constexpr std::array role_names = {"reading", "quiet", "edit_box", "alert", "phase_1", "phase_2", "phase_3"};
+
+}  // namespace
+
+const Theme& theme(Look look) {
+  static const Theme light = make_light();
+  static const Theme dark = make_dark();
+  return look == Look::dark ? dark : light;
+}
+
+Look desktop_look(const QPalette& desktop) {
+  constexpr int middle_grey = 128;
+  return desktop.color(QPalette::Window).lightness() < middle_grey ? Look::dark : Look::light;
+}
+
+QPalette to_palette(const Theme& theme) {
+  QPalette palette(theme.text, theme.panel, mix(theme.panel, theme.line), theme.line, theme.line, theme.text,
+                   theme.panel, theme.panel, theme.background);
+  palette.setColor(QPalette::Highlight, theme.accent);
+  palette.setColor(QPalette::HighlightedText, theme.panel);
+  palette.setColor(QPalette::PlaceholderText, theme.quiet);
+  palette.setColor(QPalette::ToolTipBase, theme.panel);
+  palette.setColor(QPalette::ToolTipText, theme.text);
+  palette.setColor(QPalette::Link, theme.accent);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, mix(theme.quiet, theme.background));
+  return palette;
+}
+
+QString to_style_sheet(const Theme& theme) {
+  const std::array<std::pair<const char*, QColor>, 11> colours = {
+      {{"@background@", theme.background},
+       {"@panel@", theme.panel},
+       {"@line@", theme.line},
+       {"@text@", theme.text},
+       {"@quiet@", theme.quiet},
+       {"@accent@", theme.accent},
+       {"@edge@", mix(theme.line, theme.quiet)},
+       {"@disabled@", mix(theme.quiet, theme.background)},
+       {"@phase1@", theme.phase[0]},
+       {"@phase2@", theme.phase[1]},
+       {"@phase3@", theme.phase[2]}}};
+  QString sheet = QString::fromLatin1(style_template);
+  for (const auto& [name, colour] : colours) sheet.replace(QLatin1String(name), colour.name());
+  return sheet;
+}
+
+void set_role(QWidget& widget, Role role) {
+  widget.setProperty(role_property, QLatin1String(role_names[static_cast<std::size_t>(role)]));
+}
+
+void apply_to_application(Look look) {
+  QApplication::setPalette(to_palette(theme(look)));
+  qApp->setStyleSheet(to_style_sheet(theme(look)));
+}
+
+}  // namespace halden

@@ -1,0 +1,69 @@
+// One reading on the main window: a framed panel with a quiet caption and a large value. The value is a
+// read-only text field, so that assistive technology finds the reading by its caption and the user can copy
+// it.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QWidget>
+#include <optional>
+
+#include "screen/ui/theme.h"
+
+namespace halden {
+
+// A read-only text field that looks like a label; its accessible name is what it shows a reading of.
+class ReadingField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit ReadingField(const QString& object_name, QWidget* parent = nullptr);
+
+  // The size in pixels the text is shown with, smaller where this text alone would not fit.
+  void set_size(int pixels);
+  int size_wanted() const { return size_; }
+
+  // The width the text may take inside a field of this width.
+  static int text_room(int field_width);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void fit();
+
+  int size_ = 12;
+};
+
+class ValuePanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  // `phase` is 0 to 2 for a panel with that phase's colour.
+  ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase, QWidget* parent);
+
+  void set_theme(const Theme& theme);
+
+  QLabel& caption() { return *caption_; }
+  ReadingField& value() { return *value_; }
+
+  // How much room a panel of this size leaves for the digits when its caption has the given font.
+  static QSize value_room(QSize panel, const QFont& caption_font);
+  static int caption_room(int panel_width);
+
+  void set_fonts(const QFont& caption_font, int value_pixels);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void arrange();
+
+  QLabel* caption_;
+  ReadingField* value_;
+  std::optional<int> phase_;
+  Theme theme_;
+};
+
+}  // namespace halden
