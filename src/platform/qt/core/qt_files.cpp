@@ -29,10 +29,15 @@ FileFailure cause_of_failed_write(const QFileDevice& file) {
   return file.error() == QFileDevice::ResourceError ? FileFailure::disk_full : FileFailure::failed;
 }
 
+// A full disk takes a part first and tells its cause only when asked to take the rest; it may also show only
+// in the flush.
 bool write_all(QFileDevice& file, std::string_view bytes) {
-  const auto size = static_cast<qint64>(bytes.size());
-  // A full disk may show only in the flush.
-  return file.write(bytes.data(), size) == size && file.flush();
+  while (!bytes.empty()) {
+    const qint64 written = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return file.flush();
 }
 
 }  // namespace
