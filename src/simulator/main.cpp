@@ -56,12 +56,7 @@ int serve(const Options& options) {
   halden::Meter meter(settings);
   for (const std::string& fault : options.faults) halden::meter_side::switch_on(fault, meter.faults());
   halden::PtyMeter device(meter, options.link);
-  std::string refusal = device.open();
-  if (refusal.empty()) {
-    std::puts(device.device().c_str());
-    std::fflush(stdout);
-    refusal = device.run();
-  }
+  const std::string refusal = device.run();
   if (refusal.empty()) return 0;
   std::fprintf(stderr, "halden-meter: %s\n", refusal.c_str());
   return 1;

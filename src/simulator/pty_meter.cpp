@@ -38,44 +38,57 @@ void say(const std::string& line) {
 }
 
 // SIGTERM and SIGINT are let in only while waiting, where they interrupt the wait: no flag has to be shared
-// with a handler, and none is lost between two waits.
+// with a handler, and none is lost between two waits. SIGPIPE is ignored: whoever read the answers may be
+// gone.
 class SignalsWhileWaiting {
  public:
   SignalsWhileWaiting() {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};
     sigset_t ours;
     sigemptyset(&ours);
-    for (const int signal : {SIGTERM, SIGINT}) {
-      ::sigaction(signal, &action, nullptr);
-      sigaddset(&ours, signal);
+    for (std::size_t i = 0; i < signals.size(); ++i) {
+      struct sigaction action {};
+      action.sa_handler = signals[i] == SIGPIPE ? SIG_IGN : [](int) {};
+      ::sigaction(signals[i], &action, &actions_before_[i]);
+      sigaddset(&ours, signals[i]);
     }
-    ::signal(SIGPIPE, SIG_IGN);  // whoever read the answers may be gone; the meter goes on
-    ::sigprocmask(SIG_BLOCK, &ours, &outside_);
-    for (const int signal : {SIGTERM, SIGINT}) sigdelset(&outside_, signal);
+    ::sigprocmask(SIG_BLOCK, &ours, &mask_before_);
+    while_waiting_ = mask_before_;
+    for (const int signal : signals) sigdelset(&while_waiting_, signal);
   }
+
+  ~SignalsWhileWaiting() {
+    for (std::size_t i = 0; i < signals.size(); ++i) ::sigaction(signals[i], &actions_before_[i], nullptr);
+    ::sigprocmask(SIG_SETMASK, &mask_before_, nullptr);
+  }
+
+  SignalsWhileWaiting(const SignalsWhileWaiting&) = delete;
+  SignalsWhileWaiting& operator=(const SignalsWhileWaiting&) = delete;
 
   // False when a signal came.
   bool wait(std::array<pollfd, 2>& descriptors, double seconds) const {
     timespec time{};
     time.tv_sec = static_cast<time_t>(seconds);
     time.tv_nsec = static_cast<long>((seconds - static_cast<double>(time.tv_sec)) * 1e9);
-    return ::ppoll(descriptors.data(), descriptors.size(), &time, &outside_) >= 0 || errno != EINTR;
+    return ::ppoll(descriptors.data(), descriptors.size(), &time, &while_waiting_) >= 0 || errno != EINTR;
   }
 
  private:
-  sigset_t outside_{};
+  static constexpr std::array<int, 3> signals = {SIGTERM, SIGINT, SIGPIPE};
+
+  std::array<struct sigaction, 3> actions_before_{};
+  sigset_t mask_before_{};
+  sigset_t while_waiting_{};
 };
 
 }  // namespace
 
 PtyMeter::PtyMeter(Meter& meter, std::string link_path) : meter_(meter), link_path_(std::move(link_path)) {}
 
-PtyMeter::~PtyMeter() { remove_link(); }
-
 std::string PtyMeter::open() {
-  const std::string refusal = pty_.open();
-  return refusal.empty() ? make_link() : refusal;
+  std::string refusal = pty_.open();
+  if (refusal.empty()) refusal = make_link();
+  if (!refusal.empty()) pty_.close();
+  return refusal;
 }
 
 std::string PtyMeter::make_link() const {
@@ -95,24 +108,34 @@ void PtyMeter::remove_link() const {
 
 std::string PtyMeter::run() {
   const SignalsWhileWaiting signals;
+  if (std::string refusal = open(); !refusal.empty()) return refusal;
+  say(pty_.device());
   while (true) {
     double now_s = monotonic_s();
-    if (const std::string refusal = plug_back(now_s); !refusal.empty()) return refusal;
+    if (std::string refusal = plug_back(now_s); !refusal.empty()) return refusal;
     pty_.write(meter_.take_output(now_s));
     pty_.lift_exclusive_use();
     std::array<pollfd, 2> descriptors = {
         {{pty_.descriptor(), POLLIN, 0}, {console_open_ ? STDIN_FILENO : -1, POLLIN, 0}}};
-    if (!signals.wait(descriptors, wait_s(now_s))) return {};
+    if (!signals.wait(descriptors, wait_s(now_s))) break;
     now_s = monotonic_s();
     if (descriptors[0].revents != 0) meter_.receive(pty_.read(), now_s);
-    if (descriptors[1].revents != 0 && !take_console(now_s)) return {};
+    if (descriptors[1].revents != 0 && !take_console(now_s)) break;
   }
+  unplug();
+  return {};
+}
+
+// The link goes first: the number of a closed device is soon given to another one.
+void PtyMeter::unplug() {
+  remove_link();
+  pty_.close();
 }
 
 std::string PtyMeter::plug_back(double now_s) {
   if (pty_.is_open() || now_s < plug_back_s_) return {};
   std::string refusal = open();
-  if (refusal.empty()) say("plugged " + device());
+  if (refusal.empty()) say("plugged " + pty_.device());
   return refusal;
 }
 
@@ -133,8 +156,7 @@ bool PtyMeter::take_console(double now_s) {
     const auto answer = meter_side::obey(console_text_.substr(0, end), meter_);
     console_text_.erase(0, end + 1);
     if (answer.unplug_s) {
-      remove_link();
-      pty_.close();
+      unplug();
       plug_back_s_ = now_s + *answer.unplug_s;
     }
     if (!answer.text.empty()) say(answer.text);

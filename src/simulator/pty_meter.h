@@ -12,22 +12,17 @@ class PtyMeter {
  public:
   // The meter outlives this. A link path that is not empty becomes a symbolic link to the device.
   PtyMeter(Meter& meter, std::string link_path);
-  ~PtyMeter();
-  PtyMeter(const PtyMeter&) = delete;
-  PtyMeter& operator=(const PtyMeter&) = delete;
 
-  // Opens the device and makes the link, in place of a stale one. Empty when it went well, otherwise one
-  // sentence.
-  std::string open();
-
-  const std::string& device() const { return pty_.device(); }
-
-  // Serves until "quit" on the standard input, SIGTERM or SIGINT; the end of the standard input does not end
-  // it. The answers to commands (console.h) go to the standard output, and "plugged DEVICE" when a pulled
-  // cable is back. Empty when it ended as asked, otherwise one sentence.
+  // Opens the device, makes the link in place of a stale one, prints the path of the device as the first line
+  // on standard output, and serves until "quit" on standard input, SIGTERM or SIGINT; the end of standard
+  // input does not end it. The answers to commands (console.h) go to standard output, and "plugged DEVICE"
+  // when a pulled cable is back. At the end device and link are gone. Empty when it ended as asked, otherwise
+  // one sentence.
   std::string run();
 
  private:
+  std::string open();
+  void unplug();
   std::string make_link() const;
   void remove_link() const;
   std::string plug_back(double now_s);

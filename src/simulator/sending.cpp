@@ -56,7 +56,7 @@ void SendQueue::catch_up(double now_s) {
 std::size_t SendQueue::waiting(double now_s) const {
   std::size_t count = arrived_.size();
   for (const Transmission& transmission : queue_) count += transmission.arrived(now_s);
-  return count - collected_;
+  return std::min(count - collected_, most_untaken_bytes);
 }
 
 double SendQueue::next_s(double now_s) const {
