@@ -1,0 +1,331 @@
+// The world, the clock and the timers together: what happens while a handler waits.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QThread>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "platform/program_end.h"
+#include "platform/qt/core/qt_clock.h"
+#include "platform/qt/core/qt_timer.h"
+#include "platform/qt/core/qt_world.h"
+#include "platform/qt/core/steady_time.h"
+#include "qt_events.h"
+
+namespace halden {
+namespace {
+
+class QtWaitTest : public testing::Test {
+ protected:
+  void wait(Yield yield, double duration_s) {
+    const double end_s = clock_.monotonic_s() + duration_s;
+    while (clock_.monotonic_s() < end_s) clock_.pause(yield, end_s - clock_.monotonic_s());
+  }
+
+  // Runs `event` from the event loop, as soon as somebody runs one.
+  template <typename Event>
+  void post(Event event) {
+    QMetaObject::invokeMethod(&world_, event, Qt::QueuedConnection);
+  }
+
+  // Runs the program with one handler; returns the code the event loop was left with.
+  int run_program(const std::function<void()>& handler) {
+    post([this, handler] { world_.run(handler); });
+    QTimer::singleShot(10000, &world_, [] { QCoreApplication::exit(1); });
+    return QCoreApplication::exec();
+  }
+
+  QtWorld world_;
+  QtClock clock_{world_};
+};
+
+TEST_F(QtWaitTest, PausesEndInTimeAndDeliverWhatIsPending) {
+  int delivered = 0;
+  post([&] { ++delivered; });
+  clock_.pause(Yield::yes, 0.0);
+  EXPECT_EQ(delivered, 1);
+
+  const double began_s = clock_.monotonic_s();
+  for (int i = 0; i < 100; ++i) clock_.pause(Yield::yes, i % 2 == 0 ? 0.0 : -1.0);
+  EXPECT_LT(clock_.monotonic_s() - began_s, 0.25);  // 100 full turns would take 0.5 s
+}
+
+TEST_F(QtWaitTest, AWaitCostsLittle) {
+  const std::clock_t began = std::clock();
+  wait(Yield::no, 0.5);
+  EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.15);
+}
+
+TEST_F(QtWaitTest, MirrorsFollowHandlersAndEveryTurn) {
+  int value = 0;
+  std::vector<int> shown;
+  world_.add_mirror([&] { shown.push_back(value); });
+  world_.run([&] {
+    value = 1;
+    clock_.pause(Yield::yes, 0.0);
+    value = 2;
+    clock_.pause(Yield::no, 0.0);
+    value = 3;
+  });
+  EXPECT_EQ(shown, (std::vector<int>{1, 2, 3}));
+}
+
+// A mirror shows a window, which calls a handler, which changes a value: it must be shown, without endless
+// nesting.
+TEST_F(QtWaitTest, AMirrorThatCausesAHandlerIsRepeated) {
+  std::string value = "hidden";
+  std::string shown;
+  int depth = 0;
+  world_.add_mirror([&] {
+    EXPECT_EQ(++depth, 1);
+    shown = value;
+    if (value == "hidden") world_.run([&] { value = "loaded"; });
+    --depth;
+  });
+  world_.refresh();
+  EXPECT_EQ(shown, "loaded");
+}
+
+TEST_F(QtWaitTest, OnlyAWaitThatDoesNotYieldHolds) {
+  std::vector<bool> holding;
+  const auto note = [&] { holding.push_back(world_.holding()); };
+  world_.run([&] {
+    for (const Yield yield : {Yield::no, Yield::yes, Yield::no}) {
+      post(note);
+      clock_.pause(yield, 0.0);
+      note();
+    }
+    post([&] {  // nested: an event inside a held turn that waits itself
+      clock_.pause(Yield::no, 0.0);
+      note();
+    });
+    clock_.pause(Yield::no, 0.0);
+  });
+  EXPECT_EQ(holding, (std::vector<bool>{true, false, false, false, true, false, true}));
+}
+
+TEST_F(QtWaitTest, ALongWaitIsAnnouncedOnceAndItsEndToo) {
+  std::string log;
+  QObject::connect(&world_, &QtWorld::long_wait_began, &world_, [&] { log += "began "; });
+  QObject::connect(&world_, &QtWorld::wait_over, &world_, [&] { log += "over "; });
+  world_.run([&] { wait(Yield::no, 0.1); });
+  EXPECT_EQ(log, "over ");
+  log.clear();
+  world_.run([&] {
+    wait(Yield::no, 0.2);
+    wait(Yield::no, 0.3);
+    clock_.pause(Yield::yes, 0.0);
+    log += "yielded ";
+    wait(Yield::no, 0.1);
+  });
+  EXPECT_EQ(log, "began over yielded over ");
+}
+
+TEST_F(QtWaitTest, TicksKeepTheirPeriod) {
+  QtTimer timer(world_);
+  int ticks = 0;
+  timer.on_tick([&] { ++ticks; });
+  timer.set_period_ms(20);
+  run_events_for(50);
+  EXPECT_EQ(ticks, 0);
+  const double began_s = steady_s();
+  timer.set_enabled(true);
+  ASSERT_TRUE(run_events_until([&] { return ticks >= 20; }));
+  const double took_s = steady_s() - began_s;
+  EXPECT_GE(took_s, 0.4);
+  EXPECT_LT(took_s, 0.8);
+  timer.set_enabled(false);
+  ticks = 0;
+  run_events_for(60);
+  EXPECT_EQ(ticks, 0);
+}
+
+// Held for three and a half periods: nothing during the wait, one tick after it, the next one on the old
+// grid.
+TEST_F(QtWaitTest, AHeldWaitKeepsOneTick) {
+  QtTimer timer(world_);
+  std::vector<double> ticks_s;
+  timer.on_tick([&] { ticks_s.push_back(steady_s()); });
+  timer.set_period_ms(60);
+  const double began_s = steady_s();
+  timer.set_enabled(true);
+  double wait_ended_s = 0;
+  world_.run([&] {
+    wait(Yield::no, 0.210);
+    wait_ended_s = steady_s();
+    EXPECT_TRUE(ticks_s.empty());
+  });
+  ASSERT_TRUE(run_events_until([&] { return ticks_s.size() >= 3; }));
+  EXPECT_GE(ticks_s[0], wait_ended_s);
+  for (std::size_t i = 1; i < ticks_s.size(); ++i) {
+    const double periods_before = static_cast<double>(static_cast<int>((ticks_s[i - 1] - began_s) / 0.060));
+    EXPECT_GE(ticks_s[i], began_s + (periods_before + 1) * 0.060 - 0.001) << i;
+  }
+}
+
+// The tick that was held over comes as soon as the same handler lets events through, and is dropped by
+// switching off.
+TEST_F(QtWaitTest, AHeldTickComesWithTheNextYieldUnlessSwitchedOff) {
+  QtTimer kept(world_);
+  QtTimer dropped(world_);
+  int kept_ticks = 0;
+  int dropped_ticks = 0;
+  kept.on_tick([&] { ++kept_ticks; });
+  dropped.on_tick([&] { ++dropped_ticks; });
+  for (QtTimer* timer : {&kept, &dropped}) {
+    timer->set_period_ms(1000);
+    timer->set_period_ms(50);
+    timer->set_enabled(true);
+  }
+  world_.run([&] {
+    wait(Yield::no, 0.07);
+    EXPECT_EQ(kept_ticks, 0);
+    dropped.set_enabled(false);
+    dropped.set_period_ms(10000);
+    dropped.set_enabled(true);
+    clock_.pause(Yield::yes, 0.0);
+    clock_.pause(Yield::yes, 0.0);
+    EXPECT_EQ(kept_ticks, 1);
+  });
+  EXPECT_EQ(dropped_ticks, 0);
+}
+
+TEST_F(QtWaitTest, HoldingTicksBackCostsNothing) {
+  QtTimer timer(world_);
+  timer.on_tick([] { FAIL(); });
+  timer.set_period_ms(1);
+  timer.set_enabled(true);
+  const std::clock_t began = std::clock();
+  world_.run([&] {
+    wait(Yield::no, 0.5);
+    timer.set_enabled(false);
+  });
+  EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.15);
+}
+
+TEST_F(QtWaitTest, ATickNeverRunsInsideItselfButInsideTheOthers) {
+  QtTimer timer1(world_);
+  QtTimer timer2(world_);
+  bool in_tick2 = false;
+  int ticks1_inside = 0;
+  int ticks2 = 0;
+  timer1.on_tick([&] { ticks1_inside += in_tick2 ? 1 : 0; });
+  timer2.on_tick([&] {
+    EXPECT_FALSE(in_tick2);
+    in_tick2 = true;
+    timer2.set_enabled(true);  // as a handler does that stops and resumes polling
+    wait(Yield::yes, 0.1);
+    in_tick2 = false;
+    ++ticks2;
+  });
+  for (QtTimer* timer : {&timer1, &timer2}) {
+    timer->set_period_ms(20);
+    timer->set_enabled(true);
+  }
+  ASSERT_TRUE(run_events_until([&] { return ticks2 >= 2; }));
+  EXPECT_GE(ticks1_inside, 2);
+}
+
+TEST_F(QtWaitTest, EndingTheProgramCutsTheWaitShortAndLeavesTheLoop) {
+  for (const Yield yield : {Yield::yes, Yield::no}) {
+    QtWorld world;
+    QtClock clock(world);
+    bool complete = true;
+    bool went_on = false;
+    const int code = run_program([&] {
+      QTimer::singleShot(10, &world, [&] { world.end_program(); });
+      complete = world.run([&] {
+        for (int turn = 0; turn < 1000; ++turn) clock.pause(yield, 1.0);
+        went_on = true;
+      });
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_FALSE(complete);
+    EXPECT_FALSE(went_on);
+    EXPECT_TRUE(world.ending());
+  }
+}
+
+// A click inside a yielding wait ends the program: both handlers unwind, inner first, then the loop is left.
+TEST_F(QtWaitTest, NestedHandlersUnwindBeforeTheLoopIsLeft) {
+  std::string log;
+  struct Unwound {
+    std::string& log;
+    const char* name;
+    ~Unwound() { log += name; }
+  };
+  world_.on_end([&] { log += "windows "; });
+  world_.on_end([&] { log += "files "; });
+  world_.add_mirror([&] { log += world_.ending() ? "mirror-too-late " : ""; });
+  QtTimer timer(world_);
+  timer.set_period_ms(1);
+  timer.on_tick([&] { log += world_.ending() ? "tick-too-late " : ""; });
+  timer.set_enabled(true);
+  const int code = run_program([&] {
+    const Unwound outer{log, "outer "};
+    post([&] {
+      world_.run([&] {
+        const Unwound inner{log, "inner "};
+        world_.end_program();
+        world_.end_program();
+        log += "ending ";
+        clock_.pause(Yield::yes, 1.0);
+        log += "went-on ";
+      });
+    });
+    wait(Yield::yes, 5.0);
+    log += "went-on ";
+  });
+  EXPECT_EQ(code, 0);
+  EXPECT_EQ(log, "windows files ending inner outer ");
+  EXPECT_FALSE(world_.run([&] { log += "ran-after-the-end "; }));
+  EXPECT_THROW(clock_.pause(Yield::no, 0.0), ProgramEnded);
+  EXPECT_EQ(log, "windows files ending inner outer ");
+}
+
+TEST_F(QtWaitTest, AProgramThatEndsBeforeTheLoopStartsLeavesItAtOnce) {
+  world_.end_program();
+  QTimer::singleShot(10000, &world_, [] { QCoreApplication::exit(1); });
+  EXPECT_EQ(QCoreApplication::exec(), 0);
+}
+
+TEST(QtClockDate, TheYearOfADateFormatGetsFourDigits) {
+  const std::pair<QString, QString> rows[] = {
+      {QStringLiteral("M/d/yy"), QStringLiteral("M/d/yyyy")},
+      {QStringLiteral("dd.MM.yy"), QStringLiteral("dd.MM.yyyy")},
+      {QStringLiteral("yy-MM-dd"), QStringLiteral("yyyy-MM-dd")},
+      {QStringLiteral("yyyy/M/d"), QStringLiteral("yyyy/M/d")},
+      {QStringLiteral("d 'yy' yy"), QStringLiteral("d 'yy' yyyy")},
+      {QStringLiteral("d ''yy"), QStringLiteral("d ''yyyy")},
+      {QString(), QString()},
+  };
+  for (const auto& [format, expected] : rows)
+    EXPECT_EQ(with_four_digit_year(format).toStdString(), expected.toStdString());
+}
+
+TEST(QtClockDate, AgreesWithTheComputersCalendar) {
+  QtWorld world;
+  const QtClock clock(world);
+  std::time_t before = 0;
+  std::tm local = {};
+  Date today;
+  std::string text;
+  double seconds = 0;
+  std::time_t after = 1;
+  while (before != after) {  // once more when a second, and perhaps a day, ends in between
+    before = std::time(nullptr);
+    local = *std::localtime(&before);
+    today = clock.today();
+    text = clock.short_date();
+    seconds = clock.seconds_since_midnight();
+    after = std::time(nullptr);
+  }
+  EXPECT_EQ(today, (Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}));
+  EXPECT_NE(text.find(std::to_string(local.tm_year + 1900)), std::string::npos) << text;
+  EXPECT_NEAR(seconds, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec, 1.0);
+}
+
+}  // namespace
+}  // namespace halden
