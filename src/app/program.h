@@ -13,7 +13,7 @@
 #include "link/waits.h"
 #include "live/live_monitor.h"
 #include "live/live_readings.h"
-#include "live/meter_settings.h"
+#include "live/settings_panel.h"
 #include "live/phasor_geometry.h"
 #include "live/power_monitor.h"
 #include "live/sample_clock.h"
@@ -63,7 +63,7 @@ struct Program {
   LiveMonitor monitor;
   LivePoll live_poll;
   ViewSelection views;
-  MeterSettings settings;
+  SettingsPanel settings;
   Configuration configuration;
   StatusLine status_line;
   PortChoice port_choice;

@@ -3,7 +3,7 @@
 // A frame is text made of labelled fields: two characters ("V", "I", "W", "P" or "Q" and the phase digit),
 // one separator, six value characters. One group of five fields per phase in use, in the order of the phases:
 //
-//   V1=  2301  I1=  1234  W1= 27805  P1=     0  Q1=   116V2=  2298  ...
+//   V1=  2301  I1= 12340  W1=  2781  P1=     0  Q1=   116V2=  2298  ...
 //
 // V in 0.1 V; I and W in 0.1 mA and 0.1 W times ten to the current range; P and Q, the angles of voltage and
 // current, in tenths of a degree.

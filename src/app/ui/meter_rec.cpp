@@ -63,6 +63,7 @@ void MeterRec::build_content() {
   column->addWidget(content_, 1);
   column->addWidget(status_line_);
   setCentralWidget(central);
+  central->setFocus();  // no button looks pressed before the user has taken to the keyboard
 }
 
 void MeterRec::build_shortcuts() {

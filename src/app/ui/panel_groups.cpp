@@ -14,6 +14,8 @@ namespace {
 
 constexpr int smallest_digits = 9;
 constexpr int largest_digits = 400;
+// The readings of the phases come first: wide panels elsewhere do not shout them down.
+constexpr double at_most_of_phases = 1.4;
 constexpr double design_caption_pixels = 12.0;
 constexpr int usual_smallest_caption = 11;
 constexpr int smallest_caption = 7;
@@ -41,7 +43,13 @@ void PanelGroups::add(const std::string& value_name, int phase, const std::strin
 }
 
 void PanelGroups::fit(double scale) {
-  for (const Group& group : groups_) fit_group(group, scale);
+  int largest = largest_digits;
+  for (const Group& group : groups_) {
+    const QFont caption_font = fit_captions(group, scale);
+    const int pixels = fit_digits(group, caption_font, largest);
+    for (const Member& member : group) member.panel->set_fonts(caption_font, pixels);
+    if (&group == &groups_.front()) largest = static_cast<int>(pixels * at_most_of_phases);
+  }
 }
 
 void PanelGroups::set_theme(const Theme& theme) {
@@ -59,15 +67,14 @@ QFont PanelGroups::fit_captions(const Group& group, double scale) {
   return with_pixel_size(text_font(), pixels);
 }
 
-void PanelGroups::fit_group(const Group& group, double scale) {
-  const QFont caption_font = fit_captions(group, scale);
-  int pixels = largest_digits;
+int PanelGroups::fit_digits(const Group& group, const QFont& caption_font, int largest) {
+  int pixels = largest;
   for (const Member& member : group) {
     const QSize room = ValuePanel::value_room(member.panel->size(), caption_font);
     if (!member.panel->isHidden())
       pixels = largest_size(reading_font(), member.widest, room, smallest_digits, pixels);
   }
-  for (const Member& member : group) member.panel->set_fonts(caption_font, pixels);
+  return pixels;
 }
 
 }  // namespace halden

@@ -29,7 +29,7 @@ class PanelGroups {
   using Group = std::vector<Member>;
 
   static QFont fit_captions(const Group& group, double scale);
-  static void fit_group(const Group& group, double scale);
+  static int fit_digits(const Group& group, const QFont& caption_font, int largest);
 
   std::vector<Group> groups_ = std::vector<Group>(5);
 };

@@ -26,6 +26,7 @@ QFont make_text_font() {
   QFont font;
   const QStringList present = families();
   if (!present.isEmpty()) font.setFamilies(present);
+  font.setWeight(QFont::Normal);  // said aloud, so that nothing inherits another
   return font;
 }
 

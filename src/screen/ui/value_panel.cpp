@@ -12,11 +12,11 @@ namespace {
 
 constexpr int bar_width = 4;
 constexpr int corner = 5;
-constexpr int side_margin = 8;  // between the frame (or its bar) and caption and digits
+constexpr int side_margin = 7;  // between the frame (or its bar) and caption and digits
 constexpr int top_margin = 5;
 constexpr int bottom_margin = 4;
 
-// A text field keeps two pixels free on either side, one above and below, and one for its cursor.
+// A text field keeps two pixels free on either side, which is undone here, one above and below, and one for its cursor.
 constexpr int field_margin = 2;
 constexpr int field_margins_vertical = 2;
 constexpr int cursor_width = 1;
@@ -31,12 +31,13 @@ ReadingField::ReadingField(const QString& object_name, QWidget* parent) : QLineE
   set_role(*this, Role::reading);
   setReadOnly(true);
   setFrame(false);
+  setTextMargins(-field_margin, 0, -field_margin, 0);
   setFocusPolicy(Qt::ClickFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(this, &QLineEdit::textChanged, this, &ReadingField::fit);
 }
 
-int ReadingField::text_room(int field_width) { return field_width - 2 * field_margin - cursor_width; }
+int ReadingField::text_room(int field_width) { return field_width - cursor_width; }
 
 void ReadingField::set_size(int pixels) {
   size_ = pixels;

@@ -1,10 +1,10 @@
-#include "live/meter_settings.h"
+#include "live/settings_panel.h"
 
 #include "live/once_per_sample.h"
 
 namespace halden {
 
-void MeterSettings::get_hz() {
+void SettingsPanel::get_hz() {
   polling_.stop_polling();
   query_.query_meter_status();
   arrange_for_system(status_.wiring_system, window_, label_column_left_);
@@ -12,6 +12,6 @@ void MeterSettings::get_hz() {
   reset_kwh();
 }
 
-void MeterSettings::reset_kwh() { reset_energy_and_demand(readings_, window_); }
+void SettingsPanel::reset_kwh() { reset_energy_and_demand(readings_, window_); }
 
 }  // namespace halden

@@ -11,9 +11,9 @@
 
 namespace halden {
 
-class MeterSettings {
+class SettingsPanel {
  public:
-  MeterSettings(Polling& polling, StatusQuery& query, const MeterStatus& status, Readings& readings,
+  SettingsPanel(Polling& polling, StatusQuery& query, const MeterStatus& status, Readings& readings,
                 Window& meter_rec, const LabelColumns& label_column_left)
       : polling_(polling),
         query_(query),
