@@ -1,0 +1,88 @@
+// Maximum and average demand: averages of the system powers over whole demand periods.
+#include <limits>
+#include <optional>
+
+#include "readings/numbers.h"
+#include "readings/over_range.h"
+#include "readings/readings.h"
+#include "readings/scaled_text.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double seconds_per_minute = 60.0;
+
+// Keeps and shows the average; on an overflow neither changes.
+void show_demand(const Scaling& scaling, double average, const UnitTable& units, double& kept,
+                 std::string& text) {
+  auto new_text = power_text_of(scaling, average, Division::real, units);
+  if (!new_text) return;
+  kept = average;
+  text = std::move(*new_text);
+}
+
+}  // namespace
+
+void Readings::count_demand_sample() {
+  // Without a demand period the counter may run on for years.
+  if (demand_samples < std::numeric_limits<std::int32_t>::max()) ++demand_samples;
+}
+
+bool Readings::demand_period_complete(double t) const {
+  return t != 0.0 && demand_samples > 0 && demand_samples >= scaling_.md_period * seconds_per_minute / t;
+}
+
+void Readings::advance_maximum_demand_w(double t) {
+  if (any_over_range({system_w_raw})) {
+    demand_w_text = overload_text;
+    return;
+  }
+  demand_w_sum += system_w_raw;
+  if (!demand_period_complete(t)) return;
+  const double average = demand_w_sum / demand_samples;
+  if (average >= max_demand_w) show_demand(scaling_, average, w_units, max_demand_w, demand_w_text);
+}
+
+void Readings::advance_maximum_demand_va(double t) {
+  if (any_over_range({system_va_raw})) {
+    demand_va_text = overload_text;
+    return;
+  }
+  demand_va_sum += system_va_raw;
+  if (!demand_period_complete(t)) return;
+  const double average = demand_va_sum / demand_samples;
+  if (average >= max_demand_va) show_demand(scaling_, average, va_units, max_demand_va, demand_va_text);
+}
+
+void Readings::advance_average_demand_w(double t) {
+  if (any_over_range({system_w_raw})) {
+    average_w_text = overload_text;
+    return;
+  }
+  average_w_sum += system_w_raw;
+  if (!demand_period_complete(t)) return;
+  show_demand(scaling_, average_w_sum / demand_samples, w_units, average_demand_w, average_w_text);
+}
+
+void Readings::advance_average_demand_va(double t) {
+  if (any_over_range({system_va_raw})) {
+    average_va_text = overload_text;
+    return;
+  }
+  const auto sum = to_int32(average_va_sum + system_va_raw);
+  if (!sum) return;
+  average_va_sum = *sum;
+  if (!demand_period_complete(t)) return;
+  show_demand(scaling_, static_cast<double>(average_va_sum) / demand_samples, va_units, average_demand_va,
+              average_va_text);
+}
+
+void Readings::reset_demand_period(double t) {
+  if (!demand_period_complete(t)) return;
+  demand_samples = 0;
+  demand_w_sum = demand_va_sum = average_w_sum = 0.0;
+  average_va_sum = 0;
+}
+
+}  // namespace halden

@@ -1,0 +1,49 @@
+// Energy as running sums of raw system powers.
+#include "readings/over_range.h"
+#include "readings/readings.h"
+#include "readings/scaled_text.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double seconds_per_hour = 3600.0;
+
+// The sum stays free of time and ratios, so that a changed setting shows at once.
+void advance_energy(const Scaling& scaling, double raw, double t, const UnitTable& units, double& sum,
+                    std::string& text) {
+  if (any_over_range({raw})) {
+    text = overload_text;
+    return;
+  }
+  sum += raw;
+  text = energy_text_of(scaling, sum * t / seconds_per_hour, units);
+}
+
+}  // namespace
+
+void Readings::advance_energy_wh(double t) {
+  advance_energy(scaling_, system_w_raw, t, wh_units, energy_wh, energy_wh_text);
+}
+
+void Readings::advance_energy_varh(double t) {
+  advance_energy(scaling_, system_var_raw, t, varh_units, energy_varh, energy_varh_text);
+}
+
+void Readings::advance_energy_vah(double t) {
+  advance_energy(scaling_, system_va_raw, t, vah_units, energy_vah, energy_vah_text);
+}
+
+void Readings::reset_energy_and_demand() {
+  energy_wh = energy_varh = energy_vah = 0.0;
+  energy_pf_raw = 0;
+  demand_samples = 0;
+  demand_w_sum = demand_va_sum = average_w_sum = 0.0;
+  average_va_sum = 0;
+  max_demand_w = max_demand_va = average_demand_w = average_demand_va = 0.0;
+  demand_w_text = demand_va_text = no_demand_text;
+  average_w_text.clear();
+  average_va_text.clear();
+}
+
+}  // namespace halden

@@ -1,0 +1,29 @@
+// Numbers the way the meter and the user's boxes need them: read leniently, rounded half to even, never
+// undefined. Nothing here depends on the desktop's locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace halden {
+
+// The number at the start of a text: leading blanks, an optional sign (blanks may stand between it and the
+// digits), digits, optionally a point with digits. There is no exponent; whatever follows is ignored. No
+// digits give 0, more digits than a double can hold give the largest double. The result is finite and never
+// -0.
+double leading_number(std::string_view text);
+
+// To the nearest whole number, halves to the even one; never -0.
+double round_half_even(double value);
+
+// x \ y: both are rounded to whole numbers (halves to even), then the quotient is cut toward zero. y rounds
+// to something other than 0; a y that rounds to 0 after all gives 0. What exceeds 9e18 counts as 9e18, NaN as
+// 0.
+std::int64_t integer_quotient(double x, double y);
+
+// Rounded half to even; nothing when the result does not fit, and for NaN.
+std::optional<std::int16_t> to_int16(double value);
+std::optional<std::int32_t> to_int32(double value);
+
+}  // namespace halden
