@@ -1,0 +1,55 @@
+// Texts on the screen and in files keep the decimal point under a desktop that writes commas.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdio>
+#include <locale>
+#include <string>
+
+#include "readings/numbers.h"
+#include "readings/readings.h"
+
+namespace halden {
+namespace {
+
+void expect_points() {
+  Scaling scaling;
+  scaling.ct_ratio = scaling.pt_ratio = 1;
+  Readings readings(scaling);
+  readings.voltage(12345);
+  EXPECT_EQ(readings.voltage_text, "1.234KV");
+  readings.power_factor(500, 1000);
+  EXPECT_EQ(readings.pf_text, "0.50");
+  readings.phase_angle(2300, 50, 305, 0);
+  EXPECT_EQ(readings.angle_text, "030.5");
+  EXPECT_EQ(leading_number("12.75"), 12.75);
+  EXPECT_EQ(leading_number("12,75"), 12.0);
+}
+
+TEST(Locale, ACommaInTheCLocaleChangesNothing) {
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  const char* german = nullptr;
+  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "German_Germany.1252"})
+    if (!german) german = std::setlocale(LC_ALL, name);
+  if (!german) GTEST_SKIP() << "no German locale on this system";
+  char text[16];
+  std::snprintf(text, sizeof text, "%.1f", 0.5);
+  EXPECT_STREQ(text, "0,5");  // the locale does what it is here for
+  expect_points();
+  std::setlocale(LC_ALL, before.c_str());
+}
+
+class CommaNumbers : public std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(Locale, ACommaInTheStreamLocaleChangesNothing) {
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaNumbers));
+  expect_points();
+  std::locale::global(before);
+}
+
+}  // namespace
+}  // namespace halden

@@ -1,0 +1,343 @@
+// The readings of one phase. All expected texts are worked out on paper; the comments show the arithmetic.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+#include "readings/readings.h"
+#include "readings/scaled_text.h"
+
+namespace halden {
+namespace {
+
+Scaling scaling_of(int ct, int pt, float clamp, int range) {
+  Scaling scaling;
+  scaling.ct_ratio = static_cast<std::int16_t>(ct);
+  scaling.pt_ratio = static_cast<std::int16_t>(pt);
+  scaling.current_scale = clamp;
+  scaling.current_range = static_cast<std::int16_t>(range);
+  return scaling;
+}
+
+TEST(PrefixText, EveryExponentHasItsPointAndUnit) {
+  const char* const texts[] = {"123.4mA", "1.234A",  "12.34A",  "123.4A",  "1.234KA", "12.34KA", "123.4KA",
+                               "1.234MA", "12.34MA", "123.4MA", "1.234GA", "12.34GA", "123.4GA", "1.234GA"};
+  int exponent = 0;
+  for (const char* text : texts) {
+    EXPECT_EQ(prefix_text(1234, exponent, Division::integer, current_units), text);
+    EXPECT_EQ(prefix_text(-1234, exponent, Division::real, current_units), "-" + std::string(text));
+    ++exponent;
+  }
+}
+
+TEST(PrefixText, AlwaysFourDigits) {
+  const struct {
+    double value;
+    Division division;
+    const char* text;
+  } cases[] = {
+      {9999.4, Division::real, "999.9W"},
+      {9999.5, Division::real, "1.000KW"},  // rounds to five digits: 999.95 -> 1000 at exponent 1
+      {9999.6, Division::real, "1.000KW"},
+      {9999.6, Division::integer, "1.000KW"},  // 10000 \ 10
+      {-9999.6, Division::integer, "-1.000KW"},
+      {-9999.6, Division::real, "-1.000KW"},
+      {99994, Division::real, "9.999KW"},  // 9999.4
+      {99995, Division::real, "10.00KW"},  // 9999.5 would be 10000, 999.95 -> 1000 at exponent 2
+      {99995, Division::integer, "9.999KW"},
+      {99999, Division::integer, "9.999KW"},
+      {0.4, Division::real, "000.0W"},
+      {-0.4, Division::real, "000.0W"},
+      {-0.5, Division::real, "-000.1W"},
+      {1e300 * 1e300, Division::real, "  OL "},
+      {std::numeric_limits<double>::quiet_NaN(), Division::integer, "  OL "},
+  };
+  for (const auto& c : cases) EXPECT_EQ(prefix_text(c.value, 0, c.division, w_units), c.text) << c.value;
+}
+
+TEST(Current, RangesRatiosAndClamp) {
+  const struct {
+    double raw;
+    int ct;
+    float clamp;
+    int range;
+    const char* text;
+  } cases[] = {
+      {1234, 1, 1.0f, 0, "123.4mA"},
+      {1234, 1, 1.0f, 1, "1.234A"},
+      {1234, 1, 1.0f, 2, "12.34A"},
+      {1234, 1, 1.0f, 3, "123.4A"},
+      {1234, 1, 1.0f, 7, "123.4A"},
+      {1234, 1, 1.0f, -1, "123.4A"},
+      {5, 1, 1.0f, 0, "000.5mA"},
+      {5, 1, 1.0f, 1, "0.005A"},
+      {0, 1, 1.0f, 0, "000.0mA"},
+      {-5, 1, 1.0f, 0, "-000.5mA"},
+      {-1234, 1, 1.0f, 1, "-1.234A"},
+      {-1234, 1, 1.0f, 2, "-12.34A"},
+      {9999, 1, 1.0f, 0, "999.9mA"},
+      {10000, 1, 1.0f, 0, "1.000A"},
+      {-10000, 1, 1.0f, 1, "-10.00A"},
+      {19999, 1, 1.0f, 1, "19.99A"},  // 1999, cut
+      {1234, 5, 1.0f, 0, "0.617A"},   // 6170 \ 10 at exponent 1
+      {3, 5, 1.0f, 0, "0.001A"},      // 15 \ 10
+      {1234, 5, 1.0f, 1, "6.170A"},   // no further division outside range 0
+      {2000, 10, 1.0f, 0, "2.000A"},  // 20000 \ 10
+      {1111, 1, 3.0f, 1, "3.333A"},
+      {8332, 1, 1.2f, 1, "9.998A"},  // 9998.4
+      {8333, 1, 1.2f, 1, "10.00A"},  // 9999.6 would be 10000 with five digits
+      {8333, 1, 1.2f, 0, "1.000A"},
+      {9999, 10, 1.0f, 3, "9.999KA"},  // 99990 -> 9999 at exponent 4
+      {9999, 100, 1.0f, 3, "99.99KA"},
+      {9999, 1000, 1.0f, 3, "999.9KA"},
+      {9999, 10000, 1.0f, 3, "9.999MA"},
+      {199999, 10000, 1.0f, 3, "199.9MA"},  // 1999990000 -> 1999 at exponent 9
+      {-1, 5, 1.2f, 2, "  OL "},
+  };
+  for (const auto& c : cases) {
+    const Scaling scaling = scaling_of(c.ct, 1, c.clamp, c.range);
+    Readings readings(scaling);
+    readings.current(c.raw);
+    EXPECT_EQ(readings.current_text, c.text) << c.raw << " CT " << c.ct << " range " << c.range;
+  }
+}
+
+TEST(Voltage, Units) {
+  const struct {
+    double raw;
+    int pt;
+    const char* text;
+  } cases[] = {
+      {2300, 1, "230.0V"},   {23000, 100, "230.0KV"}, {9999, 1, "999.9V"},      {10000, 1, "1.000KV"},
+      {12345, 1, "1.234KV"}, {2300, 50, "11.50KV"},   {23000, 1000, "2.300MV"}, {50000, 30000, "150.0MV"},
+      {-2300, 1, "-230.0V"}, {0, 1, "000.0V"},        {7, 1, "000.7V"},         {-1, 100, "  OL "},
+  };
+  for (const auto& c : cases) {
+    const Scaling scaling = scaling_of(1, c.pt, 1.2f, 3);  // clamp and range do not touch voltages
+    Readings readings(scaling);
+    readings.voltage(c.raw);
+    EXPECT_EQ(readings.voltage_text, c.text) << c.raw << " PT " << c.pt;
+  }
+}
+
+TEST(LineVoltage, ByTheLawOfCosines) {
+  const struct {
+    double va, vb, angle_a, angle_b;
+    int pt;
+    std::int32_t raw;
+    const char* text;
+  } cases[] = {
+      // pi is 3.14159, so opposed voltages fall a hair short of 4600: 4599.99.. - 0.5 -> 4599
+      {2300, 2300, 0, 1800, 1, 4599, "459.9V"},
+      {2300, 2300, 0, 1800, 100, 4599, "45.99KV"},
+      // 2300 x sqrt(3) = 3983.72 - 0.5 = 3983.22
+      {2300, 2300, 0, 1200, 1, 3983, "398.3V"},
+      {2300, 2300, -1200, 0, 1, 3983, "398.3V"},
+      // sqrt(3000^2 + 4000^2 - 31.8) = 4999.997 - 0.5
+      {3000, 4000, 900, 0, 1, 4999, "499.9V"},
+      // equal voltages: 0 - 0.5 rounds to 0, not to the over-range mark
+      {2300, 2300, 0, 0, 1, 0, "000.0V"},
+      {2301, 2301, 17, 17, 1, 0, "000.0V"},
+      // 2300 - 0.5 and 2301 - 0.5: both halves go to the even 2300
+      {0, 2300, 0, 0, 1, 2300, "230.0V"},
+      {0, 2301, 0, 0, 1, 2300, "230.0V"},
+      {-1, 2300, 0, 1200, 1, -1, "  OL "},
+      {2300, -1, 0, 1200, 1, -1, "  OL "},
+      {2300, 2300, -1, 1200, 1, -1, "  OL "},
+      {2300, 2300, 0, -1, 1, -1, "  OL "},
+  };
+  for (const auto& c : cases) {
+    const Scaling scaling = scaling_of(1, c.pt, 1.0f, 0);
+    Readings readings(scaling);
+    readings.line_voltage(c.va, c.vb, c.angle_a, c.angle_b);
+    EXPECT_EQ(readings.line_voltage_text, c.text)
+        << c.va << ' ' << c.vb << ' ' << c.angle_a << ' ' << c.angle_b;
+    EXPECT_EQ(readings.line_voltage_raw, c.raw);
+  }
+}
+
+TEST(ActivePower, CutsDigits) {
+  const struct {
+    double raw;
+    int ct, pt;
+    float clamp;
+    int range;
+    const char* text;
+  } cases[] = {
+      {1234, 1, 1, 1.0f, 0, "123.4W"},      {1234, 1, 1, 1.0f, 1, "1.234KW"},
+      {1234, 1, 1, 1.0f, 2, "12.34KW"},     {1234, 1, 1, 1.0f, 3, "123.4KW"},
+      {-12345, 1, 1, 1.0f, 1, "-12.34KW"},  {19999, 1, 1, 1.0f, 0, "1.999KW"},
+      {1234, 5, 1, 1.0f, 0, "617.0W"},       // range 0 with a CT: no division, unlike the current
+      {1000, 5, 100, 1.0f, 0, "50.00KW"},    // 500000 -> 5000 at exponent 2
+      {8333, 1, 1, 1.2f, 0, "1.000KW"},      // 9999.6
+      {9999, 10, 10, 1.0f, 3, "99.99MW"},    // 999900 -> 9999 at exponent 5
+      {9999, 1000, 10, 1.0f, 3, "9.999GW"},  // exponent 7
+      {-1, 1, 1, 1.0f, 0, "  OL "},         {-2, 1, 1, 1.0f, 0, "-000.2W"},
+  };
+  for (const auto& c : cases) {
+    const Scaling scaling = scaling_of(c.ct, c.pt, c.clamp, c.range);
+    Readings readings(scaling);
+    readings.active_power(c.raw);
+    EXPECT_EQ(readings.power_text, c.text) << c.raw << " CT " << c.ct << " PT " << c.pt;
+  }
+}
+
+TEST(ApparentPower, FollowsTheSignOfWAndRoundsDigits) {
+  const struct {
+    double v, i, w;
+    int range;
+    double raw;
+    const char* text;
+  } cases[] = {
+      {2300, 5000, 1000, 1, 1150, "1.150KVA"},  // 11500000 \ 10000
+      {2300, 5004, 1000, 1, 1150, "1.150KVA"},  // 11509200 \ 10000, cut
+      {2300, 5000, -1000, 1, -1150, "-1.150KVA"},
+      {2300, 5000, -1, 1, -1150, "-1.150KVA"},  // W is not checked here, and below 0
+      {2300, 5000, 0, 2, 1150, "11.50KVA"},
+      {2300, 5000, 0, 3, 1150, "115.0KVA"},
+      {10000, 12346, 1, 0, 12346, "1.235KVA"},  // 1234.6 rounds; the same W would be cut to 1.234KW
+      {10000, 99996, 1, 0, 99996, "10.00KVA"},  // 9999.6 has five digits, 999.96 -> 1000
+      {1, 1, -5, 0, 0, "000.0VA"},
+      {-1, 5000, 1000, 1, -1, "  OL "},
+      {2300, -1, 1000, 1, -1, "  OL "},
+  };
+  for (const auto& c : cases) {
+    const Scaling scaling = scaling_of(1, 1, 1.0f, c.range);
+    Readings readings(scaling);
+    readings.apparent_power(c.v, c.i, c.w);
+    EXPECT_EQ(readings.va_text, c.text) << c.v << ' ' << c.i << ' ' << c.w;
+    EXPECT_EQ(readings.va_raw, c.raw);
+  }
+}
+
+TEST(ReactivePower, MagnitudeAndSign) {
+  const struct {
+    double va, w, angle_v, angle_i, raw;
+    float magnitude;
+    const char* text;
+  } cases[] = {
+      {500, 300, 0, -369, 400, 399.5f, "040.0VAR"},  // 400 - 0.5, half to the even 400
+      {500, 300, 0, 369, -400, 399.5f, "-040.0VAR"},
+      {-500, -300, 0, 369, -400, 399.5f, "-040.0VAR"},
+      {5, 4, 0, 0, 2, 2.5f, "000.2VAR"},                   // 3 - 0.5, half to the even 2
+      {1000, 1000, 0, 100, 0, -0.5f, "000.0VAR"},          // neither -1 nor -0
+      {1000, 1001, 0, 100, 0, -0.5f, "000.0VAR"},          // W above VA: nothing under the root
+      {500, 300, 1700, -1700, -400, 399.5f, "-040.0VAR"},  // 3400 -> -200
+      {500, 300, -1700, 1700, 400, 399.5f, "040.0VAR"},
+      {500, 300, 900, -900, 400, 399.5f, "040.0VAR"},    // 1800 stays
+      {500, 300, -900, 900, -400, 399.5f, "-040.0VAR"},  // -1800 stays
+      {500, 300, -1, 100, -400, 399.5f, "-040.0VAR"},    // -1 is a real angle here
+      {-1, 300, 0, 0, -1, 0.0f, "  OL "},
+      {500, -1, 0, 0, -1, 0.0f, "  OL "},
+  };
+  const Scaling scaling = scaling_of(1, 1, 1.0f, 0);
+  for (const auto& c : cases) {
+    Readings readings(scaling);
+    readings.reactive_power(c.va, c.w, c.angle_v, c.angle_i);
+    EXPECT_EQ(readings.var_text, c.text) << c.va << ' ' << c.w << ' ' << c.angle_v << ' ' << c.angle_i;
+    EXPECT_EQ(readings.var_raw, c.raw);
+    EXPECT_EQ(readings.var_magnitude, c.magnitude);
+  }
+}
+
+TEST(PowerFactor, RatioLimitAndText) {
+  const struct {
+    double w, va;
+    std::int32_t raw;
+    const char* text;
+  } cases[] = {
+      {500, 1000, 500, "0.50"},                                    // 5002.5 -> 5002 \ 10
+      {500, 0, 0, "0.00"},         {2, 3, 667, "0.66"},            // 6670 \ 10; with 10000 it would be 666
+      {999, 1000, 999, "0.99"},                                    // 9994.995 -> 9995 \ 10; the text is cut
+      {9995, 10000, 1000, "1.00"},                                 // 9999.9975 -> 10000 \ 10
+      {1000, 1000, 1000, "1.00"},  {1200, 1000, 1000, "1.00"},     // limited
+      {-500, -1000, 500, "0.50"},                                  // generating: VA is negative too
+      {-500, 1000, -500, "-0.50"}, {-1200, 1000, -1200, "-1.20"},  // -12006 \ 10, no limit below
+      {-9, 1000, -9, "0.00"},                                      // -90 \ 10 = -9, -9 \ 10 = 0
+      {0, 1000, 0, "0.00"},        {-1, 1000, -1, "  OL "},       {500, -1, -1, "  OL "},
+  };
+  const Scaling scaling = scaling_of(1, 1, 1.0f, 0);
+  for (const auto& c : cases) {
+    Readings readings(scaling);
+    readings.power_factor(c.w, c.va);
+    EXPECT_EQ(readings.pf_text, c.text) << c.w << ' ' << c.va;
+    EXPECT_EQ(readings.pf_raw, c.raw);
+  }
+  Readings readings(scaling);
+  readings.power_factor(999, 1000);
+  EXPECT_EQ(readings.pf_value, 0.99);
+}
+
+TEST(PhaseAngle, ComesBackIntoTheCircleOnce) {
+  const struct {
+    double v, i, angle_v, angle_i, raw;
+    const char* text;
+  } cases[] = {
+      {2300, 50, 500, 195, 305, "030.5"},   {2300, 50, 3500, 0, -100, "-010.0"},
+      {2300, 50, 0, 3500, 100, "010.0"},    {2300, 50, 1800, 0, 1800, "180.0"},
+      {2300, 50, 0, 1800, -1800, "-180.0"}, {2300, 50, 1801, 0, -1799, "-179.9"},
+      {2300, 50, 0, 1801, 1799, "179.9"},   {2300, 50, 5500, 0, 1900, "190.0"},
+      {2300, 50, 0, 0, 0, "000.0"},         {2300, 50, -1, 0, -1, "-000.1"},
+      {2300, 50, 0, -1, 1, "000.1"},        {-1, 50, 300, 0, -1, "  OL "},
+      {2300, -1, 300, 0, -1, "  OL "},
+  };
+  const Scaling scaling = scaling_of(1, 1, 1.0f, 0);
+  for (const auto& c : cases) {
+    Readings readings(scaling);
+    readings.phase_angle(c.v, c.i, c.angle_v, c.angle_i);
+    EXPECT_EQ(readings.angle_text, c.text) << c.angle_v << ' ' << c.angle_i;
+    EXPECT_EQ(readings.angle_raw, c.raw);
+  }
+}
+
+// Every product of the chain is 32-bit. One that does not fit leaves text and values of the call before.
+TEST(Overflow, AbandonsTheMember) {
+  Scaling scaling = scaling_of(1, 1, 1.0f, 0);
+  Readings readings(scaling);
+  readings.current(1234);
+  readings.voltage(2300);
+  readings.line_voltage(2300, 2300, 0, 1800);
+  readings.active_power(1000);
+  readings.apparent_power(2300, 5000, 1);
+  readings.reactive_power(500, 300, 0, 0);
+
+  const auto expect_unchanged = [&](const char* what) {
+    EXPECT_EQ(readings.current_text, "123.4mA") << what;
+    EXPECT_EQ(readings.voltage_text, "230.0V") << what;
+    EXPECT_EQ(readings.line_voltage_text, "459.9V") << what;
+    EXPECT_EQ(readings.line_voltage_raw, 4599) << what;
+    EXPECT_EQ(readings.power_text, "100.0W") << what;
+    EXPECT_EQ(readings.va_text, "115.0VA") << what;
+    EXPECT_EQ(readings.va_raw, 1150) << what;
+    EXPECT_EQ(readings.var_text, "040.0VAR") << what;
+    EXPECT_EQ(readings.var_raw, 400) << what;
+    EXPECT_EQ(readings.var_magnitude, 399.5f) << what;
+  };
+
+  readings.apparent_power(50000, 50000, 1);  // 2.5e9 in V x I
+  expect_unchanged("V x I");
+
+  scaling = scaling_of(30000, 30000, 1.0f, 0);
+  readings.current(100000);  // 3e9
+  readings.current(-100000);
+  readings.voltage(100000);                      // 3e9
+  readings.line_voltage(50000, 50000, 0, 1800);  // 99999 x 30000
+  readings.active_power(100000);                 // 3e9 already with CT
+  readings.apparent_power(50000, 40000, 1);      // 200000 x 30000
+  readings.reactive_power(100000, 0, 0, 0);      // 100000 x 30000
+  expect_unchanged("value x ratio");
+
+  scaling = scaling_of(1000, 10000, 1.0f, 0);
+  readings.active_power(1000);  // 1e6 with CT, 1e10 with PT
+  readings.apparent_power(2300, 5000, 1);
+  readings.reactive_power(1000, 0, 0, 0);
+  expect_unchanged("x CT x PT");
+
+  scaling = scaling_of(10000, 1, 1.2f, 0);
+  readings.current(200000);  // 2e9 fits, 2.4e9 with the clamp does not
+  readings.active_power(200000);
+  expect_unchanged("x CT x clamp");
+}
+
+}  // namespace
+}  // namespace halden
