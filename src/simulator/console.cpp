@@ -1,6 +1,9 @@
 #include "simulator/console.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <vector>
 
 #include "simulator/names.h"
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace halden::meter_side {
 
@@ -67,6 +68,17 @@ bool switch_on_split(std::string_view value, Faults& faults) {
          parse_all(value.substr(colon + 1), faults.split_pause_s);
 }
 
+bool understood(std::string_view fault, Faults& faults) {
+  const auto equals = fault.find('=');
+  if (equals == std::string_view::npos) return switch_on_flag(fault, faults);
+  const auto name = fault.substr(0, equals);
+  const auto value = fault.substr(equals + 1);
+  if (name == "cut") return parse_all(value, faults.cut_after.emplace());
+  if (name == "drop") return parse_all(value, faults.drop_every);
+  if (name == "late") return parse_all(value, faults.late_s);
+  return name == "split" && switch_on_split(value, faults);
+}
+
 }  // namespace
 
 std::string spoiled(std::string reply, const Faults& faults) {
@@ -85,14 +97,10 @@ char meaningless_byte(std::uint64_t position) {
 }
 
 bool switch_on(std::string_view fault, Faults& faults) {
-  const auto equals = fault.find('=');
-  if (equals == std::string_view::npos) return switch_on_flag(fault, faults);
-  const auto name = fault.substr(0, equals);
-  const auto value = fault.substr(equals + 1);
-  if (name == "cut") return parse_all(value, faults.cut_after.emplace());
-  if (name == "drop") return parse_all(value, faults.drop_every);
-  if (name == "late") return parse_all(value, faults.late_s);
-  return name == "split" && switch_on_split(value, faults);
+  Faults changed = faults;
+  if (!understood(fault, changed)) return false;
+  faults = std::move(changed);
+  return true;
 }
 
 }  // namespace halden::meter_side

@@ -43,6 +43,8 @@ TEST(Faults, UnknownNamesAndNumbersAreRefused) {
        {"", "nonsense", "cut", "cut=", "cut=x", "cut=-1", "late=1s", "split=4", "silence=1"}) {
     Faults faults;
     EXPECT_FALSE(meter_side::switch_on(fault, faults)) << fault;
+    EXPECT_FALSE(faults.cut_after.has_value()) << fault;
+    EXPECT_EQ(faults.split_after, 0U) << fault;
   }
 }
 

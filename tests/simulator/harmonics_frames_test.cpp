@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <vector>
@@ -16,7 +17,7 @@ constexpr double pi = std::numbers::pi;
 struct Component {
   int cos = 0;
   int sin = 0;
-  double square() const { return double{1} * cos * cos + double{1} * sin * sin; }
+  double square() const { return 1.0 * cos * cos + 1.0 * sin * sin; }
   double angle_deg() const { return std::atan2(-sin, cos) * 180.0 / pi; }
 };
 
@@ -44,7 +45,7 @@ std::vector<int> samples(const std::string& frame) {
 
 double rms(const std::vector<int>& values) {
   double sum = 0.0;
-  for (const int value : values) sum += double{1} * value * value;
+  for (const int value : values) sum += 1.0 * value * value;
   return std::sqrt(sum / static_cast<double>(values.size()));
 }
 
