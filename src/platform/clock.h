@@ -1,7 +1,8 @@
 // What time it is, and how the program waits.
 //
-// All logic is written synchronously: a handler sends, waits, collects. Every wait is a loop in link/ that calls
-// Clock::pause once per turn, so that tests can replace time and the real program can keep its windows alive.
+// All logic is written synchronously: a handler sends, waits, collects. Every wait is a loop in link/ that
+// calls Clock::pause once per turn, so that tests can replace time and the real program can keep its windows
+// alive.
 #pragma once
 
 #include <compare>
@@ -34,10 +35,10 @@ class Clock {
   // Today's date in the desktop's short form ("11/22/2026", "22.11.2026", ...). UTF-8.
   virtual std::string short_date() const = 0;
 
-  // One turn of a wait that has at most `at_most_s` seconds left. Returns after a few milliseconds, never later than
-  // `at_most_s`; with 0 it delivers what is pending and returns at once.
-  // Yield::yes delivers pending events. Yield::no repaints and receives, but holds input and all Timers back.
-  // Throws ProgramEnded when the program has been asked to end (see program_end.h).
+  // One turn of a wait that has at most `at_most_s` seconds left. Returns after a few milliseconds, never
+  // later than `at_most_s`; with 0 it delivers what is pending and returns at once. Yield::yes delivers
+  // pending events. Yield::no repaints and receives, but holds input and all Timers back. Throws ProgramEnded
+  // when the program has been asked to end (see program_end.h).
   virtual void pause(Yield yield, double at_most_s) = 0;
 };
 

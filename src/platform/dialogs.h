@@ -1,5 +1,5 @@
-// Everything the program says to or asks of its user in a box. Logic decides the text and gives it in full; nothing
-// is added to it here.
+// Everything the program says to or asks of its user in a box. Logic decides the text and gives it in full;
+// nothing is added to it here.
 #pragma once
 
 #include <optional>
@@ -42,7 +42,8 @@ class Dialogs {
   virtual void tell(const Message& message) = 0;
 
   // Empty when cancelled.
-  virtual std::string input(const std::string& prompt, const std::string& title, const std::string& initial) = 0;
+  virtual std::string input(const std::string& prompt, const std::string& title,
+                            const std::string& initial) = 0;
 
   // The chosen path in UTF-8; nothing when cancelled. The save dialog asks nothing about overwriting.
   virtual std::optional<std::string> open_file(const FileQuestion& question) = 0;

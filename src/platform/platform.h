@@ -1,4 +1,5 @@
-// What the outside world offers, handed to the program in one piece. The owner outlives everything built from it.
+// What the outside world offers, handed to the program in one piece. The owner outlives everything built from
+// it.
 #pragma once
 
 namespace halden {

@@ -10,7 +10,8 @@ std::string default_device(int number) {
 #ifdef _WIN32
   return "COM" + std::to_string(number);
 #else
-  constexpr std::array<std::string_view, 4> families = {"/dev/ttyUSB", "/dev/ttyACM", "/dev/ttyS", "/dev/rfcomm"};
+  constexpr std::array<std::string_view, 4> families = {"/dev/ttyUSB", "/dev/ttyACM", "/dev/ttyS",
+                                                        "/dev/rfcomm"};
   const auto index = static_cast<std::size_t>(number - first_port_number);
   return std::string(families[index / 4]) + std::to_string(index % 4);
 #endif
@@ -37,7 +38,8 @@ std::optional<std::pair<int, std::string>> parse_port_override(std::string_view 
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const auto rest = text.substr(static_cast<std::size_t>(end - text.data()));
-  if (error != std::errc() || !in_range(number) || rest.size() < 2 || rest.front() != '=') return std::nullopt;
+  if (error != std::errc() || !in_range(number) || rest.size() < 2 || rest.front() != '=')
+    return std::nullopt;
   return std::pair(number, std::string(rest.substr(1)));
 }
 

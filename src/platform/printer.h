@@ -35,7 +35,8 @@ class Printer {
   // An image of a window by its name ("MeterRec"), as wide as the page allows.
   virtual void print_window(const std::string& window_name) = 0;
 
-  // Sends what was printed and starts a new document. Empty when it went well, otherwise one sentence for the user.
+  // Sends what was printed and starts a new document. Empty when it went well, otherwise one sentence for the
+  // user.
   virtual std::string finish() = 0;
 };
 

@@ -13,8 +13,8 @@ inline constexpr int last_port_number = 16;
 // Why a port did not open; `none` means that it did.
 enum class PortRefusal { none, invalid_number, missing, forbidden, in_use, not_serial, failed };
 
-// A port that vanished (adapter pulled) is for the logic an open port on which nothing arrives. The platform looks
-// for it and opens it again by itself.
+// A port that vanished (adapter pulled) is for the logic an open port on which nothing arrives. The platform
+// looks for it and opens it again by itself.
 enum class PortState { closed, open, vanished };
 
 class SerialPort {

@@ -19,8 +19,8 @@ class Timer {
   // Starts a full period anew, also while enabled.
   virtual void set_period_ms(int period_ms) = 0;
 
-  // The tick handler. Never called inside itself, never during a wait that does not yield; at most one tick is held
-  // over for the time after such a wait.
+  // The tick handler. Never called inside itself, never during a wait that does not yield; at most one tick
+  // is held over for the time after such a wait.
   virtual void on_tick(std::function<void()> handler) = 0;
 };
 
