@@ -61,9 +61,11 @@ bool QtDialogs::confirm(const Message& question) {
 }
 
 void QtDialogs::tell(const Message& message) {
-  if (world_.ending() || told_[message.text]) return;
+  QPointer<QMessageBox>& told = told_[message.text];
+  // A box that was closed lives on, unseen, until the event loop deletes it.
+  if (world_.ending() || (told && told->isVisible())) return;
   auto* box = new QMessageBox(visible_parent());
-  told_[message.text] = box;
+  told = box;
   box->setObjectName(QStringLiteral("notice_box"));
   box->setAttribute(Qt::WA_DeleteOnClose);
   box->setModal(false);

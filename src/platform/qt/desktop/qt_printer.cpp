@@ -81,7 +81,8 @@ void QtPrinter::draw(const QImage& image) {
 }
 
 std::string QtPrinter::finish() {
-  if (painter_ && (!painter_->end() || printer_->printerState() == QPrinter::Error)) failure_ = not_printed;
+  const bool printed = painter_ && painter_->isActive();
+  if (printed && (!painter_->end() || printer_->printerState() == QPrinter::Error)) failure_ = not_printed;
   close_document();
   return std::exchange(failure_, {});
 }

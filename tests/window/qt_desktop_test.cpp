@@ -1,0 +1,334 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "platform/qt/core/qt_clock.h"
+#include "platform/qt/core/qt_world.h"
+#include "platform/qt/desktop/qt_dialogs.h"
+#include "platform/qt/desktop/qt_printer.h"
+#include "platform/qt/desktop/qt_shell.h"
+#include "platform/qt/desktop/wait_cursor.h"
+
+namespace halden {
+namespace {
+
+// Calls `act` with the next modal box of this type, as soon as it is on the screen.
+template <typename Box>
+void when_open(std::function<void(Box&)> act) {
+  auto* look = new QTimer(qApp);
+  QObject::connect(look, &QTimer::timeout, look, [look, act] {
+    auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible()) return;
+    look->stop();
+    look->deleteLater();
+    act(*box);
+  });
+  look->start(1);
+}
+
+class QtDialogsTest : public testing::Test {
+ protected:
+  ~QtDialogsTest() override { world_.end_program(); }
+
+  QMessageBox* notice(const QString& text) const {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* box = qobject_cast<QMessageBox*>(widget);
+      if (box != nullptr && box->isVisible() && box->text() == text) return box;
+    }
+    return nullptr;
+  }
+
+  QtWorld world_;
+  QtDialogs dialogs_{world_};
+};
+
+TEST_F(QtDialogsTest, AMessageShowsExactlyItsText) {
+  const struct {
+    Message message;
+    const char* title;
+    QMessageBox::Icon icon;
+  } rows[] = {
+      {{"Press <b>HARMO</b> & wait\n\nagain", "", Icon::none}, "Halden", QMessageBox::NoIcon},
+      {{"COM 3 not available", "Port", Icon::exclamation}, "Port", QMessageBox::Warning},
+      {{"電力", "About", Icon::information}, "About", QMessageBox::Information},
+  };
+  for (const auto& row : rows) {
+    bool seen = false;
+    when_open<QMessageBox>([&](QMessageBox& box) {
+      seen = true;
+      EXPECT_EQ(box.text().toStdString(), row.message.text);
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_EQ(box.informativeText(), QString());
+      EXPECT_EQ(box.windowTitle().toStdString(), row.title);
+      EXPECT_EQ(box.icon(), row.icon);
+      EXPECT_EQ(box.buttons().size(), 1);
+      box.button(QMessageBox::Ok)->click();
+    });
+    dialogs_.message(row.message);
+    EXPECT_TRUE(seen);
+  }
+}
+
+TEST_F(QtDialogsTest, AConfirmationIsYesOrNo) {
+  const Message question{"File  a.csv  exists, add data to it", "", Icon::question};
+  for (const auto& [button, answer] :
+       {std::pair(QMessageBox::Yes, true), std::pair(QMessageBox::No, false)}) {
+    when_open<QMessageBox>([button = button](QMessageBox& box) { box.button(button)->click(); });
+    EXPECT_EQ(dialogs_.confirm(question), answer);
+  }
+  when_open<QMessageBox>([](QMessageBox& box) { box.close(); });
+  EXPECT_FALSE(dialogs_.confirm(question));
+}
+
+TEST_F(QtDialogsTest, TellingDoesNotWaitAndShowsOneBoxPerText) {
+  dialogs_.tell({"disk full", "", Icon::exclamation});
+  QMessageBox* first = notice(QStringLiteral("disk full"));
+  ASSERT_NE(first, nullptr);
+  EXPECT_FALSE(first->isModal());
+  dialogs_.tell({"disk full", "", Icon::exclamation});
+  dialogs_.tell({"no answer", "", Icon::none});
+  EXPECT_EQ(notice(QStringLiteral("disk full")), first);
+  EXPECT_NE(notice(QStringLiteral("no answer")), nullptr);
+
+  first->button(QMessageBox::Ok)->click();
+  EXPECT_EQ(notice(QStringLiteral("disk full")), nullptr);
+  dialogs_.tell({"disk full", "", Icon::exclamation});
+  EXPECT_NE(notice(QStringLiteral("disk full")), nullptr);
+  world_.end_program();
+  EXPECT_EQ(notice(QStringLiteral("disk full")), nullptr);
+  EXPECT_EQ(notice(QStringLiteral("no answer")), nullptr);
+}
+
+TEST_F(QtDialogsTest, InputGivesTheEditedTextOrNothing) {
+  for (const bool accepted : {true, false}) {
+    when_open<QDialog>([&](QDialog& box) {
+      EXPECT_EQ(box.windowTitle(), QStringLiteral("CT"));
+      auto* edit = box.findChild<QLineEdit*>(QStringLiteral("input_value"));
+      ASSERT_NE(edit, nullptr);
+      EXPECT_EQ(edit->text(), QStringLiteral("100"));
+      edit->setText(QStringLiteral(" 250 "));
+      accepted ? box.accept() : box.reject();
+    });
+    EXPECT_EQ(dialogs_.input("CT ratio", "CT", "100"), accepted ? " 250 " : "");
+  }
+}
+
+class FileQuestionTest : public QtDialogsTest {
+ protected:
+  // What the dialog gives when `name` is typed and accepted.
+  std::optional<std::string> type(const QString& name) {
+    when_open<QFileDialog>([this, name](QFileDialog& box) {
+      filters_ = box.nameFilters();
+      box.setDirectory(folder_.path());
+      box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+      QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
+    });
+    return dialogs_.save_file({{{"csv Files(*.csv)", "*.csv"}, {"All Files", "*.*"}}, ".csv", "20260131"});
+  }
+
+  std::string path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)).toStdString(); }
+
+  QTemporaryDir folder_;
+  QStringList filters_;
+};
+
+TEST_F(FileQuestionTest, ANameWithoutExtensionGetsTheDefaultOne) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"load", "load.csv"}, {"load.txt", "load.txt"}, {"two words", "two words.csv"}, {"紀錄", "紀錄.csv"}};
+  for (const auto& [typed, chosen] : rows) EXPECT_EQ(type(QString::fromUtf8(typed)), path(chosen)) << typed;
+  EXPECT_EQ(filters_, QStringList({QStringLiteral("csv Files(*.csv)"), QStringLiteral("All Files (*.*)")}));
+}
+
+// The logic asks about an existing file in its own words; a second question would hang this test.
+TEST_F(FileQuestionTest, AnExistingFileIsChosenAsItIs) {
+  for (const char* name : {"old.csv", "without_extension"}) {
+    QFile file(QString::fromStdString(path(name)));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(type(QString::fromUtf8(name)), path(name));
+  }
+}
+
+TEST_F(FileQuestionTest, CancellingGivesNothing) {
+  for (const bool saving : {true, false}) {
+    when_open<QFileDialog>([](QFileDialog& box) { box.reject(); });
+    EXPECT_EQ(saving ? dialogs_.save_file({}) : dialogs_.open_file({}), std::nullopt);
+  }
+}
+
+// A folder such as "site.v2" must not count as an extension.
+TEST(DefaultExtension, LooksAtTheFileNameOnly) {
+  const QString extension = QStringLiteral(".csv");
+  const std::pair<const char*, const char*> rows[] = {
+      {"/site.v2/load", "/site.v2/load.csv"}, {"/site/load.dat", "/site/load.dat"}, {"load", "load.csv"}};
+  for (const auto& [given, expected] : rows)
+    EXPECT_EQ(with_default_extension(QString::fromUtf8(given), extension).toStdString(), expected);
+  EXPECT_EQ(with_default_extension(QStringLiteral("load"), QString()), QStringLiteral("load"));
+}
+
+// The system ends the session while a box is open: the box goes, and so does the handler that waits for it.
+TEST(QtDialogsEnd, EndingTheProgramClosesBoxesAndUnwinds) {
+  const std::pair<const char*, std::function<void(Dialogs&)>> rows[] = {
+      {"message",
+       [](Dialogs& dialogs) {
+         dialogs.message({"Wait", "", Icon::none});
+       }},
+      {"confirm",
+       [](Dialogs& dialogs) {
+         dialogs.confirm({"Sure", "", Icon::none});
+       }},
+      {"input", [](Dialogs& dialogs) { dialogs.input("CT", "", ""); }},
+      {"open_file", [](Dialogs& dialogs) { dialogs.open_file({}); }},
+      {"save_file", [](Dialogs& dialogs) { dialogs.save_file({}); }},
+  };
+  for (const auto& [name, ask] : rows) {
+    QtWorld world;
+    QtDialogs dialogs(world);
+    bool went_on = false;
+    when_open<QDialog>([&](QDialog&) { world.end_program(); });
+    const bool complete = world.run([&, &ask = ask] {
+      ask(dialogs);
+      went_on = true;
+    });
+    EXPECT_FALSE(complete) << name;
+    EXPECT_FALSE(went_on) << name;
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << name;
+  }
+}
+
+TEST_F(QtDialogsTest, TheWaitCursorShowsLongWaitsOnlyAndNeverABox) {
+  const WaitCursor cursor(world_);
+  QtClock clock(world_);
+  const auto wait = [&](double duration_s) {
+    const double end_s = clock.monotonic_s() + duration_s;
+    while (clock.monotonic_s() < end_s) clock.pause(Yield::no, 0.005);
+  };
+  world_.run([&] {
+    wait(0.1);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    wait(0.4);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    when_open<QMessageBox>([](QMessageBox& box) {
+      EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+      box.accept();
+    });
+    dialogs_.message({"no answer", "", Icon::none});
+    wait(0.5);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  });
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+class QtPrinterTest : public testing::Test {
+ protected:
+  QtPrinterTest() { printer_.set_output_pdf(pdf_); }
+
+  QByteArray document() const {
+    QFile file(pdf_);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir folder_;
+  QString pdf_ = folder_.filePath(QStringLiteral("paper.pdf"));
+  QtPrinter printer_;
+};
+
+TEST_F(QtPrinterTest, PrintsLinesOnPages) {
+  printer_.set_orientation(Orientation::landscape);
+  printer_.set_font({"Courier New", 10.0, true});
+  printer_.print_line(600, 600, "V12 電壓 230.1");
+  printer_.new_page();
+  printer_.print_line(600, 600, "second page");
+  EXPECT_EQ(printer_.finish(), "");
+  const QByteArray pdf = document();
+  EXPECT_TRUE(pdf.startsWith("%PDF"));
+  EXPECT_EQ(pdf.count("/Type /Page\n"), 2);
+  EXPECT_EQ(pdf.count("/Subtype /Image"), 0);
+
+  printer_.print_line(0, 0, "a new document");
+  EXPECT_EQ(printer_.finish(), "");
+  EXPECT_EQ(document().count("/Type /Page\n"), 1);
+}
+
+// The paper is A4 or US Letter: 8.27 x 11.69 or 8.5 x 11 inch of 1440 units each.
+TEST_F(QtPrinterTest, MeasuresInUnitsOf1440ToTheInch) {
+  const PageSize portrait = printer_.page_size();
+  EXPECT_GT(portrait.width, 8.0 * 1440);
+  EXPECT_LE(portrait.width, 8.6 * 1440);
+  EXPECT_GT(portrait.height, 10.8 * 1440);
+  EXPECT_LE(portrait.height, 11.8 * 1440);
+  printer_.set_orientation(Orientation::landscape);
+  const PageSize landscape = printer_.page_size();
+  EXPECT_NEAR(landscape.width, portrait.height, 20);
+  EXPECT_NEAR(landscape.height, portrait.width, 20);
+
+  // 72 points are an inch; a row of ten capital Ms is between 5 and 12 times as wide as the font is high.
+  printer_.set_font({"", 72.0, false});
+  const double width = printer_.text_width("MMMMMMMMMM");
+  EXPECT_GT(width, 5 * 1440);
+  EXPECT_LT(width, 12 * 1440);
+  printer_.set_font({"", 36.0, false});
+  EXPECT_NEAR(printer_.text_width("MMMMMMMMMM"), width / 2, width / 50);
+  EXPECT_EQ(printer_.text_width(""), 0);
+}
+
+TEST_F(QtPrinterTest, PrintsTheImageOfAWindow) {
+  QImage image(400, 300, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  printer_.add_window("MeterRec", [&] { return image; });
+  printer_.add_window("Empty", [] { return QImage(); });
+  printer_.print_window("MeterRec");
+  EXPECT_EQ(printer_.finish(), "");
+  const QByteArray pdf = document();
+  EXPECT_TRUE(pdf.startsWith("%PDF"));
+  EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
+  EXPECT_EQ(pdf.count("/Subtype /Image"), 1);
+  for (const char* name : {"Empty", "no such window"}) {
+    printer_.print_window(name);
+    EXPECT_EQ(printer_.finish(), "The document could not be printed.") << name;
+  }
+}
+
+TEST_F(QtPrinterTest, AFailureIsToldOnceAndTheNextDocumentIsPrinted) {
+  printer_.set_output_pdf(folder_.filePath(QStringLiteral("no/such/folder.pdf")));
+  printer_.print_line(0, 0, "lost");
+  printer_.new_page();
+  printer_.print_line(0, 0, "lost");
+  EXPECT_EQ(printer_.finish(), "The document could not be printed.");
+  printer_.set_output_pdf(pdf_);
+  printer_.print_line(0, 0, "printed");
+  EXPECT_EQ(printer_.finish(), "");
+  EXPECT_TRUE(document().startsWith("%PDF"));
+}
+
+TEST_F(QtPrinterTest, WithoutAPrinterASentenceSaysSo) {
+  if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this computer has a printer";
+  printer_.set_output_pdf({});
+  printer_.print_line(600, 600, "line");
+  EXPECT_GT(printer_.page_size().width, 0);
+  EXPECT_EQ(printer_.finish(), "No printer is set up on this computer.");
+  EXPECT_EQ(printer_.finish(), "");
+}
+
+TEST(QtShell, OpensExistingFilesOnlyAndEndsTheProgram) {
+  QtWorld world;
+  QtShell shell(world);
+  EXPECT_FALSE(shell.open_document("/there/is/no/manual.pdf"));
+  EXPECT_FALSE(shell.open_document(QDir::tempPath().toStdString()));
+  EXPECT_FALSE(shell.open_document(""));
+  shell.end_program();
+  EXPECT_TRUE(world.ending());
+}
+
+}  // namespace
+}  // namespace halden
