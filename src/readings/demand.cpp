@@ -1,6 +1,6 @@
 // Maximum and average demand: averages of the system powers over whole demand periods.
 #include <limits>
-#include <optional>
+#include <utility>
 
 #include "readings/numbers.h"
 #include "readings/over_range.h"

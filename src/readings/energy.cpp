@@ -1,4 +1,6 @@
 // Energy as running sums of raw system powers.
+#include <string>
+
 #include "readings/over_range.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"

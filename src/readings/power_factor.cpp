@@ -1,6 +1,8 @@
 // The power factor of a phase, of the system, and over time.
 #include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "readings/numbers.h"
 #include "readings/over_range.h"

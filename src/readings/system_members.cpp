@@ -1,6 +1,6 @@
 // The powers of the whole system.
 #include <cmath>
-#include <optional>
+#include <utility>
 
 #include "readings/over_range.h"
 #include "readings/readings.h"
