@@ -1,1 +1,72 @@
-int main() { return 0; }
+// halden: the desktop companion with its windows.
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "app/ui/desktop_program.h"
+#include "platform/port_table.h"
+
+namespace {
+
+constexpr int wrong_usage = 2;
+
+// What was typed, before it is understood.
+struct Typed {
+  halden::DesktopOptions options;
+  std::vector<std::string> ports;
+  std::string palette;
+};
+
+std::string check_port(const std::string& text) {
+  return halden::parse_port_override(text) ? std::string()
+                                           : "expected N=DEVICE with N from 1 to 16, not " + text;
+}
+
+void declare(CLI::App& app, Typed& typed) {
+  app.set_version_flag("--version", "halden " HALDEN_VERSION);
+  app.add_flag("--demo", typed.options.demo, "COM 1 is a simulated meter, with a panel of its buttons");
+  app.add_option("--com", typed.ports, "Use DEVICE for port COM N; may be repeated")
+      ->type_name("N=DEVICE")
+      ->check(check_port);
+  app.add_option("--workdir", typed.options.work_folder, "The folder with language.pha and commport.dat")
+      ->type_name("DIR")
+      ->check(CLI::ExistingDirectory);
+  app.add_option("--screenshot", typed.options.screenshot, "Write a picture of the main window, then end")
+      ->type_name("FILE");
+  app.add_option("--after", typed.options.screenshot_after_s,
+                 "Seconds from showing the window to the picture")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.0, 86400.0));
+  app.add_option("--palette", typed.palette, "Colours; those of the desktop when not given")
+      ->type_name("light|dark")
+      ->check(CLI::IsMember({"light", "dark"}));
+}
+
+halden::DesktopOptions understood(const Typed& typed) {
+  halden::DesktopOptions options = typed.options;
+  for (const std::string& port : typed.ports)
+    if (const auto device = halden::parse_port_override(port)) options.devices.push_back(*device);
+  if (!typed.palette.empty())
+    options.look = typed.palette == "dark" ? halden::Look::dark : halden::Look::light;
+  return options;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app("Companion of the Halden power and harmonics analyzer", "halden");
+  Typed typed;
+  declare(app, typed);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : wrong_usage;
+  }
+  if (const std::string missing = halden::missing_display(); !missing.empty()) {
+    std::fprintf(stderr, "%s\n", missing.c_str());
+    return 1;
+  }
+  return halden::run_desktop(argc, argv, understood(typed));
+}

@@ -56,6 +56,7 @@ void build_menus(QMenuBar& bar, Mirror& mirror, const Click& click) {
       menus.emplace(entry.name, menu);
       action = menu->menuAction();
       mirror.tie(entry.name, *action);
+      QObject::connect(menu, &QMenu::aboutToShow, menu, [name = entry.name, click] { click(name); });
     } else {
       action = parent != nullptr ? parent->addAction(QString()) : bar.addAction(QString());
       tie_action(*action, entry.name, mirror, click);

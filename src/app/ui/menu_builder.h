@@ -14,7 +14,8 @@ class Mirror;
 using Click = std::function<void(std::string_view)>;
 
 // An entry with children becomes a menu, any other an action; both carry the entry's name as object name. The
-// mirror shows an entry's marks, `click` learns of what the user chose.
+// mirror shows an entry's texts and marks; `click` learns which entry the user chose and which menu is about
+// to open.
 void build_menus(QMenuBar& bar, Mirror& mirror, const Click& click);
 
 }  // namespace halden

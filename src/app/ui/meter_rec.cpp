@@ -1,5 +1,6 @@
 #include "app/ui/meter_rec.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPixmap>
@@ -11,7 +12,7 @@
 #include <utility>
 
 #include "app/ui/meter_content.h"
-#include "app/ui/status_line.h"
+#include "app/ui/status_row.h"
 #include "screen/ui/fonts.h"
 
 namespace halden {
@@ -39,10 +40,10 @@ MeterRec::MeterRec(Window& window, MeterRecEvents events, Look look)
       mirror_(window),
       settled_resize_([this] { return events_.busy(); }, [this] { events_.resized(); }) {
   setObjectName(to_qt(window.name()));
+  dress(look);
   build_menu_bar();
   build_content();
   build_shortcuts();
-  dress(look);
   choose_size();
   show_changes();
 }
@@ -59,9 +60,11 @@ void MeterRec::build_content() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   content_ = new MeterContent(window_, mirror_, events_.click);
-  status_line_ = new StatusLine(mirror_);
+  content_->set_theme(theme(look_));
+  auto* const status = new StatusRow(mirror_);
+  status->set_theme(theme(look_));
   column->addWidget(content_, 1);
-  column->addWidget(status_line_);
+  column->addWidget(status);
   setCentralWidget(central);
   central->setFocus();  // no button looks pressed before the user has taken to the keyboard
 }
@@ -81,28 +84,27 @@ void MeterRec::choose_size() {
   resize(start_size.boundedTo(screen()->availableSize()).expandedTo(smallest_size));
 }
 
+// Before anything is built: a style sheet that comes later makes widgets forget the sizes of their fonts.
 void MeterRec::dress(Look look) {
-  content_->set_theme(theme(look));
-  status_line_->set_theme(theme(look));
+  if (desktop_look(QApplication::palette()) == look) return;
+  setPalette(to_palette(theme(look)));
+  setStyleSheet(to_style_sheet(theme(look)));
 }
 
 void MeterRec::show_changes() {
+  if (window_.revision() == shown_revision_) return;
+  shown_revision_ = window_.revision();
   if (mirror_.show_changes()) content_->arrange();
   if (windowTitle() != to_qt(window_.caption())) setWindowTitle(to_qt(window_.caption()));
   if (isVisible() != window_.visible()) setVisible(window_.visible());
 }
 
-// No repaint can come in between, so that the screen keeps its colours.
+// A second window that never reaches the screen, so that the first one keeps its colours.
 QImage MeterRec::paper_image() {
-  if (look_ == Look::light) return grab().toImage();
-  setStyleSheet(to_style_sheet(theme(Look::light)));
-  setPalette(to_palette(theme(Look::light)));
-  dress(Look::light);
-  const QImage image = grab().toImage();
-  setPalette({});
-  setStyleSheet({});
-  dress(look_);
-  return image;
+  MeterRec on_paper(window_, {[](std::string_view) {}, [] {}, [] {}}, Look::light);
+  on_paper.resize(size());
+  on_paper.ensurePolished();
+  return on_paper.grab().toImage();
 }
 
 void MeterRec::closeEvent(QCloseEvent* event) {

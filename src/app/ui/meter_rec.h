@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QMainWindow>
+#include <cstdint>
 #include <functional>
 #include <string_view>
 
@@ -14,7 +15,6 @@
 namespace halden {
 
 class MeterContent;
-class StatusLine;
 
 // What the window tells; each is one call into the logic.
 struct MeterRecEvents {
@@ -55,7 +55,7 @@ class MeterRec : public QMainWindow {
   Mirror mirror_;
   SettledResize settled_resize_;
   MeterContent* content_ = nullptr;
-  StatusLine* status_line_ = nullptr;
+  std::uint64_t shown_revision_ = 0;
 };
 
 }  // namespace halden

@@ -1,4 +1,4 @@
-#include "app/ui/status_line.h"
+#include "app/ui/status_row.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -18,6 +18,11 @@ constexpr int text_pixels = 13;
 constexpr int light_size = 11;
 constexpr int side_margin = 16;
 constexpr int gap = 24;
+
+QColor colour_of(LinkMark mark, const Theme& theme) {
+  if (mark == LinkMark::linked) return theme.phase[1];
+  return mark == LinkMark::lost ? theme.phase[0] : theme.quiet;
+}
 
 }  // namespace
 
@@ -50,7 +55,7 @@ bool ElidedLabel::event(QEvent* event) {
 
 LinkMark link_mark(std::string_view tag) {
   constexpr std::array<std::pair<std::string_view, LinkMark>, 3> marks = {
-      {{"good", LinkMark::good}, {"waiting", LinkMark::waiting}, {"bad", LinkMark::bad}}};
+      {{"ok", LinkMark::linked}, {"idle", LinkMark::idle}, {"lost", LinkMark::lost}}};
   for (const auto& [name, mark] : marks)
     if (name == tag) return mark;
   return LinkMark::none;
@@ -75,10 +80,10 @@ void LinkLight::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF box = QRectF(rect()).adjusted(1, 1, -1, -1);
-  const QColor colour = mark_ == LinkMark::good ? theme_.phase[1] : theme_.phase[0];
-  painter.setPen(QPen(mark_ == LinkMark::waiting ? theme_.accent : colour, 2));
-  if (mark_ == LinkMark::good) painter.setBrush(colour);
-  if (mark_ != LinkMark::bad) {
+  const QColor colour = colour_of(mark_, theme_);
+  painter.setPen(QPen(colour, 2));
+  if (mark_ == LinkMark::linked) painter.setBrush(colour);
+  if (mark_ != LinkMark::lost) {
     painter.drawEllipse(box);
     return;
   }
@@ -86,9 +91,9 @@ void LinkLight::paintEvent(QPaintEvent*) {
   painter.drawLine(box.topRight(), box.bottomLeft());
 }
 
-StatusLine::StatusLine(Mirror& mirror, QWidget* parent)
+StatusRow::StatusRow(Mirror& mirror, QWidget* parent)
     : QWidget(parent), light_(new LinkLight), theme_(halden::theme(Look::light)) {
-  setObjectName(QStringLiteral("status_line"));
+  setObjectName(QStringLiteral("status_row"));
   setFixedHeight(line_height);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(side_margin, 1, side_margin, 0);
@@ -103,7 +108,7 @@ StatusLine::StatusLine(Mirror& mirror, QWidget* parent)
   add_field("status_hint", mirror, 1)->setAlignment(Qt::AlignRight);
 }
 
-ElidedLabel* StatusLine::add_field(const char* name, Mirror& mirror, int stretch) {
+ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int stretch) {
   auto* const field = new ElidedLabel;
   field->setObjectName(QLatin1String(name));
   auto* const row = static_cast<QHBoxLayout*>(layout());
@@ -117,13 +122,13 @@ ElidedLabel* StatusLine::add_field(const char* name, Mirror& mirror, int stretch
   return field;
 }
 
-void StatusLine::set_theme(const Theme& theme) {
+void StatusRow::set_theme(const Theme& theme) {
   theme_ = theme;
   light_->set_theme(theme);
   update();
 }
 
-void StatusLine::paintEvent(QPaintEvent*) {
+void StatusRow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), theme_.panel);
   painter.fillRect(QRect(0, 0, width(), 1), theme_.line);

@@ -34,11 +34,11 @@ class ElidedLabel : public QLabel {
   QString explanation_;
 };
 
-// How well the link does, by a coloured mark that differs in shape too: a full disc (good), a ring (waiting),
-// a cross (bad), nothing (no port).
-enum class LinkMark { none, good, waiting, bad };
+// How the link fares, by a mark that differs in shape as well as in colour: a full disc (linked), a ring
+// (idle: no port, or waiting for the meter), a cross (lost), or no mark.
+enum class LinkMark { none, linked, idle, lost };
 
-// What the link field's tag says: "good", "waiting", "bad".
+// From the link field's tag: "ok", "idle", "lost".
 LinkMark link_mark(std::string_view tag);
 
 class LinkLight : public QWidget {
@@ -58,11 +58,11 @@ class LinkLight : public QWidget {
   Theme theme_;
 };
 
-class StatusLine : public QWidget {
+class StatusRow : public QWidget {
   Q_OBJECT
 
  public:
-  explicit StatusLine(Mirror& mirror, QWidget* parent = nullptr);
+  explicit StatusRow(Mirror& mirror, QWidget* parent = nullptr);
 
   void set_theme(const Theme& theme);
 

@@ -1,0 +1,114 @@
+#include "app/ui/demo_panel.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "screen/ui/fonts.h"
+#include "screen/ui/mirror.h"
+#include "screen/ui/theme.h"
+#include "simulator/meter.h"
+#include "simulator/simulated_port.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int columns = 6;
+constexpr int button_height = 30;
+constexpr int text_pixels = 13;
+constexpr int gap = 12;  // between the panel and the main window
+
+QPushButton* make_button(const QString& name, const QString& text) {
+  auto* const button = new QPushButton(text);
+  button->setObjectName(name);
+  button->setFont(with_pixel_size(text_font(), text_pixels));
+  button->setMinimumSize(40, button_height);
+  return button;
+}
+
+QString object_name(std::string_view choice) { return QStringLiteral("demo_") + to_qt(choice).toLower(); }
+
+}  // namespace
+
+DemoPanel::DemoPanel(Meter& meter, SimulatedPort& port, QWidget* main_window)
+    : QWidget(main_window, Qt::Tool), grid_(new QGridLayout(this)) {
+  setObjectName(QStringLiteral("demo_panel"));
+  setWindowTitle(QStringLiteral("Halden meter (demo)"));
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  grid_->setContentsMargins(gap, gap, gap, gap);
+  MeterSettings& settings = meter.settings();
+  add_choices("Mode", std::array{Choice{"POWER", 1}, Choice{"HARMONICS", 0}}, static_cast<int>(settings.mode),
+              [&settings](int value) { settings.mode = static_cast<MeterMode>(value); });
+  add_choices("Wiring",
+              std::array{Choice{"1P2W", 0}, Choice{"1P3W", 1}, Choice{"3P3W", 2}, Choice{"3P4W", 3}},
+              static_cast<int>(settings.wiring),
+              [&settings](int value) { settings.wiring = static_cast<Wiring>(value); });
+  add_choices("Input",
+              std::array{Choice{"V1", 0}, Choice{"I1", 1}, Choice{"V2", 2}, Choice{"I2", 3}, Choice{"V3", 4},
+                         Choice{"I3", 5}},
+              settings.channel, [&settings](int value) { settings.channel = value; });
+  add_transient();
+  add_cable(port);
+}
+
+void DemoPanel::add_heading(const char* title) {
+  auto* const heading = new QLabel(QLatin1String(title));
+  heading->setFont(with_pixel_size(text_font(), text_pixels));
+  set_role(*heading, Role::quiet);
+  grid_->addWidget(heading, grid_->rowCount(), 0, 1, columns);
+}
+
+// One row of buttons of which one is pressed.
+template <typename Choices>
+void DemoPanel::add_choices(const char* title, const Choices& choices, int chosen,
+                            std::function<void(int)> choose) {
+  add_heading(title);
+  auto* const group = new QButtonGroup(this);
+  const int row = grid_->rowCount();
+  auto* const line = new QHBoxLayout;
+  grid_->addLayout(line, row, 0, 1, columns);
+  for (const Choice& choice : choices) {
+    auto* const button = make_button(object_name(choice.name), to_qt(choice.name));
+    button->setCheckable(true);
+    button->setChecked(choice.value == chosen);
+    group->addButton(button, choice.value);
+    line->addWidget(button);
+  }
+  connect(group, &QButtonGroup::idClicked, this, std::move(choose));
+}
+
+void DemoPanel::add_transient() {
+  add_heading("Event");
+  auto* const button = make_button(QStringLiteral("demo_transient"), QStringLiteral("TRANSIENT"));
+  button->setEnabled(false);
+  grid_->addWidget(button, grid_->rowCount(), 0, 1, columns);
+}
+
+void DemoPanel::add_cable(SimulatedPort& port) {
+  auto* const button = make_button(QStringLiteral("demo_cable_out"), QStringLiteral("Cable out"));
+  button->setCheckable(true);
+  connect(button, &QPushButton::toggled, this, [&port](bool out) { out ? port.unplug() : port.plug_in(); });
+  grid_->addWidget(button, grid_->rowCount(), 0, 1, columns);
+}
+
+void DemoPanel::show_beside(const QRect& main_window) {
+  adjustSize();
+  const QRect desk = screen()->availableGeometry();
+  const std::array<QPoint, 3> places = {
+      QPoint(main_window.right() + gap, main_window.top()),
+      QPoint(main_window.left() - gap - width(), main_window.top()),
+      QPoint(main_window.right() - width(), main_window.bottom() + gap),
+  };
+  const auto fits = [&](QPoint place) { return desk.contains(QRect(place, size())); };
+  const auto* const place = std::find_if(places.begin(), places.end(), fits);
+  move(place != places.end() ? *place : desk.bottomRight() - rect().bottomRight());
+  show();
+}
+
+}  // namespace halden

@@ -1,0 +1,40 @@
+// The buttons of the simulated meter, for the demo: what a user does on the meter itself.
+#pragma once
+
+#include <QRect>
+#include <QWidget>
+#include <functional>
+#include <string_view>
+
+class QGridLayout;
+
+namespace halden {
+
+class Meter;
+class SimulatedPort;
+
+class DemoPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Both outlive the panel, which acts on them directly. Closing the panel only hides it.
+  DemoPanel(Meter& meter, SimulatedPort& port, QWidget* main_window);
+
+  // Beside or below the main window where the screen has room, otherwise in a corner of the screen.
+  void show_beside(const QRect& main_window);
+
+ private:
+  struct Choice {
+    std::string_view name;
+    int value;
+  };
+  template <typename Choices>
+  void add_choices(const char* title, const Choices& choices, int chosen, std::function<void(int)> choose);
+  void add_heading(const char* title);
+  void add_transient();
+  void add_cable(SimulatedPort& port);
+
+  QGridLayout* grid_;
+};
+
+}  // namespace halden

@@ -1,0 +1,30 @@
+// The program with its windows: builds what the outside world offers on Qt, the logic on top of it, and the
+// windows that show it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "screen/ui/theme.h"
+
+namespace halden {
+
+struct DesktopOptions {
+  bool demo = false;                                 // COM 1 is the simulated meter
+  std::vector<std::pair<int, std::string>> devices;  // devices for ports, instead of the usual ones
+  std::string work_folder = ".";
+  std::string screenshot;           // where to write a picture of the main window; empty for none
+  double screenshot_after_s = 1.0;  // from the moment the main window shows
+  std::optional<Look> look;         // that of the desktop where none is given
+};
+
+// Why no window can be shown, as one sentence for the user; empty when one can be.
+std::string missing_display();
+
+// Runs the program until it ends. Returns its exit code: 0, or 1 when the picture asked for could not be
+// written.
+int run_desktop(int& argc, char** argv, const DesktopOptions& options);
+
+}  // namespace halden
