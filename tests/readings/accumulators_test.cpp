@@ -91,6 +91,12 @@ TEST_F(Accumulators, EnergyUnits) {
   }
 }
 
+TEST_F(Accumulators, EnergyRoundsDigits) {
+  readings.system_w_raw = 22222800;  // x 2 / 3600 = 12346
+  readings.advance_energy_wh(2);
+  EXPECT_EQ(readings.energy_wh_text, "1.235KWH");
+}
+
 TEST_F(Accumulators, OverRangeAddsNoEnergy) {
   readings.system_w_raw = readings.system_var_raw = readings.system_va_raw = 36000;
   readings.advance_energy_wh(2);
@@ -250,6 +256,8 @@ TEST_F(Accumulators, TheEnergyResetStartsEverythingFromZero) {
   EXPECT_EQ(readings.demand_va_sum, 0);
   EXPECT_EQ(readings.average_w_sum, 0);
   EXPECT_EQ(readings.average_va_sum, 0);
+  EXPECT_EQ(readings.average_demand_w, 0);
+  EXPECT_EQ(readings.average_demand_va, 0);
   expect_demand("------", "", "------", "");
 
   // The old maxima are gone: a lower demand shows again.
