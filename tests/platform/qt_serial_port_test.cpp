@@ -31,7 +31,20 @@ class QtSerialPortTest : public testing::Test {
  protected:
   std::string path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)).toStdString(); }
 
+  // A meter behind a symbolic link. The link goes before the meter does: the system gives the name of a dead
+  // pseudo-terminal to the next one, which may be another test's.
+  void plug_in() {
+    meter_ = std::make_unique<PtyLine>();
+    ASSERT_EQ(symlink(meter_->device().c_str(), link_.c_str()), 0);
+  }
+  void unplug() {
+    ASSERT_EQ(unlink(link_.c_str()), 0);
+    meter_->hang_up();
+  }
+
   QTemporaryDir folder_;
+  const std::string link_ = path("plugged_meter");
+  std::unique_ptr<PtyLine> meter_;
 };
 
 TEST_F(QtSerialPortTest, RefusalsNameTheirCause) {
@@ -196,10 +209,10 @@ TEST_F(QtSerialPortTest, AFullOutputBufferIsNoFault) {
 }
 
 TEST_F(QtSerialPortTest, AHangUpIsNoticedWithinASecondAndCostsNothing) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
+  plug_in();
+  QtSerialPort port(table_with(link_));
   ASSERT_EQ(port.open(1), PortRefusal::none);
-  meter.hang_up();
+  unplug();
   EXPECT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
   const std::clock_t began = std::clock();
   run_events_for(1000);
@@ -231,41 +244,32 @@ TEST_F(QtSerialPortTest, AHangUpIsNoticedBySendAndReceive) {
 }
 
 TEST_F(QtSerialPortTest, AVanishedPortComesBackUnderTheSameNumber) {
-  auto meter = std::make_unique<PtyLine>();
-  const std::string link = path("meter");
-  ASSERT_EQ(symlink(meter->device().c_str(), link.c_str()), 0);
-  QtSerialPort port(table_with(link, 3));
+  plug_in();
+  QtSerialPort port(table_with(link_, 3));
   ASSERT_EQ(port.open(3), PortRefusal::none);
-
   for (int round = 0; round < 2; ++round) {
-    meter->hang_up();
+    unplug();
     ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
     port.send("dropped");
     EXPECT_EQ(port.receive(), "");
-    ASSERT_EQ(unlink(link.c_str()), 0);
-    meter = std::make_unique<PtyLine>();
-    ASSERT_EQ(symlink(meter->device().c_str(), link.c_str()), 0);
+    plug_in();
     ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::open; }, 2000));
     port.send("?");
-    EXPECT_EQ(meter->read(), "?");
-    ASSERT_EQ(meter->write_some("answer"), 6u);
+    EXPECT_EQ(meter_->read(), "?");
+    ASSERT_EQ(meter_->write_some("answer"), 6u);
     EXPECT_EQ(port.receive(), "answer");
   }
 }
 
 TEST_F(QtSerialPortTest, ClosingAVanishedPortEndsTheSearch) {
-  auto meter = std::make_unique<PtyLine>();
-  const std::string link = path("meter");
-  ASSERT_EQ(symlink(meter->device().c_str(), link.c_str()), 0);
-  QtSerialPort port(table_with(link));
+  plug_in();
+  QtSerialPort port(table_with(link_));
   ASSERT_EQ(port.open(1), PortRefusal::none);
-  meter->hang_up();
+  unplug();
   ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
   port.close();
   EXPECT_EQ(port.state(), PortState::closed);
-  ASSERT_EQ(unlink(link.c_str()), 0);
-  meter = std::make_unique<PtyLine>();
-  ASSERT_EQ(symlink(meter->device().c_str(), link.c_str()), 0);
+  plug_in();
   run_events_for(1200);
   EXPECT_EQ(port.state(), PortState::closed);
 }
