@@ -17,9 +17,11 @@ std::string phase_group(int phase, const RawPhase& raw) {
                                             {'P', &RawPhase::p},
                                             {'Q', &RawPhase::q}}};
   std::string group;
-  for (const Field& field : fields)
-    group += field.letter + std::to_string(phase) + "=" + blank_padded(raw.*field.value, 6) + " ";
-  return group + "\r\n";
+  for (const Field& field : fields) {
+    if (!group.empty()) group += "  ";
+    group += field.letter + std::to_string(phase) + "=" + blank_padded(raw.*field.value, 6);
+  }
+  return group;
 }
 
 }  // namespace

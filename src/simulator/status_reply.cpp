@@ -66,7 +66,7 @@ std::array<int, 35> status_values(const MeterSettings& s, const MeterClock& cloc
 }  // namespace
 
 std::string status_reply(const MeterSettings& settings, double uptime_s) {
-  std::string reply = "BE";
+  std::string reply;
   for (const int value : status_values(settings, clock_after(settings.clock_start, uptime_s)))
     reply += zero_padded(value, 5) + " ";
   return reply;
