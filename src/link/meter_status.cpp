@@ -142,6 +142,7 @@ std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus
     reply.remove_prefix(blank == std::string_view::npos ? reply.size() : blank + 1);
     ++read.fields;
   }
+  if (read.fields == 0) return std::nullopt;
   return read;
 }
 

@@ -42,18 +42,24 @@ void LiveMonitor::hand_over(const std::function<void()>& view) {
 
 void LiveMonitor::power_frame() {
   const PowerFrame frame = power_.handle_frame();
-  if (frame == PowerFrame::parsed) {
-    frame_rate_.count(clock_.monotonic_s());
-  } else {
-    // A harmonics frame, or nothing that is a reading. Left standing it would pass for a complete frame for
-    // ever and no new one would be asked for.
-    state_.poll_buffer.clear();
-    state_.missed_polls = nearly_a_request;
-  }
+  if (frame == PowerFrame::complete) frame_rate_.count(clock_.monotonic_s());
+  if (frame == PowerFrame::of_harmonics) state_.missed_polls = nearly_a_request;
+  drop_what_never_completes(frame);
   if (new_sampling_instant()) advance_energy_and_demand(readings_, sample_clock_.sample_time_s(), window_);
   if (steps_.record) steps_.record();
   last_sample_time = static_cast<const Window&>(window_)[sample_clock_label].text;
-  if (frame == PowerFrame::parsed && steps_.after_power_frame) steps_.after_power_frame();
+  if (frame == PowerFrame::complete && steps_.after_power_frame) steps_.after_power_frame();
+}
+
+// A buffer long enough to pass for a frame, but without a last group, would be found complete for ever and no
+// new frame be asked for. When nothing was added to it since the tick before, it goes.
+void LiveMonitor::drop_what_never_completes(PowerFrame frame) {
+  const std::size_t length = state_.poll_buffer.size();
+  const bool stuck = frame != PowerFrame::complete && length > 0 && length == length_without_end_;
+  length_without_end_ = frame == PowerFrame::complete ? 0 : length;
+  if (!stuck) return;
+  state_.poll_buffer.clear();
+  state_.missed_polls = nearly_a_request;
 }
 
 bool LiveMonitor::new_sampling_instant() const {

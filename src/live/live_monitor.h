@@ -21,7 +21,7 @@ struct LiveSteps {
   std::function<void()> show_waveform;      // a waveform frame stands in wave_buffer
   std::function<void()> record;             // after each completed reading of the power view
   std::function<void()> record_lost_line;   // the meter does not answer
-  std::function<void()> after_power_frame;  // a power frame was parsed and stands on the screen
+  std::function<void()> after_power_frame;  // a whole power frame stands on the screen
 };
 
 class LiveMonitor : public LiveViews {
@@ -47,6 +47,7 @@ class LiveMonitor : public LiveViews {
 
  private:
   void power_frame();
+  void drop_what_never_completes(PowerFrame frame);
   void hand_over(const std::function<void()>& view);
   bool new_sampling_instant() const;
 
@@ -59,6 +60,7 @@ class LiveMonitor : public LiveViews {
   Window& window_;
   LiveSteps& steps_;
   FrameRate frame_rate_;
+  std::size_t length_without_end_ = 0;  // of poll_buffer after a tick that found no last group
 };
 
 }  // namespace halden

@@ -1,5 +1,5 @@
-// The constants of the phasor picture: its geometry in 1/1440 inch, and the conversion between tenths of a degree and
-// radians, for which pi is 3.14159 throughout the program.
+// The constants of the phasor picture: its geometry in 1/1440 inch, and the conversion between tenths of a
+// degree and radians, for which pi is 3.14159 throughout the program.
 #pragma once
 
 namespace halden {

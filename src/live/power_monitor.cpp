@@ -16,34 +16,49 @@ constexpr double group_wait_s = 0.1;
 
 std::string label(char symbol, int phase) { return {symbol, static_cast<char>('1' + phase)}; }
 
-// Where the group of a phase begins. When a frame was cut and asked for again, the beginning of the old group
-// stands before the new one: the last voltage before the group's end is the one that belongs to the other
-// values.
+// Whether the field that begins at `at` has arrived in full. Where a frame was cut and asked for again, the
+// next label begins inside the value; such a value is no reading.
+bool is_whole(const std::string& buffer, std::size_t at) {
+  return at + field_length <= buffer.size() &&
+         std::string_view(buffer).substr(at + value_offset, value_length).find_first_of("VIWPQ=") ==
+             std::string_view::npos;
+}
+
+std::size_t find_field(const std::string& buffer, const std::string& label, std::size_t from = 0) {
+  std::size_t at = buffer.find(label, from);
+  while (at != std::string::npos && !is_whole(buffer, at)) at = buffer.find(label, at + 1);
+  return at;
+}
+
+// Where the group of a phase begins. The head of a frame that was cut and asked for again stands before the
+// new one: the last voltage before the group's end is the one that belongs to the other values.
 std::size_t group_start(const std::string& buffer, int phase) {
   const std::string first = label('V', phase);
-  const std::size_t start = buffer.find(first);
+  const std::size_t start = find_field(buffer, first);
   if (start == std::string::npos) return start;
-  const std::size_t end = buffer.find(label('Q', phase), start);
+  const std::size_t end = find_field(buffer, label('Q', phase), start);
   return end == std::string::npos ? start : buffer.rfind(first, end);
 }
 
 }  // namespace
 
 PowerFrame PowerMonitor::handle_frame() {
-  const bool harmonics_frame =
-      buffer_.find('B') != std::string::npos && buffer_.find('E') != std::string::npos;
-  if (harmonics_frame) buffer_.clear();
-  const int phases = phases_in_use(status_.wiring_system);
+  if (buffer_.find('B') != std::string::npos && buffer_.find('E') != std::string::npos) {
+    buffer_.clear();
+    return PowerFrame::of_harmonics;
+  }
   PowerFrame result = PowerFrame::without_group;
+  const int phases = phases_in_use(status_.wiring_system);
   for (int phase = 0; phase < phases; ++phase) {
+    const bool last = phase + 1 == phases;
     if (take_group(phase)) {
-      result = PowerFrame::parsed;
-      if (phase + 1 == phases) {
+      result = last ? PowerFrame::complete : PowerFrame::partial;
+      if (last) {
         polling_.send_live_request();
         system_step();
       }
     }
-    if (phase + 1 < phases) waits_.drain_while_arriving(group_wait_s, buffer_);
+    if (!last) waits_.drain_while_arriving(group_wait_s, buffer_);
   }
   return result;
 }
@@ -57,7 +72,7 @@ bool PowerMonitor::take_group(int phase) {
   readings_.voltage(value('V', phase));
   show(PhaseQuantity::V, phase, readings_.voltage_text);
   take_powers(phase);
-  if (has('P', phase) && has('Q', phase)) take_angles(phase);
+  take_angles(phase);
   return true;
 }
 
@@ -84,15 +99,12 @@ void PowerMonitor::take_powers(int phase) {
 
 void PowerMonitor::take_angles(int phase) {
   const auto p = static_cast<std::size_t>(phase);
-  if (!group_came_first_) {
-    waits_.timed_wait(group_wait_s, Yield::no);
-    waits_.drain(buffer_);
-  }
   const std::string last_label = label('Q', phase);
-  if (buffer_.size() < buffer_.find(last_label) + field_length) {
-    waits_.timed_wait(group_wait_s, Yield::no);
-    waits_.drain(buffer_);
-  }
+  const std::size_t last_field = buffer_.rfind(last_label);
+  if (!has('P', phase) || last_field == std::string::npos) return;
+  if (!group_came_first_) wait_and_drain();
+  if (buffer_.size() < last_field + field_length) wait_and_drain();
+  if (!has('Q', phase)) return;
   raw_.v_angle[p] = raw_.v_raw[p] == 0 ? 0 : value('P', phase);
   raw_.i_angle[p] = raw_.i_raw[p] == 0 ? 0 : to_int32(value('Q', phase)).value_or(raw_.i_angle[p]);
   readings_.phase_angle(raw_.v_raw[p], raw_.i_raw[p], raw_.v_angle[p], raw_.i_angle[p]);
@@ -101,7 +113,7 @@ void PowerMonitor::take_angles(int phase) {
   readings_.reactive_power(raw_.va_raw[p], raw_.w_raw[p], raw_.v_angle[p], raw_.i_angle[p]);
   raw_.var_raw[p] = readings_.var_raw;
   show(PhaseQuantity::VAR, phase, readings_.var_text);
-  buffer_.erase(0, buffer_.find(last_label) + field_length);
+  buffer_.erase(0, find_field(buffer_, last_label) + field_length);
   if (phase + 1 < phases_in_use(status_.wiring_system))
     waits_.drain_until_length(group_length, group_wait_s, buffer_);
 }
@@ -137,14 +149,18 @@ void PowerMonitor::show_line_voltage(int index) {
   window_[line_panel(index).value].text = readings_.line_voltage_text;
 }
 
+void PowerMonitor::wait_and_drain() {
+  waits_.timed_wait(group_wait_s, Yield::no);
+  waits_.drain(buffer_);
+}
+
 bool PowerMonitor::has(char symbol, int phase) const {
-  return buffer_.find(label(symbol, phase)) != std::string::npos;
+  return find_field(buffer_, label(symbol, phase)) != std::string::npos;
 }
 
 double PowerMonitor::value(char symbol, int phase) const {
-  const std::size_t at = buffer_.find(label(symbol, phase)) + value_offset;
-  if (at >= buffer_.size()) return 0;
-  return leading_number(std::string_view(buffer_).substr(at, value_length));
+  const std::size_t at = find_field(buffer_, label(symbol, phase));
+  return leading_number(std::string_view(buffer_).substr(at + value_offset, value_length));
 }
 
 void PowerMonitor::show(PhaseQuantity quantity, int phase, const std::string& text) {

@@ -29,8 +29,9 @@ struct PowerFrameSteps {
   std::function<void()> update_phasors;       // does nothing while the phasor window is hidden
 };
 
-// Whether a frame held at least one phase group; a harmonics frame holds none.
-enum class PowerFrame { parsed, without_group };
+// What a power frame held. With `complete` the last phase of the wiring system was read, the next frame asked
+// for and the system values worked out; `partial` means other groups only.
+enum class PowerFrame { complete, partial, without_group, of_harmonics };
 
 class PowerMonitor {
  public:
@@ -45,9 +46,9 @@ class PowerMonitor {
         window_(meter_rec),
         steps_(steps) {}
 
-  // Parses what stands in poll_buffer and cuts it off there. As soon as the last phase of the wiring system
-  // has been read it asks for the next frame, so that the meter prepares it while the system values are
-  // worked out.
+  // Parses what stands in poll_buffer and cuts it off there; a harmonics frame is dropped. As soon as the
+  // last phase of the wiring system has been read it asks for the next frame, so that the meter prepares it
+  // while the system values are worked out.
   PowerFrame handle_frame();
 
  private:
@@ -57,6 +58,7 @@ class PowerMonitor {
   void system_step();
   void show_line_voltage(int index);
 
+  void wait_and_drain();
   bool has(char symbol, int phase) const;
   double value(char symbol, int phase) const;
   void show(PhaseQuantity quantity, int phase, const std::string& text);
