@@ -72,15 +72,12 @@ FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
   return failure;
 }
 
-// The commit brings the bytes to the disk before it renames. It does not notice a full disk by itself.
+// The commit brings the bytes to the disk before it renames, but does not notice a full disk by itself.
+// Without it the new file is dropped.
 FileFailure QtFiles::replace(const std::string& path, std::string_view bytes) {
   QSaveFile file(QString::fromStdString(path));
   if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(QFileInfo(file));
-  if (!write_all(file, bytes)) {
-    const FileFailure failure = cause_of_failed_write(file);
-    file.cancelWriting();
-    return failure;
-  }
+  if (!write_all(file, bytes)) return cause_of_failed_write(file);
   return file.commit() ? FileFailure::none : FileFailure::failed;
 }
 

@@ -35,7 +35,7 @@ void QtTimer::arm() {
 
 // A tick that comes while input is held back stays due; the end of the wait sets the alarm again.
 void QtTimer::fire() {
-  if (in_tick_ || world_.holding()) return;
+  if (world_.holding()) return;
   if (schedule_.take_due(steady_us()) && handler_) {
     in_tick_ = true;
     world_.run(handler_);
