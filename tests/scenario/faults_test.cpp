@@ -1,6 +1,9 @@
 #include <algorithm>
-#include <cstdio>
 #include <string>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include "companion_test_base.h"
 
@@ -213,6 +216,18 @@ TEST(LongRun, AnHourOfPollingKeepsTheBuffersEmptyAndMissesNothing) {
   EXPECT_LE(instants, 450) << "a demand period of 15 minutes has 450 samples of 2 s";
   EXPECT_NE(journey.text("W_MD_value"), "------");
 }
+
+#ifdef __GLIBC__
+// The simulated meter's log fills up in the first hours; after that nothing may grow.
+TEST(LongRun, MemoryDoesNotGrow) {
+  Journey journey;
+  journey.start_on_port(1);
+  journey.world.run_for(8 * 3600);
+  const auto before = mallinfo2().uordblks;
+  journey.world.run_for(3600);
+  EXPECT_LT(mallinfo2().uordblks, before + 64 * 1024);
+}
+#endif
 
 }  // namespace
 }  // namespace halden

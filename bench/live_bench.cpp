@@ -1,0 +1,76 @@
+// From the bytes of a complete 3P4W frame to all texts of the main window, once-per-sample work included.
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "app/companion.h"
+#include "app/program.h"
+#include "platform/program_end.h"
+#include "platform/virtual/scripted_port.h"
+#include "platform/virtual/virtual_world.h"
+#include "simulator/meter.h"
+#include "simulator/simulated_port.h"
+
+namespace halden {
+namespace {
+
+const std::string frame =
+    "V1=  2301  I1= 12340  W1=  2781  P1=     0  Q1=   116"
+    "V2=  2298  I2= 11870  W2=  2655  P2=  1200  Q2=  1332"
+    "V3=  2306  I3= 13020  W3=  2902  P3= -1200  Q3= -1052";
+
+void prepare(Program& program) {
+  program.link.port_ready = 1;
+  program.status.ct_ratio = program.status.pt_ratio = 1;
+  program.status.current_range = 1;
+  program.status.md_period = 15;
+}
+
+void frame_to_texts(benchmark::State& state) {
+  VirtualWorld world;
+  ScriptedPort port(world);
+  Companion companion(world.platform(port), {});
+  companion.start_up();
+  prepare(companion.program());
+  for (auto _ : state) {
+    companion.program().link.poll_buffer = frame;
+    companion.program().monitor.frame_complete();
+    benchmark::DoNotOptimize(companion.screen().meter_rec.revision());
+  }
+  if (companion.screen().meter_rec["V31_value"].text != "398.9V") state.SkipWithError("wrong reading");
+}
+BENCHMARK(frame_to_texts);
+
+void frame_to_texts_with_sampling_instant(benchmark::State& state) {
+  VirtualWorld world;
+  ScriptedPort port(world);
+  Companion companion(world.platform(port), {});
+  companion.start_up();
+  prepare(companion.program());
+  for (auto _ : state) {
+    companion.program().link.poll_buffer = frame;
+    companion.program().monitor.last_sample_time.clear();
+    companion.program().monitor.frame_complete();
+    benchmark::DoNotOptimize(companion.screen().meter_rec.revision());
+  }
+}
+BENCHMARK(frame_to_texts_with_sampling_instant);
+
+// An hour beside the simulated meter, about 14,000 frames; the figure is virtual hours per real second.
+void hour_of_polling(benchmark::State& state) {
+  for (auto _ : state) {
+    VirtualWorld world;
+    Meter meter;
+    SimulatedPort port(world.clock, meter);
+    world.files.contents["./commport.dat"] = "1\r\n";
+    Companion companion(world.platform(port), {});
+    dispatch([&companion] { companion.start_up(); });
+    world.run_for(3600);
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(hour_of_polling)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace halden
