@@ -11,7 +11,7 @@ namespace halden {
 namespace {
 
 constexpr std::array<DesignColumn, 8> columns = {
-    {{54, 116}, {178, 116}, {302, 116}, {426, 128}, {562, 140}, {710, 154}, {872, 86}, {966, 94}}};
+    {{54, 121}, {183, 121}, {312, 121}, {441, 134}, {583, 147}, {738, 162}, {908, 90}, {1006, 98}}};
 
 constexpr std::array<std::string_view, 5> anchor_headers = {"V12_label", "V1_label", "I1_label", "S1_label",
                                                             "Q1_label"};

@@ -17,8 +17,19 @@ struct Box {
 
 enum class Shown { yes, no };
 
-constexpr int row_top(int phase) { return 64 + 100 * phase; }
-constexpr int row_height = 92;
+// Everything but the settings panel stands between these two, with this gap between panels.
+constexpr int grid_left = 16;
+constexpr int grid_width = 1088;
+constexpr int gap = 8;
+
+constexpr int row_height = 96;
+constexpr int row_top(int phase) { return 64 + (row_height + gap) * phase; }
+
+// Panel `index` of those that share the grid's width, `in_row` to a row.
+constexpr Box in_grid(int index, int in_row, int top, int height) {
+  const int pitch = (grid_width + gap) / in_row;
+  return {grid_left + pitch * (index % in_row), top + (height + gap) * (index / in_row), pitch - gap, height};
+}
 
 class Designer {
  public:
@@ -71,7 +82,7 @@ void design_phases(Designer& to) {
   for (int phase = 0; phase < phase_count; ++phase) {
     const std::string digit = std::to_string(phase + 1);
     to.place({"L" + digit + "_name", ControlKind::reading, phase, {}, {}},
-             {16, row_top(phase), 34, row_height}, "L" + digit);
+             {grid_left, row_top(phase), 34, row_height}, "L" + digit);
     const auto at = [phase](const DesignColumn& column) {
       return Box{column.left, row_top(phase), column.width, row_height};
     };
@@ -88,20 +99,20 @@ void design_system(Designer& to) {
   constexpr int panels_in_row = 4;
   int index = 0;
   for (const Panel& panel : system_panels()) {
-    const Box box = {16 + 263 * (index % panels_in_row), 371 + 80 * (index / panels_in_row), 255, 72};
-    to.panel(panel, box, "-00.00KVARH");
+    to.panel(panel, in_grid(index, panels_in_row, 382, 74), "-00.00KVARH");
     ++index;
   }
   index = 0;
   for (const Panel& panel : unbalance_panels()) {
-    to.panel(panel, {16 + 1053 * index / 6, 613, 167, 105}, "00.00%");
+    to.panel(panel, in_grid(index, static_cast<int>(unbalance_panels().size()), 634, 84), "00.00%");
     ++index;
   }
 }
 
 void design_settings(Designer& to) {
-  constexpr int left = 1074;
-  to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, 190, 20}, "Meter settings");
+  constexpr int left = 1118;
+  constexpr int width = 146;
+  to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, width, 20}, "Meter settings");
   struct Setting {
     std::string_view box, button, caption;
   };
@@ -112,27 +123,29 @@ void design_settings(Designer& to) {
                                                 {"HZ_value", "set_hz", "HZ"}}};
   int top = 92;
   for (const Setting& setting : settings) {
-    to.place({std::string(setting.button), ControlKind::button, -1, {}, {}}, {left, top, 70, 32},
+    to.place({std::string(setting.button), ControlKind::button, -1, {}, {}}, {left, top, 58, 32},
              std::string(setting.caption));
     to.place({std::string(setting.box), ControlKind::edit_box, -1, {}, std::string(setting.button)},
-             {left + 78, top, 112, 32}, "");
+             {left + 66, top, width - 66, 32}, "");
     top += 41;
   }
-  to.place({"get_hz", ControlKind::button, -1, {}, {}}, {left, top + 4, 190, 32}, "Update Now");
-  to.place({"energy_heading", ControlKind::text, -1, {}, {}}, {left, top + 62, 190, 20}, "Energy and demand");
-  to.place({"reset_kwh", ControlKind::button, -1, {}, {}}, {left, top + 88, 190, 32}, "<- Reset");
+  to.place({"get_hz", ControlKind::button, -1, {}, {}}, {left, top + 4, width, 32}, "Update Now");
+  to.place({"energy_heading", ControlKind::text, -1, {}, {}}, {left, top + 62, width, 20},
+           "Energy and demand");
+  to.place({"reset_kwh", ControlKind::button, -1, {}, {}}, {left, top + 88, width, 32}, "<- Reset");
 }
 
 // The harmonics and waveform views cover the power panels while their chart is shown.
 void design_harmonics(Designer& to) {
-  to.place({"Harmo_Graph1", ControlKind::chart, -1, {}, {}}, {16, 64, 1044, 376}, "", Shown::no);
-  to.place({"HScroll1", ControlKind::scroll_bar, -1, {}, {}}, {16, 450, 1044, 22}, "", Shown::no);
+  to.place({"Harmo_Graph1", ControlKind::chart, -1, {}, {}}, {grid_left, 64, grid_width, 376}, "", Shown::no);
+  to.place({"HScroll1", ControlKind::scroll_bar, -1, {}, {}}, {grid_left, 450, grid_width, 22}, "",
+           Shown::no);
   int index = 0;
   for (const Panel& panel : harmonic_cursor_panels())
-    to.panel(panel, {16 + 263 * index++, 484, 255, 70}, "-000.0", -1, Shown::no);
+    to.panel(panel, in_grid(index++, 4, 484, 70), "-000.0", -1, Shown::no);
   index = 0;
   for (const Panel& panel : wave_summary_panels()) {
-    to.panel(panel, {16 + 263 * (index % 4), 566 + 80 * (index / 4), 255, 72}, "-000.0mA", -1, Shown::no);
+    to.panel(panel, in_grid(index, 4, 562, 72), "-000.0mA", -1, Shown::no);
     ++index;
   }
 }

@@ -1,0 +1,1 @@
+#include <QString>  // must not be found from a logic room
