@@ -1,0 +1,38 @@
+#include "cli/command.h"
+
+#include <CLI/CLI.hpp>
+
+namespace halden {
+
+namespace {
+
+std::string check_port(const std::string& text) {
+  return parse_port_argument(text) ? std::string()
+                                   : "expected 1 to 16, the path of a device, or demo, not " + text;
+}
+
+}  // namespace
+
+void add_common_options(CLI::App& command, CommonOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--port",
+          [&options](const std::string& text) {
+            if (const auto port = parse_port_argument(text)) options.port = *port;
+          },
+          "The meter's COM port, the path of its device, or demo for a simulated meter")
+      ->type_name("1..16|DEVICE|demo")
+      ->required()
+      ->check(check_port);
+  command
+      .add_option_function<std::string>(
+          "--format",
+          [&options](const std::string& name) {
+            options.format = name == "json" ? Format::json : Format::text;
+          },
+          "How results are printed: name=value lines, or one JSON object a line")
+      ->type_name("text|json")
+      ->check(CLI::IsMember({"text", "json"}).description(""));
+}
+
+}  // namespace halden

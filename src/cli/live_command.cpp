@@ -1,0 +1,108 @@
+#include "cli/live_command.h"
+
+#include <CLI/CLI.hpp>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "cli/command.h"
+#include "cli/session.h"
+#include "readings/patterns.h"
+#include "screen/panels.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int silence_check_ms = 500;
+constexpr int most_frames = 1'000'000'000;
+constexpr int ms_per_day = 86'400'000;
+
+std::string padded(int number, const char* zeros) { return format_pattern(number, zeros); }
+
+int run_live(const CommonOptions& common, const LiveOptions& options) {
+  Session session(common.port, Interruption::ends_it);
+  LiveReport report(session.program(), options, session);
+  QTimer silence_watch;
+  QObject::connect(&silence_watch, &QTimer::timeout, &session.world(),
+                   [&] { session.world().run([&] { report.check_silence(); }); });
+  silence_watch.start(silence_check_ms);
+  return session.run([&] { report.start(); });
+}
+
+}  // namespace
+
+LiveReport::LiveReport(Program& program, const LiveOptions& options, Terminal& terminal)
+    : program_(program), options_(options), terminal_(terminal) {}
+
+void LiveReport::start() {
+  if (program_.status.meter_mode == harmonics_mode) {
+    terminal_.failed("The meter is in harmonics mode: press its POWER button and try again.");
+    return;
+  }
+  started_ = true;
+  last_frame_s_ = program_.platform.clock.monotonic_s();
+  program_.live_steps.after_power_frame = [this] { print_frame(); };
+}
+
+void LiveReport::check_silence() {
+  if (!started_ || !options_.count) return;
+  if (program_.platform.clock.monotonic_s() - last_frame_s_ >= longest_silence_s)
+    terminal_.failed("The meter has sent no readings for 30 seconds.");
+}
+
+void LiveReport::print_frame() {
+  if (frames_ == options_.count) return;
+  last_frame_s_ = program_.platform.clock.monotonic_s();
+  const Record record = live_record(program_.screen.meter_rec, local_time_text(program_.platform.clock));
+  const char* const block_end = options_.format == Format::text ? "\n" : "";
+  terminal_.print(formatted(record, options_.format) + block_end);
+  if (++frames_ == options_.count) terminal_.done();
+}
+
+Record live_record(const Window& meter_rec, const std::string& time) {
+  Record record = {{"time", time}};
+  const auto add = [&](const Panel& panel) {
+    const Control& value = meter_rec[panel.value];
+    if (value.visible) record[panel.value] = value.text;
+  };
+  for (int phase = 0; phase < phase_count; ++phase)
+    for (const PhaseQuantity quantity : phase_quantities) add(phase_panel(quantity, phase));
+  for (int line = 0; line < phase_count; ++line) add(line_panel(line));
+  for (const Panel& panel : system_panels()) add(panel);
+  return record;
+}
+
+std::string local_time_text(const Clock& clock) {
+  Date date = clock.today();
+  double time_s = clock.seconds_since_midnight();
+  while (date != clock.today()) {  // midnight passed between the two questions
+    date = clock.today();
+    time_s = clock.seconds_since_midnight();
+  }
+  const int ms = std::min(static_cast<int>(std::lround(time_s * 1000.0)), ms_per_day - 1);
+  return padded(date.year, "0000") + "-" + padded(date.month, "00") + "-" + padded(date.day, "00") + "T" +
+         padded(ms / 3'600'000, "00") + ":" + padded(ms / 60'000 % 60, "00") + ":" +
+         padded(ms / 1000 % 60, "00") + "." + padded(ms % 1000, "000");
+}
+
+void add_live_command(CLI::App& app, ChosenCommand& chosen) {
+  struct Typed {
+    CommonOptions common;
+    std::optional<int> count;
+  };
+  const auto typed = std::make_shared<Typed>();
+  CLI::App* const command =
+      app.add_subcommand("live", "Print every reading of the meter's power mode until interrupted");
+  add_common_options(*command, typed->common);
+  command->add_option("--count", typed->count, "End after that many readings")
+      ->type_name("N")
+      ->check(CLI::Range(1, most_frames).description(""));
+  command->callback([typed, &chosen] {
+    chosen = [typed] { return run_live(typed->common, {typed->count, typed->common.format}); };
+  });
+}
+
+}  // namespace halden

@@ -1,0 +1,52 @@
+// haldenctl live: the readings of every power frame, as the panels of the main window show them.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/program.h"
+#include "cli/record.h"
+#include "cli/terminal.h"
+#include "platform/clock.h"
+#include "screen/window.h"
+
+namespace halden {
+
+struct LiveOptions {
+  std::optional<int> count;  // of frames after which it is done; for ever without
+  Format format = Format::text;
+};
+
+// With a count, a meter that sends no frame for that long is given up.
+inline constexpr double longest_silence_s = 30.0;
+
+// Prints what the power view shows after each frame. The program has been started up and polls the meter.
+class LiveReport {
+ public:
+  // All outlive the report.
+  LiveReport(Program& program, const LiveOptions& options, Terminal& terminal);
+
+  // From now on frames are printed; a meter in harmonics mode sends none, which is a failure.
+  void start();
+
+  // Looks whether the meter has been silent for too long; to be called now and then.
+  void check_silence();
+
+ private:
+  void print_frame();
+
+  Program& program_;
+  LiveOptions options_;
+  Terminal& terminal_;
+  bool started_ = false;
+  int frames_ = 0;
+  double last_frame_s_ = 0.0;
+};
+
+// "time", and the texts of the visible phase, line and system panels under the panels' names.
+Record live_record(const Window& meter_rec, const std::string& time);
+
+// The clock's local time as "2026-11-22T12:30:44.250".
+std::string local_time_text(const Clock& clock);
+
+}  // namespace halden

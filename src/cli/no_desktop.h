@@ -1,0 +1,69 @@
+// The parts of the outside world that a command has no use for: no boxes, no printer, no documents, no files.
+// Messages are remembered, because the command decides what to make of them.
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/printer.h"
+#include "platform/shell.h"
+
+namespace halden {
+
+// Every message is answered at once, every question with no.
+class RememberingDialogs : public Dialogs {
+ public:
+  void message(const Message& message) override { last_message_ = message.text; }
+  bool confirm(const Message&) override { return false; }
+  void tell(const Message&) override {}
+  std::string input(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::optional<std::string> open_file(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::string> save_file(const FileQuestion&) override { return std::nullopt; }
+
+  // Empty when there was none.
+  const std::string& last_message() const { return last_message_; }
+
+ private:
+  std::string last_message_;
+};
+
+class NoPrinter : public Printer {
+ public:
+  void set_orientation(Orientation) override {}
+  void set_font(const PrintFont&) override {}
+  PageSize page_size() override { return {}; }
+  double text_width(const std::string&) override { return 0.0; }
+  void print_line(double, double, const std::string&) override {}
+  void new_page() override {}
+  void print_window(const std::string&) override {}
+  std::string finish() override { return "There is no printer."; }
+};
+
+class SilentShell : public Shell {
+ public:
+  explicit SilentShell(std::function<void()> end) : end_(std::move(end)) {}
+  bool open_document(const std::string&) override { return false; }
+  void beep() override {}
+  void end_program() override { end_(); }
+
+ private:
+  std::function<void()> end_;
+};
+
+// An empty folder in which nothing can be kept: the configuration files of the program with windows are
+// neither read nor written.
+class NoFiles : public Files {
+ public:
+  bool exists(const std::string&) override { return false; }
+  FilePiece read(const std::string&, std::uint64_t, std::size_t) override {
+    return {FileFailure::not_found, {}};
+  }
+  FileFailure append(const std::string&, std::string_view) override { return FileFailure::forbidden; }
+  FileFailure replace(const std::string&, std::string_view) override { return FileFailure::forbidden; }
+  FileFailure remove(const std::string&) override { return FileFailure::none; }
+  std::optional<std::uint64_t> length(const std::string&) override { return std::nullopt; }
+};
+
+}  // namespace halden

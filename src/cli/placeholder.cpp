@@ -1,1 +1,0 @@
-namespace halden { void cli_placeholder(); void cli_placeholder() {} }

@@ -1,0 +1,12 @@
+// haldenctl status: what the meter says of itself.
+#pragma once
+
+#include "cli/record.h"
+#include "link/meter_status.h"
+
+namespace halden {
+
+// The values of the status reply under their names, in the order of the reply.
+Record status_record(const MeterStatus& status);
+
+}  // namespace halden
