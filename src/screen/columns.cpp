@@ -11,7 +11,7 @@ namespace halden {
 namespace {
 
 constexpr std::array<DesignColumn, 8> columns = {
-    {{54, 121}, {183, 121}, {312, 121}, {441, 134}, {583, 147}, {738, 162}, {908, 90}, {1006, 98}}};
+    {{54, 122}, {184, 122}, {314, 121}, {443, 135}, {586, 147}, {741, 165}, {914, 92}, {1014, 98}}};
 
 constexpr std::array<std::string_view, 5> anchor_headers = {"V12_label", "V1_label", "I1_label", "S1_label",
                                                             "Q1_label"};

@@ -19,7 +19,7 @@ enum class Shown { yes, no };
 
 // Everything but the settings panel stands between these two, with this gap between panels.
 constexpr int grid_left = 16;
-constexpr int grid_width = 1088;
+constexpr int grid_width = 1096;
 constexpr int gap = 8;
 
 constexpr int row_height = 96;
@@ -110,8 +110,8 @@ void design_system(Designer& to) {
 }
 
 void design_settings(Designer& to) {
-  constexpr int left = 1118;
-  constexpr int width = 146;
+  constexpr int left = 1126;
+  constexpr int width = 138;
   to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, width, 20}, "Meter settings");
   struct Setting {
     std::string_view box, button, caption;

@@ -12,7 +12,7 @@ namespace halden {
 namespace {
 
 // Designer left positions of the five header columns, in 1/1440 inch (15 to the pixel).
-constexpr float p1 = 54 * 15, p2 = 183 * 15, p3 = 312 * 15, p4 = 583 * 15, p5 = 738 * 15;
+constexpr float p1 = 54 * 15, p2 = 184 * 15, p3 = 314 * 15, p4 = 586 * 15, p5 = 741 * 15;
 
 const std::vector<std::string> movable = {"V12", "V23", "V31", "V1", "V2", "V3", "I1", "I2", "I3"};
 const std::vector<std::string> unbalance = {"VUR", "d0_v", "d2_v", "IUR", "d0_i", "d2_i"};
