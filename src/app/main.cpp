@@ -29,6 +29,7 @@ void declare(CLI::App& app, Typed& typed) {
   app.add_flag("--demo", typed.options.demo, "COM 1 is a simulated meter, with a panel of its buttons");
   app.add_option("--com", typed.ports, "Use DEVICE for port COM N; may be repeated")
       ->type_name("N=DEVICE")
+      ->allow_extra_args(false)
       ->check(check_port);
   app.add_option("--workdir", typed.options.work_folder, "The folder with language.pha and commport.dat")
       ->type_name("DIR")

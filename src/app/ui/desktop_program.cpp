@@ -20,6 +20,7 @@
 #include "platform/qt/desktop/qt_shell.h"
 #include "platform/qt/desktop/wait_cursor.h"
 #include "screen/main_window.h"
+#include "screen/ui/fonts.h"
 #include "simulator/demo_port.h"
 #include "simulator/meter.h"
 #include "simulator/simulated_port.h"
@@ -30,6 +31,9 @@ namespace {
 
 // The status line is looked at this often while nothing else happens.
 constexpr int idle_refresh_ms = 500;
+
+// Of message boxes and whatever else chooses no size of its own.
+constexpr int box_text_pixels = 14;
 
 PortTable port_table(const DesktopOptions& options) {
   PortTable table;
@@ -164,6 +168,7 @@ int run_desktop(int& argc, char** argv, const DesktopOptions& options) {
   QApplication::setQuitOnLastWindowClosed(false);  // only the logic ends the program
   const Look look = options.look.value_or(desktop_look(QApplication::palette()));
   apply_to_application(look);
+  QApplication::setFont(with_pixel_size(text_font(), box_text_pixels));
   return DesktopProgram(options, look).run();
 }
 
