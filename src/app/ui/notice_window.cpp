@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "app/ui/busy_bar.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/value_panel.h"
 
@@ -12,7 +13,7 @@ namespace halden {
 
 namespace {
 
-constexpr QSize notice_size(380, 104);
+constexpr QSize notice_size(380, 116);
 constexpr int caption_pixels = 13;
 constexpr int message_pixels = 19;
 constexpr int accent_width = 4;
@@ -45,6 +46,8 @@ void NoticeWindow::build() {
   column->setContentsMargins(24, 18, 20, 18);
   column->addWidget(caption_);
   column->addWidget(message_);
+  column->addSpacing(6);
+  column->addWidget(new BusyBar(theme_));
   mirror_.tie("Text1", *message_);
   setFixedSize(notice_size);
 }
