@@ -109,6 +109,13 @@ TEST(Live, EndsQuietlyWhenItsReaderHasSeenEnough) {
   EXPECT_EQ(live.errors(), "");
 }
 
+TEST(Live, ResultsThatCannotBeWrittenAreAFailure) {
+  const std::string command = "exec " HALDEN_BIN_DIR "/haldenctl live --port demo --count 1 > /dev/full";
+  const Ended ended = run_to_end({"/bin/sh", "-c", command});
+  EXPECT_EQ(ended.exit_code, 1);
+  EXPECT_EQ(ended.errors, "The results could not be written.\n");
+}
+
 TEST(Live, ATerminationEndsItCleanlyBetweenTwoReadings) {
   Process live({"haldenctl", "live", "--port", "demo", "--format", "json"});
   ASSERT_TRUE(live.read_line());
