@@ -57,7 +57,8 @@ void LivePoll::count_missed_poll() {
   }
   if (state_.missed_polls > give_up_after) {
     platform_.shell.beep();
-    live_buffer(state_).clear();
+    state_.poll_buffer.clear();
+    state_.wave_buffer.clear();  // a head of five seconds ago would spoil the waveform that comes after it
     polling_.send_live_request();
     state_.missed_polls = 0;
   }

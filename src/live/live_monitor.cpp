@@ -52,14 +52,17 @@ void LiveMonitor::power_frame() {
 }
 
 // A buffer long enough to pass for a frame, but without a last group, would be found complete for ever and no
-// new frame be asked for. When nothing was added to it since the tick before, it goes.
+// new frame be asked for. When it is still the same at the next tick, it goes.
 void LiveMonitor::drop_what_never_completes(PowerFrame frame) {
-  const std::size_t length = state_.poll_buffer.size();
-  const bool stuck = frame != PowerFrame::complete && length > 0 && length == length_without_end_;
-  length_without_end_ = frame == PowerFrame::complete ? 0 : length;
-  if (!stuck) return;
-  state_.poll_buffer.clear();
-  state_.missed_polls = nearly_a_request;
+  if (frame == PowerFrame::complete || state_.poll_buffer.empty()) {
+    unfinished_.clear();
+  } else if (unfinished_ == state_.poll_buffer) {
+    unfinished_.clear();
+    state_.poll_buffer.clear();
+    state_.missed_polls = nearly_a_request;
+  } else {
+    unfinished_ = state_.poll_buffer;
+  }
 }
 
 bool LiveMonitor::new_sampling_instant() const {

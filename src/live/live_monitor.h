@@ -60,7 +60,7 @@ class LiveMonitor : public LiveViews {
   Window& window_;
   LiveSteps& steps_;
   FrameRate frame_rate_;
-  std::size_t length_without_end_ = 0;  // of poll_buffer after a tick that found no last group
+  std::string unfinished_;  // poll_buffer after the last tick that found no last group
 };
 
 }  // namespace halden

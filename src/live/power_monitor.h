@@ -10,6 +10,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "link/link_state.h"
@@ -46,7 +47,7 @@ class PowerMonitor {
         window_(meter_rec),
         steps_(steps) {}
 
-  // Parses what stands in poll_buffer and cuts it off there; a harmonics frame is dropped. As soon as the
+  // Parses what stands in poll_buffer and takes it off there; a harmonics frame is dropped. As soon as the
   // last phase of the wiring system has been read it asks for the next frame, so that the meter prepares it
   // while the system values are worked out.
   PowerFrame handle_frame();
@@ -55,12 +56,14 @@ class PowerMonitor {
   bool take_group(int phase);
   void take_powers(int phase);
   void take_angles(int phase);
+  void show_angles(int phase, double v_angle, double i_angle);
+  void finish_frame();
   void system_step();
   void show_line_voltage(int index);
 
   void wait_and_drain();
-  bool has(char symbol, int phase) const;
-  double value(char symbol, int phase) const;
+  std::size_t group_end() const;
+  std::optional<double> field(char symbol, int phase) const;
   void show(PhaseQuantity quantity, int phase, const std::string& text);
 
   Waits& waits_;

@@ -50,7 +50,7 @@ void SampleClock::mark_sampling_instant(double now_s, double sample_time_s) {
 
 // The next tick falls on a whole multiple of clock_tick_ms since midnight.
 void SampleClock::align(double now_s) {
-  const int now_ms = static_cast<int>(now_s * 1000.0);
+  const int now_ms = static_cast<int>(round_half_even(now_s * 1000.0));
   int period_ms = clock_tick_ms - now_ms % clock_tick_ms;
   if (period_ms < shortest_period_ms) period_ms += clock_tick_ms;
   timer_.set_period_ms(period_ms);

@@ -53,7 +53,7 @@ TEST_F(PowerMonitorTest, AGroupOf51CharactersIsNotParsedOneMoreIs) {
   EXPECT_TRUE(port.sent.empty());
   EXPECT_EQ(handle(group('1') + "   ", 0), PowerFrame::complete);
   EXPECT_EQ(text("V1_value"), "220.1V");
-  EXPECT_EQ(state.poll_buffer, "   ") << "cut just after the last value";
+  EXPECT_EQ(state.poll_buffer, "");
 }
 
 TEST_F(PowerMonitorTest, TheNextFrameIsAskedForBeforeTheSystemValues) {
@@ -102,6 +102,32 @@ TEST_F(PowerMonitorTest, MissingFieldsLeaveTheirPanelsAlone) {
     handle(group('1') + "   ", 0);
     for (const std::string& control : row.still_old)
       EXPECT_NE(text(control), "old") << row.missing << control;
+  }
+}
+
+// Bytes lost on the line: what is damaged keeps its last reading, and nothing is borrowed from a frame behind
+// it.
+TEST_F(PowerMonitorTest, ADamagedGroupBorrowsNothingFromItsNeighbours) {
+  const std::string next = "V1=  5000 I1= 19999 W1=  9999 P1=     0 Q1=   500";
+  struct Case {
+    const char* name;
+    std::string frame;
+    std::string shown;  // V1 I1 W1 PF1
+  };
+  for (const Case& row :
+       {Case{"I1 lost", "V1=  2301  W1=  2781  P1=     0  Q1=   116" + next, "230.1V 1.000A 2.781KW 0.90"},
+        Case{"W1 lost", "V1=  2301  I1= 12340  P1=     0  Q1=   116" + next, "230.1V 12.34A 0.200KW 0.90"},
+        Case{"V1 damaged behind a cut head",
+             "V1=  1999 I1= 12V1=  23I1= 12340  W1=  2781  P1=     0  Q1=   116",
+             "220.1V 1.000A 0.200KW 0.90"},
+        Case{"the same with a frame behind it",
+             "V1=  1999 I1= 12V1=  23I1= 12340  W1=  2781  P1=     0  Q1=   116" + next,
+             "220.1V 1.000A 0.200KW 0.90"}}) {
+    handle(group('1') + "   ", 0);
+    handle(row.frame, 0);
+    EXPECT_EQ(text("V1_value") + " " + text("I1_value") + " " + text("W1_value") + " " + text("PF1_value"),
+              row.shown)
+        << row.name;
   }
 }
 

@@ -146,6 +146,21 @@ TEST_F(Linked, TheHeadOfACutFrameDoesNotMixWithTheNextFrame) {
   }
 }
 
+// A frame too many must not keep all later readings one frame behind.
+TEST_F(Linked, SurplusFramesLeaveNoLagBehind) {
+  faults().late_s = 1.7;  // the request is repeated meanwhile, so one frame too many comes
+  journey.world.run_for(3);
+  faults() = {};
+  faults().doubled = true;
+  journey.world.run_for(10);
+  faults() = {};
+  journey.world.run_for(5);
+  journey.fix_phase(1, {2200, 12340, 2781, 0, 116});
+  journey.world.run_for(1.1);
+  EXPECT_EQ(journey.text("V1_value"), "220.0V");
+  EXPECT_LT(journey.program().link.poll_buffer.size(), 160u);
+}
+
 TEST_F(Linked, AnEndlessStreamDoesNotHangAStatusQuery) {
   faults().endless_stream = true;
   journey.click_after(0, "get_hz");
