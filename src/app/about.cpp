@@ -10,9 +10,7 @@ namespace {
 
 constexpr std::string_view product_line = "Halden";
 constexpr std::string_view version_line = "Version: 7.0";
-constexpr std::string_view legal_line =
-    "2026. Free software under the GNU General Public License, version 3 or later; it comes without any "
-    "warranty.";
+constexpr std::string_view legal_line = "2026. Free software, GPL 3 or later, no warranty.";
 
 constexpr std::array<std::string_view, 6> manuals = {
     "Halden-SW-HELP-EN-V2.0.pdf", "Halden-SW-Help-FR_V2.0.pdf", "Halden-SW-Help-DE_V2.0.pdf",

@@ -67,7 +67,7 @@ PortRefusal PortChoice::open(int number) {
 
 void PortChoice::fall_back(int number, int old) {
   platform_.dialogs.message({"COM " + std::to_string(number) + " not available", "", Icon::none});
-  open(old);
+  if (open(old) != PortRefusal::none && state_.port_ready == 1) platform_.port.keep_looking(old);
   polling_.resume_polling(1);
 }
 

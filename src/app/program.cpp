@@ -4,6 +4,7 @@ namespace halden {
 
 Program::Program(Platform outside, const std::string& work_folder)
     : platform(outside),
+      gate(platform.clock),
       waits(platform.clock, platform.port),
       polling(platform, waits, link),
       query(platform, waits, polling, link, status, screen, label_column_left),

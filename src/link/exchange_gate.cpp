@@ -33,7 +33,7 @@ void ExchangeGate::run_tick(const std::function<void()>& tick) {
     return;
   }
   run_now(tick);
-  run_kept();
+  if (!kept_.empty()) clock_.run_later([this] { run_kept(); });
 }
 
 void ExchangeGate::run_now(const std::function<void()>& work) {

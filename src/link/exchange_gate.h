@@ -7,16 +7,20 @@
 #include <utility>
 #include <vector>
 
+#include "platform/clock.h"
+
 namespace halden {
 
 class ExchangeGate {
  public:
+  explicit ExchangeGate(Clock& clock) : clock_(clock) {}
+
   // Runs `exchange` now, or keeps it under `name` when something runs. A name that is kept already is not
   // kept twice.
   void run(const std::string& name, std::function<void()> exchange);
 
-  // Runs a live tick: clicks made while it lets events run wait for its end. A tick inside an exchange, or
-  // inside another tick, just runs.
+  // Runs a live tick: exchanges started while it lets events run follow it in a handler of their own, so that
+  // ticks go on during them. A tick inside an exchange, or inside another tick, just runs.
   void run_tick(const std::function<void()>& tick);
 
   bool busy() const { return busy_; }
@@ -27,6 +31,7 @@ class ExchangeGate {
   void run_now(const std::function<void()>& work);
   void run_kept();
 
+  Clock& clock_;
   bool busy_ = false;
   std::vector<std::pair<std::string, std::function<void()>>> kept_;
 };

@@ -18,12 +18,13 @@ void show_panels(Window& window, std::span<const Panel> panels, bool visible) {
   }
 }
 
-void show_all(Window& window, bool visible) {
-  show_panels(window, harmonic_cursor_panels(), visible);
-  show_panels(window, wave_summary_panels(), visible);
+void show_graph(Window& window, bool visible) {
   window["HScroll1"].visible = visible;
   window["Harmo_Graph1"].visible = visible;
 }
+
+// Of the summary block without date and time, which come with the first frame.
+std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().subspan(2); }
 
 }  // namespace
 
@@ -37,12 +38,12 @@ void ViewSelection::select_by_meter_mode() {
 void ViewSelection::close_view() {
   state_.display_mode = power_view;
   polling_.stop_polling();
-  show_all(window_, false);
+  show_graph(window_, false);
+  show_panels(window_, harmonic_cursor_panels(), false);
+  show_panels(window_, wave_summary_panels(), false);
   polling_.set_live_timer();
   polling_.resume_polling(1);
 }
-
-void ViewSelection::show_harmonics_graph() { show_all(window_, true); }
 
 void ViewSelection::open_harmonics() {
   view_ = {offered_orders, 0};
@@ -51,8 +52,10 @@ void ViewSelection::open_harmonics() {
   Control& cursor = window_["HScroll1"];
   cursor.minimum = 1;
   cursor.maximum = offered_orders;
-  cursor.value = std::min(status_.harmonic_order, offered_orders);
-  show_harmonics_graph();
+  cursor.value = std::clamp<std::int16_t>(status_.harmonic_order, 1, offered_orders);
+  show_graph(window_, true);
+  show_panels(window_, harmonic_cursor_panels(), true);
+  show_panels(window_, summary_of_harmonics(), true);
   const bool frequency_known = status_.frequency_code != 0;
   window_["har_hz_label"].visible = frequency_known;
   window_["har_hz_value"].visible = frequency_known;

@@ -28,9 +28,6 @@ class ViewSelection {
   // Back to the power view, with everything of the harmonics and waveform views hidden.
   void close_view();
 
-  // Makes the chart, the order cursor and the summary block visible.
-  void show_harmonics_graph();
-
  private:
   void open_harmonics();
 

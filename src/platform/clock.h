@@ -6,6 +6,7 @@
 #pragma once
 
 #include <compare>
+#include <functional>
 #include <string>
 
 namespace halden {
@@ -40,6 +41,9 @@ class Clock {
   // pending events. Yield::no repaints and receives, but holds input and all Timers back. Throws ProgramEnded
   // when the program has been asked to end (see program_end.h).
   virtual void pause(Yield yield, double at_most_s) = 0;
+
+  // Calls `handler` as a handler of its own as soon as the program takes input.
+  virtual void run_later(std::function<void()> handler) = 0;
 };
 
 // Lets pending interface events run once.

@@ -24,6 +24,10 @@ class SerialPort {
   // Opens port `number` (1..16). Closes the one that was open before.
   virtual PortRefusal open(int number) = 0;
   virtual void close() = 0;
+
+  // Takes a port that was open a moment ago, and could not be opened again, for vanished: it opens by itself
+  // as soon as it is back.
+  virtual void keep_looking(int number) = 0;
   virtual PortState state() const = 0;
 
   // Sends the bytes; drops them silently when nothing is open.

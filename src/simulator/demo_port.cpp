@@ -14,6 +14,12 @@ PortRefusal DemoPort::open(int number) {
   return active_->open(number);
 }
 
+void DemoPort::keep_looking(int number) {
+  close();
+  active_ = &behind(number);
+  active_->keep_looking(number);
+}
+
 void DemoPort::close() { active_->close(); }
 
 SerialPort& DemoPort::behind(int number) const {

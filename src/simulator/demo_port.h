@@ -13,6 +13,7 @@ class DemoPort : public SerialPort {
 
   PortRefusal open(int number) override;
   void close() override;
+  void keep_looking(int number) override;
   PortState state() const override { return active_->state(); }
   void send(std::string_view bytes) override { active_->send(bytes); }
   std::string receive() override { return active_->receive(); }

@@ -17,6 +17,7 @@ class SimulatedPort : public SerialPort {
 
   PortRefusal open(int number) override;
   void close() override;
+  void keep_looking(int number) override;
   PortState state() const override;
   void send(std::string_view bytes) override;
   std::string receive() override;

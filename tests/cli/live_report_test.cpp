@@ -131,6 +131,7 @@ struct MidnightClock : Clock {
   Date today() const override { return midnight_passed ? Date{2027, 1, 1} : Date{2026, 12, 31}; }
   std::string short_date() const override { return {}; }
   void pause(Yield, double) override {}
+  void run_later(std::function<void()>) override {}
   mutable bool midnight_passed = false;
 };
 

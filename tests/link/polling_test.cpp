@@ -160,7 +160,8 @@ TEST_F(LivePollTest, ACompleteFrameIsReadToItsEndBeforeItIsHandedOver) {
 }
 
 TEST(ExchangeGateTest, AClickDuringAnExchangeRunsOnceAfterIt) {
-  ExchangeGate gate;
+  VirtualWorld world;
+  ExchangeGate gate(world.clock);
   std::string order;
   gate.run("first", [&] {
     order += "1(";
@@ -177,14 +178,17 @@ TEST(ExchangeGateTest, AClickDuringAnExchangeRunsOnceAfterIt) {
 }
 
 TEST(ExchangeGateTest, ATickHoldsClicksBackButRunsInsideAnExchange) {
-  ExchangeGate gate;
+  VirtualWorld world;
+  ExchangeGate gate(world.clock);
   std::string order;
   gate.run_tick([&] {
     gate.run("click", [&] { order += "click"; });
     gate.run_tick([&] { order += "inner "; });
     order += "tick ";
   });
-  EXPECT_EQ(order, "inner tick click");
+  EXPECT_EQ(order, "inner tick ");
+  world.run_for(0);
+  EXPECT_EQ(order, "inner tick click") << "in a handler of its own";
 }
 
 }  // namespace

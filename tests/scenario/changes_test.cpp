@@ -65,6 +65,22 @@ TEST_F(Changes, APortThatDoesNotOpenLeavesTheOldOneOpenAndPolling) {
   EXPECT_GT(journey.received(from_s).size(), 4u) << "polling goes on";
 }
 
+// The adapter is pulled, another port is tried in vain, the adapter is plugged in again.
+TEST_F(Changes, AVanishedPortIsStillLookedForAfterARefusedChoice) {
+  journey.port.refuse(9, PortRefusal::missing);
+  journey.port.unplug();
+  journey.world.run_for(2);
+  click("port_number_9");
+  EXPECT_EQ(journey.world.dialogs.messages.back().text, "COM 9 not available");
+  EXPECT_EQ(journey.port.state(), PortState::vanished);
+  click("port_number_1");
+  EXPECT_EQ(journey.world.dialogs.messages.back().text, "COM 1 not available");
+  EXPECT_EQ(journey.port.state(), PortState::vanished);
+  journey.fix_phase(1, {2222, 12340, 2781, 0, 116});
+  journey.port.plug_in();
+  EXPECT_TRUE(journey.world.run_until([this] { return journey.text("V1_value") == "222.2V"; }, 12));
+}
+
 TEST(ChangesWithoutPort, TheFirstPortCanBeChosenFromTheMenuAndARefusalLeavesNone) {
   Journey journey;
   journey.start();
@@ -179,18 +195,26 @@ TEST_F(Changes, ExitEndsTheProgramAndSendsNothingMore) {
   EXPECT_EQ(journey.received(from_s + 0.001), "");
 }
 
-// Wherever the program waits, closing the window ends it: no more bytes, no more text.
+// Wherever the program waits, closing the window ends it at once: no more bytes, no more text.
 TEST(Closing, DuringEveryWaitEndsTheProgram) {
   for (double moment_s = 0.05; moment_s < 14; moment_s += 0.35) {
     Journey journey;
-    journey.world.user_does(moment_s, [&] { journey.companion->main_window_closed(); });
+    journey.world.user_closes(moment_s, [&] { journey.companion->main_window_closed(); });
     journey.start_on_port(1);
     journey.world.run_for(20);
     EXPECT_TRUE(journey.world.ended()) << moment_s;
-    // A wait that holds input back delays it: the longest is the 5 s in which the reply is collected.
-    EXPECT_LT(journey.world.clock.monotonic_s(), moment_s + 6.1);
-    EXPECT_EQ(journey.received(journey.world.clock.monotonic_s() + 0.001), "");
+    EXPECT_NEAR(journey.world.clock.monotonic_s(), moment_s, 0.006);
+    EXPECT_EQ(journey.received(moment_s + 0.006), "") << moment_s;
   }
+}
+
+TEST(Closing, WhileAMessageIsOpenEndsTheProgram) {
+  Journey journey;
+  journey.port.refuse(4, PortRefusal::missing);
+  journey.world.dialogs.while_open = [&](const Message&) { journey.companion->main_window_closed(); };
+  journey.start();
+  EXPECT_TRUE(journey.world.ended());
+  EXPECT_FALSE(journey.window().visible()) << "the start-up goes no further";
 }
 
 TEST(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {

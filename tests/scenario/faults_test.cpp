@@ -54,6 +54,22 @@ TEST_F(Linked, ALostLinkIsShownAfterSeventeenTicksAndReadingsResumeByThemselves)
   EXPECT_EQ(journey.text("status_link"), "linked");
 }
 
+// A click that lands in a tick of a lost link: polling and its warning go on under the message it leads to.
+TEST_F(Linked, PollingGoesOnUnderTheMessageOfAFailedQuery) {
+  faults().silence = true;
+  ASSERT_TRUE(journey.world.run_until([this] { return journey.program().link.missed_polls == 16; }, 10));
+  journey.click_after(0.249, "get_hz");
+  std::size_t requests = 0;
+  journey.world.dialogs.while_open = [&](const Message&) {
+    const double from_s = journey.world.clock.monotonic_s();
+    journey.world.run_for(5);
+    requests = journey.received(from_s + 0.001).size();
+  };
+  journey.world.run_for(20);
+  EXPECT_EQ(journey.world.dialogs.messages.size(), 1u);
+  EXPECT_GE(requests, 4u) << "a request a second";
+}
+
 TEST_F(Linked, AnAdapterPulledAndPutBackIsNoticedAndForgiven) {
   journey.port.unplug();
   journey.world.run_for(1);

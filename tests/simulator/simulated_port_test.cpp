@@ -15,6 +15,7 @@ class HandClock : public Clock {
   Date today() const override { return {}; }
   std::string short_date() const override { return {}; }
   void pause(Yield, double at_most_s) override { now_s += at_most_s; }
+  void run_later(std::function<void()>) override {}
 };
 
 struct SimulatedPortTest : testing::Test {
@@ -112,6 +113,7 @@ class RealPort : public SerialPort {
   std::string sent;
   PortRefusal open(int n) override { return number = n, PortRefusal::none; }
   void close() override { number = 0; }
+  void keep_looking(int n) override { number = n; }
   PortState state() const override { return number == 0 ? PortState::closed : PortState::open; }
   void send(std::string_view bytes) override { sent += bytes; }
   std::string receive() override { return "real"; }

@@ -37,7 +37,8 @@ QString object_name(std::string_view choice) { return QStringLiteral("demo_") + 
 }  // namespace
 
 DemoPanel::DemoPanel(Meter& meter, SimulatedPort& port, QWidget* main_window)
-    : QWidget(main_window, Qt::Tool), grid_(new QGridLayout(this)) {
+    : QWidget(main_window, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      grid_(new QGridLayout(this)) {
   setObjectName(QStringLiteral("demo_panel"));
   setWindowTitle(QStringLiteral("Halden meter (demo)"));
   setAttribute(Qt::WA_ShowWithoutActivating);

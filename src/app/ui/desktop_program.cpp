@@ -111,7 +111,9 @@ class DesktopProgram {
   QtWorld& world() { return outside_.world; }
 
   MeterRecEvents events() {
-    return {[this](std::string_view control) { world().run([&] { companion_.click(control); }); },
+    return {[this](std::string_view control) {
+              world().run_input([this, name = std::string(control)] { companion_.click(name); });
+            },
             [this] { world().run([this] { companion_.main_window_resized(); }); },
             [this] {
               world().run([this] { companion_.main_window_closed(); });

@@ -137,7 +137,7 @@ void MeterContent::build_backdrop(const DesignedControl& chart) {
   backdrop->setAutoFillBackground(true);
   Control place;
   place.top = 60 * units_per_pixel;
-  place.width = 1066 * units_per_pixel;
+  place.width = panels_right * units_per_pixel;
   place.height = design_height - place.top;
   put_at(place, *backdrop);
   mirror_.tie(chart.name, [backdrop](const Control& now) { backdrop->setVisible(now.visible); });

@@ -45,7 +45,7 @@ MeterRec::MeterRec(Window& window, MeterRecEvents events, Look look)
   build_content();
   build_shortcuts();
   choose_size();
-  show_changes();
+  if (mirror_.show_changes()) content_->arrange();
 }
 
 void MeterRec::build_menu_bar() {

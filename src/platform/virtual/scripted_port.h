@@ -17,6 +17,7 @@ class ScriptedPort : public SerialPort {
 
   PortRefusal open(int number) override;
   void close() override { state_ = PortState::closed; }
+  void keep_looking(int) override { state_ = PortState::vanished; }
   PortState state() const override { return state_; }
   void send(std::string_view bytes) override;
   std::string receive() override;

@@ -20,6 +20,7 @@ std::optional<Answer> take(std::deque<Answer>& answers) {
 void VirtualDialogs::message(const Message& message) {
   messages.push_back(message);
   if (while_open) while_open(message);
+  if (after_answer) after_answer();
 }
 
 bool VirtualDialogs::confirm(const Message& question) {

@@ -34,6 +34,9 @@ class VirtualDialogs : public Dialogs {
   std::vector<Message> told;
   std::vector<FileQuestion> file_questions;
 
+  // Called when a box has been answered; ends the handler when the program has ended meanwhile.
+  std::function<void()> after_answer;
+
   // Runs while a message is on the screen, before it is answered.
   std::function<void(const Message&)> while_open;
 

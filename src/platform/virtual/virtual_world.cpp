@@ -37,6 +37,7 @@ std::string VirtualClock::short_date() const {
 }
 
 void VirtualClock::pause(Yield yield, double at_most_s) {
+  world_.deliver_closing();
   if (world_.ended()) throw ProgramEnded();
   if (yield == Yield::yes) world_.deliver_due();
   if (at_most_s > 0) {
@@ -45,6 +46,8 @@ void VirtualClock::pause(Yield yield, double at_most_s) {
   }
   if (world_.ended()) throw ProgramEnded();
 }
+
+void VirtualClock::run_later(std::function<void()> handler) { world_.user_does(0, std::move(handler)); }
 
 void VirtualTimer::set_enabled(bool enabled) { schedule_.set_enabled(enabled, world_.now_us()); }
 
@@ -61,6 +64,9 @@ VirtualWorld::VirtualWorld(Date date, double time_of_day_s)
     : days_from_epoch_(days_of(date)), start_of_day_us_(static_cast<std::int64_t>(time_of_day_s * 1e6)) {
   timer1.set_period_ms(2000);
   timer2.set_period_ms(250);
+  dialogs.after_answer = [this] {
+    if (ended()) throw ProgramEnded();
+  };
 }
 
 Platform VirtualWorld::platform(SerialPort& port) {
@@ -105,9 +111,19 @@ void VirtualWorld::user_does(double after_s, std::function<void()> action) {
   actions_.emplace(now_us_ + static_cast<std::int64_t>(after_s * 1e6), std::move(action));
 }
 
+void VirtualWorld::user_closes(double after_s, std::function<void()> action) {
+  closing_.emplace(now_us_ + static_cast<std::int64_t>(after_s * 1e6), std::move(action));
+}
+
+void VirtualWorld::deliver_closing() {
+  while (!ended() && deliver_one_of(closing_)) {
+  }
+}
+
 // Each pending event once: an event that becomes due while these are handled waits for the next turn.
 void VirtualWorld::deliver_due() {
-  while (!ended() && deliver_one_action()) {
+  deliver_closing();
+  while (!ended() && deliver_one_of(actions_)) {
   }
   VirtualTimer* first = &timer1;
   VirtualTimer* second = &timer2;
@@ -116,11 +132,11 @@ void VirtualWorld::deliver_due() {
     if (!ended()) timer->tick_if_due();
 }
 
-bool VirtualWorld::deliver_one_action() {
-  const auto next = actions_.begin();
-  if (next == actions_.end() || next->first > now_us_) return false;
+bool VirtualWorld::deliver_one_of(Actions& actions) {
+  const auto next = actions.begin();
+  if (next == actions.end() || next->first > now_us_) return false;
   const std::function<void()> action = std::move(next->second);
-  actions_.erase(next);
+  actions.erase(next);
   dispatch(action);
   return true;
 }
@@ -129,7 +145,8 @@ std::int64_t VirtualWorld::next_event_us() const {
   std::int64_t next = std::numeric_limits<std::int64_t>::max();
   for (const VirtualTimer* timer : {&timer1, &timer2})
     if (timer->ready()) next = std::min(next, timer->due_us());
-  if (!actions_.empty()) next = std::min(next, actions_.begin()->first);
+  for (const Actions* actions : {&actions_, &closing_})
+    if (!actions->empty()) next = std::min(next, actions->begin()->first);
   return next;
 }
 

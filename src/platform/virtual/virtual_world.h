@@ -29,6 +29,7 @@ class VirtualClock : public Clock {
   Date today() const override;
   std::string short_date() const override;  // mm/dd/yyyy
   void pause(Yield yield, double at_most_s) override;
+  void run_later(std::function<void()> handler) override;
 
  private:
   VirtualWorld& world_;
@@ -78,6 +79,9 @@ class VirtualWorld {
   // Calls `action` as a handler of its own, `after_s` from now, as soon as the program takes input.
   void user_does(double after_s, std::function<void()> action);
 
+  // The same for closing a window, which also reaches a program that waits without taking input.
+  void user_closes(double after_s, std::function<void()> action);
+
   bool ended() const { return shell.ended; }
   std::int64_t now_us() const { return now_us_; }
   double time_of_day_s() const;
@@ -92,14 +96,17 @@ class VirtualWorld {
 
   void advance_us(std::int64_t step_us) { now_us_ += step_us; }
   void deliver_due();
-  bool deliver_one_action();
+  using Actions = std::multimap<std::int64_t, std::function<void()>>;
+  bool deliver_one_of(Actions& actions);
+  void deliver_closing();
   std::int64_t next_event_us() const;
 
   std::int64_t days_from_epoch_;
   std::int64_t start_of_day_us_;
   std::int64_t clock_offset_us_ = 0;
   std::int64_t now_us_ = 0;
-  std::multimap<std::int64_t, std::function<void()>> actions_;
+  Actions actions_;
+  Actions closing_;
 };
 
 }  // namespace halden

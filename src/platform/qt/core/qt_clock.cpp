@@ -5,7 +5,9 @@
 #include <QLocale>
 #include <QThread>
 #include <QTime>
+#include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "platform/program_end.h"
 #include "platform/qt/core/qt_world.h"
@@ -53,11 +55,17 @@ void QtClock::pause(Yield yield, double at_most_s) {
     world_.end_wait();
     QCoreApplication::processEvents(QEventLoop::AllEvents, max_event_time_ms);
   } else {
+    // All events: the window stays alive and can be closed. What the user starts meanwhile is kept by
+    // run_input.
     const QtWorld::Hold hold(world_);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, max_event_time_ms);
+    QCoreApplication::processEvents(QEventLoop::AllEvents, max_event_time_ms);
   }
   throw_when_ending();
   sleep_s(std::min(turn_s, began_s + at_most_s - steady_s()));
+}
+
+void QtClock::run_later(std::function<void()> handler) {
+  QTimer::singleShot(0, &world_, [this, handler = std::move(handler)] { world_.run_input(handler); });
 }
 
 void QtClock::throw_when_ending() const {

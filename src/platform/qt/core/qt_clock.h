@@ -18,6 +18,7 @@ class QtClock : public Clock {
   Date today() const override;
   std::string short_date() const override;
   void pause(Yield yield, double at_most_s) override;
+  void run_later(std::function<void()> handler) override;
 
  private:
   void throw_when_ending() const;

@@ -59,6 +59,12 @@ void QtSerialPort::close() {
   state_ = PortState::closed;
 }
 
+void QtSerialPort::keep_looking(int number) {
+  close();
+  number_ = number;
+  vanish();
+}
+
 PortRefusal QtSerialPort::try_open() {
   const std::string device = table_.device(number_);
   if (const PortRefusal cause = probe_device(device); cause != PortRefusal::none) return cause;

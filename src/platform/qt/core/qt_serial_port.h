@@ -19,6 +19,7 @@ class QtSerialPort : public SerialPort {
 
   PortRefusal open(int number) override;
   void close() override;
+  void keep_looking(int number) override;
   PortState state() const override { return state_; }
   void send(std::string_view bytes) override;
   std::string receive() override;

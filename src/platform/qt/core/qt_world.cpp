@@ -1,6 +1,7 @@
 #include "platform/qt/core/qt_world.h"
 
 #include <QCoreApplication>
+#include <utility>
 
 #include "platform/program_end.h"
 #include "platform/qt/core/steady_time.h"
@@ -29,6 +30,18 @@ bool QtWorld::run(const std::function<void()>& handler) {
   end_wait();
   if (ending_) leave_event_loop();
   return complete;
+}
+
+void QtWorld::run_input(std::function<void()> handler) {
+  if (holding())
+    kept_inputs_.push_back(std::move(handler));
+  else
+    run(handler);
+}
+
+void QtWorld::run_kept_inputs() {
+  std::deque<std::function<void()>> inputs = std::exchange(kept_inputs_, {});
+  for (std::function<void()>& input : inputs) run_input(std::move(input));
 }
 
 void QtWorld::add_mirror(std::function<void()> mirror) { mirrors_.push_back(std::move(mirror)); }
@@ -91,6 +104,9 @@ void QtWorld::end_wait() {
   waiting_ = false;
   wait_shown_ = false;
   Q_EMIT wait_over();
+  if (!kept_inputs_.empty())
+    QMetaObject::invokeMethod(
+        this, [this] { run_kept_inputs(); }, Qt::QueuedConnection);
 }
 
 }  // namespace halden

@@ -20,6 +20,10 @@ class QtWorld : public QObject {
   // handler was cut short or, because the program has ended, was not run at all.
   bool run(const std::function<void()>& handler);
 
+  // The same for a handler that the user starts. During a wait that takes no input it is kept, and runs in a
+  // handler of its own when that wait is over.
+  void run_input(std::function<void()> handler);
+
   // Called after every handler and on every turn of a wait; a mirror skips what it has already shown.
   void add_mirror(std::function<void()> mirror);
   void refresh();
@@ -61,11 +65,13 @@ class QtWorld : public QObject {
 
  private:
   void begin_turn();
+  void run_kept_inputs();
   void leave_event_loop();
 
   // Elements stay where they are while others are added, even by a running one.
   std::deque<std::function<void()>> mirrors_;
   std::deque<std::function<void()>> end_callbacks_;
+  std::deque<std::function<void()>> kept_inputs_;
   int running_handlers_ = 0;
   int holds_ = 0;
   bool waiting_ = false;

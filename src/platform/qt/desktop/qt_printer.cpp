@@ -25,7 +25,11 @@ QPageLayout::Orientation page_orientation(Orientation orientation) {
 
 QtPrinter::QtPrinter() { set_font({}); }
 
-QtPrinter::~QtPrinter() { close_document(); }
+// A document that was not finished belongs to a handler that was cut short: it is not printed.
+QtPrinter::~QtPrinter() {
+  if (painter_ && painter_->isActive()) printer_->abort();
+  close_document();
+}
 
 void QtPrinter::add_window(std::string name, std::function<QImage()> paper_image) {
   windows_[std::move(name)] = std::move(paper_image);
