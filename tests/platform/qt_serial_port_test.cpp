@@ -261,6 +261,20 @@ TEST_F(QtSerialPortTest, AVanishedPortComesBackUnderTheSameNumber) {
   }
 }
 
+// The user tried another port while the adapter was pulled; the program goes back to the first one.
+TEST_F(QtSerialPortTest, APortThatCouldNotBeOpenedAgainIsLookedForWhenAsked) {
+  plug_in();
+  QtSerialPort port(table_with(link_));
+  ASSERT_EQ(port.open(1), PortRefusal::none);
+  unplug();
+  EXPECT_EQ(port.open(1), PortRefusal::missing);
+  EXPECT_EQ(port.state(), PortState::closed);
+  port.keep_looking(1);
+  EXPECT_EQ(port.state(), PortState::vanished);
+  plug_in();
+  EXPECT_TRUE(run_events_until([&] { return port.state() == PortState::open; }, 2000));
+}
+
 TEST_F(QtSerialPortTest, ClosingAVanishedPortEndsTheSearch) {
   plug_in();
   QtSerialPort port(table_with(link_));

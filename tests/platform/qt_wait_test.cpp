@@ -106,6 +106,23 @@ TEST_F(QtWaitTest, OnlyAWaitThatDoesNotYieldHolds) {
   EXPECT_EQ(holding, (std::vector<bool>{true, false, false, false, true, false, true}));
 }
 
+TEST_F(QtWaitTest, WhatTheUserStartsInAHeldWaitRunsOnceItIsOver) {
+  std::string order;
+  const auto click = [&] { world_.run_input([&] { order += world_.holding() ? "held " : "click "; }); };
+  world_.run([&] {
+    post(click);
+    clock_.run_later([&] { order += "later "; });
+    wait(Yield::no, 0.05);
+    order += "waited ";
+    clock_.pause(Yield::yes, 0.0);
+    clock_.pause(Yield::yes, 0.0);
+    order += "yielded ";
+  });
+  EXPECT_EQ(order, "waited click later yielded ");
+  click();
+  EXPECT_EQ(order, "waited click later yielded click ");
+}
+
 TEST_F(QtWaitTest, ALongWaitIsAnnouncedOnceAndItsEndToo) {
   std::string log;
   QObject::connect(&world_, &QtWorld::long_wait_began, &world_, [&] { log += "began "; });

@@ -94,6 +94,34 @@ TEST_F(MeterRecTest, ChartCoversThePowerPanelsWhileItIsShown) {
   const QWidget* const unbalance = widget("d2_i_value")->parentWidget();
   EXPECT_EQ(content->childAt(unbalance->geometry().center())->objectName(),
             QStringLiteral("harmonics_backdrop"));
+  for (const DesignedControl& designed : main_window_design()) {
+    if (designed.kind != ControlKind::value || !values[designed.name].visible) continue;
+    const QWidget* const covered = widget(designed.name)->parentWidget();
+    const QWidget* const on_top = content->childAt(covered->geometry().topRight() + QPoint(-1, 5));
+    const bool of_harmonics = designed.name.starts_with("har_");
+    EXPECT_EQ(covered->isAncestorOf(on_top) || covered == on_top, of_harmonics) << designed.name;
+  }
+}
+
+// Counts the windows that come to the screen.
+class ShownWindows : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show && watched->isWidgetType() &&
+        static_cast<QWidget*>(watched)->isWindow())
+      ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+TEST_F(MeterRecTest, APictureForPaperIsLightAndOpensNoWindow) {
+  ShownWindows shown;
+  qApp->installEventFilter(&shown);
+  const QImage paper = rec.paper_image();
+  EXPECT_EQ(shown.count, 0);
+  EXPECT_EQ(paper.deviceIndependentSize().toSize(), rec.size());
+  EXPECT_EQ(paper.pixelColor(paper.width() - 4, paper.height() / 2).name(), QStringLiteral("#eef0f2"));
 }
 
 TEST_F(MeterRecTest, MenusAreTheTable) {
