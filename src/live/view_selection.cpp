@@ -24,7 +24,7 @@ void show_graph(Window& window, bool visible) {
 }
 
 // Of the summary block without date and time, which come with the first frame.
-std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().subspan(2); }
+std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().first(6); }
 
 }  // namespace
 

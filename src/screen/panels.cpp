@@ -74,14 +74,14 @@ std::span<const Panel> harmonic_cursor_panels() {
 }
 
 std::span<const Panel> wave_summary_panels() {
-  static const std::array<Panel, 8> panels = {{{"DATE_wave_value", "DATE_wave", "DATE"},
-                                               {"TIME_wave_value", "TIME_wave", "TIME"},
-                                               {"RMS_value", "RMS", "RMS"},
+  static const std::array<Panel, 8> panels = {{{"RMS_value", "RMS", "RMS"},
                                                {"PEAK_P_value", "PEAK_P", "PEAK+"},
                                                {"PEAK_N_value", "PEAK_N", "PEAK-"},
                                                {"CF_value", "CF_label", "C.F."},
                                                {"THD_F_value", "THD_F", "THD-F"},
-                                               {"VI_of_1_value", "VI_1", "VI(1)"}}};
+                                               {"VI_of_1_value", "VI_1", "VI(1)"},
+                                               {"DATE_wave_value", "DATE_wave", "DATE"},
+                                               {"TIME_wave_value", "TIME_wave", "TIME"}}};
   return panels;
 }
 
