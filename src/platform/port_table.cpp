@@ -2,20 +2,11 @@
 
 #include <charconv>
 
+#include "platform/port_names.h"
+
 namespace halden {
 
 namespace {
-
-std::string default_device(int number) {
-#ifdef _WIN32
-  return "COM" + std::to_string(number);
-#else
-  constexpr std::array<std::string_view, 4> families = {"/dev/ttyUSB", "/dev/ttyACM", "/dev/ttyS",
-                                                        "/dev/rfcomm"};
-  const auto index = static_cast<std::size_t>(number - first_port_number);
-  return std::string(families[index / 4]) + std::to_string(index % 4);
-#endif
-}
 
 bool in_range(int number) { return number >= first_port_number && number <= last_port_number; }
 

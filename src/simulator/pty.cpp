@@ -1,3 +1,5 @@
+#ifndef _WIN32
+
 #include "simulator/pty.h"
 
 #include <fcntl.h>
@@ -61,3 +63,5 @@ void Pty::write(const std::string& bytes) {
 }
 
 }  // namespace halden::meter_side
+
+#endif

@@ -1,3 +1,5 @@
+#ifndef _WIN32
+
 #include "simulator/pty_meter.h"
 
 #include <poll.h>
@@ -166,3 +168,5 @@ bool PtyMeter::take_console(double now_s) {
 }
 
 }  // namespace halden
+
+#endif

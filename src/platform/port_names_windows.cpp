@@ -1,0 +1,11 @@
+#ifdef _WIN32
+
+#include "platform/port_names.h"
+
+namespace halden {
+
+std::string default_device(int number) { return "COM" + std::to_string(number); }
+
+}  // namespace halden
+
+#endif

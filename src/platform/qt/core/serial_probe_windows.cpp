@@ -1,0 +1,20 @@
+#ifdef _WIN32
+
+#include <QSerialPortInfo>
+
+#include "platform/qt/core/serial_probe.h"
+
+namespace halden {
+
+PortRefusal probe_device(const std::string& device) {
+  return QSerialPortInfo(QString::fromStdString(device)).isNull() ? PortRefusal::missing : PortRefusal::none;
+}
+
+std::string resolved_device(const std::string& device) { return device; }
+
+// The driver reports a pulled adapter by an error of the port itself.
+bool hung_up(const QSerialPort&) { return false; }
+
+}  // namespace halden
+
+#endif
