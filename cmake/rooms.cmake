@@ -9,6 +9,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(halden_warnings INTERFACE -Wno-restrict)  # false alarms on std::string's operator+ in GCC 12
 endif()
 if(HALDEN_SANITIZE)
+  target_compile_options(halden_warnings INTERFACE -Wno-maybe-uninitialized)  # false alarms in <regex> when instrumented
   target_compile_options(halden_warnings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(halden_warnings INTERFACE -fsanitize=address,undefined)
 endif()

@@ -63,7 +63,7 @@ void Companion::main_window_closed() { program_->platform.shell.end_program(); }
 
 void Companion::connect_actions() {
   Program& on = *program_;
-  actions_["quit"] = [&on] { on.platform.shell.end_program(); };
+  actions_["quit"] = [this] { exit(); };
   actions_["Command3D1"] = [this] { print_main_window(); };
   actions_["HelpAbout"] = [&on] { on.platform.dialogs.message({about_text(), "About", Icon::none}); };
   actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
@@ -105,6 +105,13 @@ void Companion::show_language() {
   for (const std::int16_t language : {english, chinese})
     on.screen.meter_rec[element("sel_language", language)].checked =
         (on.link.language == chinese) == (language == chinese);
+}
+
+void Companion::exit() {
+  Program& on = *program_;
+  const Window& window = on.screen.meter_rec;
+  if (window["FileStop"].enabled && on.live_steps.end_recording) on.live_steps.end_recording();
+  on.platform.shell.end_program();
 }
 
 void Companion::print_main_window() {

@@ -58,6 +58,7 @@ class Companion {
   void add_exchange(const std::string& control, std::function<void()> exchange);
   void choose_language(std::int16_t language);
   void show_language();
+  void exit();
   void print_main_window();
 
   std::unique_ptr<Program> program_;

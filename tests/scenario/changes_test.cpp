@@ -187,6 +187,17 @@ TEST_F(Changes, AboutCentresItsFirstTwoLinesWithBlanks) {
             std::string(third.size() - 12, ' ') + "Version: 7.0");
 }
 
+TEST_F(Changes, ExitEndsARunningRecordingFirst) {
+  bool recording_ended_in_time = false;
+  journey.program().live_steps.end_recording = [this, &recording_ended_in_time] {
+    recording_ended_in_time = !journey.world.ended();
+  };
+  journey.program().screen.meter_rec["FileStop"].enabled = true;
+  journey.companion->click("quit");
+  EXPECT_TRUE(recording_ended_in_time);
+  EXPECT_TRUE(journey.world.ended());
+}
+
 TEST_F(Changes, ExitEndsTheProgramAndSendsNothingMore) {
   journey.companion->click("quit");
   EXPECT_TRUE(journey.world.ended());
