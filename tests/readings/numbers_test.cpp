@@ -13,76 +13,32 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(LeadingNumber, TakesWhatStandsInFrontAndNothingElse) {
-  const struct {
-    const char* text;
-    double number;
-  } cases[] = {
-      {"2.0 SEC", 2.0},
-      {"12", 12.0},
-      {"  12", 12.0},
-      {"\t7", 7.0},
-      {"-45", -45.0},
-      {"- 45", -45.0},
-      {"+ 3", 3.0},
-      {" -  0012 ", -12},
-      {".5", 0.5},
-      {"-.25", -0.25},
-      {"5.", 5.0},
-      {"5.x", 5.0},
-      {"1.2.3", 1.2},
-      {"1,5", 1.0},
-      {"230.0V", 230.0},
-      {"1e5", 1.0},
-      {"1E5", 1.0},
-      {"2d3", 2.0},
-      {"12 34", 12.0},
-      {"000123", 123.0},
-      {"", 0.0},
-      {" ", 0.0},
-      {"-", 0.0},
-      {".", 0.0},
-      {"-.", 0.0},
-      {"abc", 0.0},
-      {"  OL ", 0.0},
-      {"------", 0.0},
-      {"--5", 0.0},
-      {"+-5", 0.0},
-      {"inf", 0.0},
-      {"nan", 0.0},
-      {"-infinity", 0.0},
-      {"0x10", 0.0},
-      {"\xff\xfe"
-       "12",
-       0.0},
-      {"AUTO", 0.0},
-      {"$5", 0.0},
-      {"99999", 99999.0},
-      {"-1", -1.0},
-      {"0.1", 0.1},
-  };
-  for (const auto& c : cases) EXPECT_EQ(leading_number(c.text), c.number) << '"' << c.text << '"';
+  const std::pair<std::string_view, double> cases[] = {
+      {"2.0 SEC", 2}, {"230.0V", 230}, {"000123", 123},    {"\t7", 7},  {"  12 34", 12},
+      {"- 45", -45},  {"+ 3", 3},      {" -  0012 ", -12}, {".5", 0.5}, {"-.25", -0.25},
+      {"5.x", 5},     {"1.2.3", 1.2},  {"1,5", 1},         {"1e5", 1}};
+  for (const auto& [text, number] : cases) EXPECT_EQ(leading_number(text), number) << text;
+  for (const char* text : {"", " ", "-", ".", "-.", "abc", "  OL ", "------", "--5", "+-5", "inf", "nan",
+                           "-infinity", "0x10", "$5", "\xff\xfe 12", "-0.0"}) {
+    EXPECT_EQ(leading_number(text), 0.0) << text;
+    EXPECT_FALSE(std::signbit(leading_number(text))) << text;
+  }
+  EXPECT_EQ(leading_number(std::string("12\0 34", 6)), 12.0);
 }
 
-TEST(LeadingNumber, StaysFiniteAndWithoutNegativeZero) {
-  EXPECT_FALSE(std::signbit(leading_number("-0.0")));
-  EXPECT_FALSE(std::signbit(leading_number("-")));
+TEST(LeadingNumber, StaysFinite) {
   EXPECT_EQ(leading_number(std::string(400, '9')), std::numeric_limits<double>::max());
   EXPECT_EQ(leading_number("-" + std::string(400, '9')), std::numeric_limits<double>::lowest());
   EXPECT_EQ(leading_number("0." + std::string(400, '0') + "1"), 0.0);
   EXPECT_EQ(leading_number(std::string(400, '0') + "7"), 7.0);
-  EXPECT_EQ(leading_number(std::string_view("12\0"
-                                            "34",
-                                            5)),
-            12.0);
 }
 
 TEST(Rounding, HalvesGoToTheEvenNumber) {
-  const struct {
-    double value, rounded;
-  } cases[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},    {-0.5, 0},  {-1.5, -2},
-               {-2.5, -2}, {2.4999, 2}, {2.5001, 3}, {-0.51, -1}};
-  for (const auto& c : cases) EXPECT_EQ(round_half_even(c.value), c.rounded) << c.value;
+  const std::pair<double, double> cases[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},    {-1.5, -2},
+                                             {-2.5, -2}, {2.4999, 2}, {2.5001, 3}, {-0.51, -1}};
+  for (const auto& [value, rounded] : cases) EXPECT_EQ(round_half_even(value), rounded) << value;
   // A vanishing magnitude less a half must not come near -1, the over-range mark.
+  EXPECT_EQ(round_half_even(-0.5), 0.0);
   EXPECT_FALSE(std::signbit(round_half_even(-0.5)));
 }
 
@@ -91,14 +47,10 @@ TEST(IntegerQuotient, RoundsBothSidesThenCutsTowardZero) {
     double x, y;
     std::int64_t quotient;
   } cases[] = {
-      {12345, 10, 1234},
-      {-12345, 10, -1234},
       {19999, 10, 1999},
-      {9, 10, 0},
-      {-9, 10, 0},
+      {-12345, 10, -1234},
       {9999.6, 10, 1000},  // 10000 \ 10
       {14.5, 5, 2},        // 14 \ 5: the half goes down to the even 14
-      {15.5, 4, 4},        // 16 \ 4
       {15, 2.5, 7},        // 15 \ 2
       {15, 3.5, 3},        // 15 \ 4
       {1e300, 1, 9'000'000'000'000'000'000},
@@ -112,7 +64,6 @@ TEST(IntegerQuotient, RoundsBothSidesThenCutsTowardZero) {
 TEST(ToInteger, RefusesWhatDoesNotFit) {
   EXPECT_EQ(to_int16(32767.4), 32767);
   EXPECT_EQ(to_int16(-32768.5), -32768);  // half to even
-  EXPECT_EQ(to_int16(2.5), 2);
   EXPECT_EQ(to_int32(2147483647.4), 2147483647);
   EXPECT_EQ(to_int32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
   for (const double value : {32767.5, -32769.0, 1e9, nan, infinity, -infinity})

@@ -52,12 +52,14 @@ class PtyMeterTest : public testing::Test {
       ::dup2(in[0], STDIN_FILENO);
       ::dup2(out[1], STDOUT_FILENO);
       for (const int descriptor : {in[0], in[1], out[0], out[1]}) ::close(descriptor);
-      ::_exit(serve());
+      Meter meter;
+      ::_exit(PtyMeter(meter, link_).run().empty() ? 0 : 1);
     }
     ::close(in[0]);
     ::close(out[1]);
     commands_ = in[1];
     answers_ = out[0];
+    device_ = read_line(answers_);
   }
 
   void TearDown() override {
@@ -67,12 +69,6 @@ class PtyMeterTest : public testing::Test {
     ::close(answers_);
     std::error_code ignored;
     fs::remove(link_, ignored);
-  }
-
-  int serve() const {
-    Meter meter;
-    PtyMeter device(meter, link_);
-    return device.run().empty() ? 0 : 1;
   }
 
   std::string command(const std::string& line) {
@@ -96,15 +92,14 @@ class PtyMeterTest : public testing::Test {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
-  std::string link_;
+  std::string link_, device_;
   pid_t child_ = -1;
   int commands_ = -1;
   int answers_ = -1;
 };
 
 TEST_F(PtyMeterTest, AnswersBehindItsLinkAgainAndAgain) {
-  const std::string device = read_line(answers_);
-  EXPECT_EQ(fs::read_symlink(link_), device);
+  EXPECT_EQ(fs::read_symlink(link_), device_);
   EXPECT_EQ(command("wiring 1P2W"), "ok");
   EXPECT_EQ(command("raw 1 2301 8123 1812 0 142"), "ok");
   for (int i = 0; i < 3; ++i)
@@ -117,19 +112,16 @@ TEST_F(PtyMeterTest, AnswersBehindItsLinkAgainAndAgain) {
 
 // Bytes 13, 10 and 0 must cross the line unchanged, and 2108 bytes take 2.2 s.
 TEST_F(PtyMeterTest, LineIsTransparentAndSlow) {
-  read_line(answers_);
   EXPECT_EQ(command("mode harmonics"), "ok");
   const auto start = std::chrono::steady_clock::now();
   const std::string frame = ask('W', 2108);
   const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-  EXPECT_EQ(frame.size(), 2108U);
   EXPECT_EQ(frame.substr(2050, 3), " O=");
   EXPECT_EQ(frame.substr(2106), " E");
   EXPECT_GT(elapsed.count(), 2.19);
 }
 
 TEST_F(PtyMeterTest, AnUnpluggedDeviceComesBackBehindTheSameLink) {
-  read_line(answers_);
   const int port = ::open(link_.c_str(), O_RDWR | O_NOCTTY);
   EXPECT_EQ(command("unplug 0.2"), "ok");
   EXPECT_FALSE(fs::is_symlink(fs::symlink_status(link_)));
@@ -143,7 +135,6 @@ TEST_F(PtyMeterTest, AnUnpluggedDeviceComesBackBehindTheSameLink) {
 }
 
 TEST_F(PtyMeterTest, EndOfInputIsNoEndButASignalIs) {
-  read_line(answers_);
   ::close(std::exchange(commands_, -1));
   EXPECT_EQ(ask('?', 210).size(), 210U);
   ::kill(child_, SIGTERM);
