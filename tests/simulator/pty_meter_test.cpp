@@ -9,6 +9,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <utility>
 
@@ -47,6 +48,7 @@ class PtyMeterTest : public testing::Test {
     std::array<int, 2> in{}, out{};
     ASSERT_EQ(::pipe(in.data()), 0);
     ASSERT_EQ(::pipe(out.data()), 0);
+    std::fflush(stdout);  // the child would write it again
     child_ = ::fork();
     if (child_ == 0) {
       ::dup2(in[0], STDIN_FILENO);
