@@ -14,7 +14,9 @@
 namespace halden {
 namespace {
 
-PortTable table_with(const std::string& device, int number = 1) {
+constexpr int number = last_port_number;
+
+PortTable table_with(const std::string& device) {
   PortTable table;
   table.override_device(number, device);
   return table;
@@ -27,265 +29,196 @@ std::string all_bytes(std::size_t size) {
   return result;
 }
 
+// A port that is open, and its meter behind a symbolic link.
 class QtSerialPortTest : public testing::Test {
  protected:
+  void SetUp() override {
+    plug_in();
+    ASSERT_EQ(port_.open(number), PortRefusal::none);
+  }
+
   std::string path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)).toStdString(); }
 
-  // A meter behind a symbolic link. The link goes before the meter does: the system gives the name of a dead
-  // pseudo-terminal to the next one, which may be another test's.
   void plug_in() {
     meter_ = std::make_unique<PtyLine>();
     ASSERT_EQ(symlink(meter_->device().c_str(), link_.c_str()), 0);
   }
+
+  // The link goes before the meter does: the system gives the name of a dead pseudo-terminal to the next
+  // one, which may be another test's.
   void unplug() {
     ASSERT_EQ(unlink(link_.c_str()), 0);
     meter_->hang_up();
   }
 
+  bool becomes(PortState state, int limit_ms) {
+    return run_events_until([&] { return port_.state() == state; }, limit_ms);
+  }
+
+  // Receives until all has come, whatever of it the meter has `written` before, in pieces of 64 KiB at most.
+  void expect_received(const std::string& sent, std::size_t written) {
+    std::string received;
+    const QDeadlineTimer deadline(10000);
+    while (received.size() < sent.size() && !deadline.hasExpired()) {
+      written += meter_->write_some(std::string_view(sent).substr(written));
+      EXPECT_LE(port_.received_count(), 65536u);
+      const std::string piece = port_.receive();
+      EXPECT_LE(piece.size(), 65536u);
+      received += piece;
+    }
+    EXPECT_TRUE(received == sent) << received.size() << " bytes arrived";
+  }
+
   QTemporaryDir folder_;
   const std::string link_ = path("plugged_meter");
   std::unique_ptr<PtyLine> meter_;
+  QtSerialPort port_{table_with(link_)};
 };
 
 TEST_F(QtSerialPortTest, RefusalsNameTheirCause) {
   ASSERT_EQ(mkfifo(path("fifo").c_str(), 0600), 0);
+  ASSERT_EQ(mknod(path("file").c_str(), S_IFREG | 0600, 0), 0);
   ASSERT_EQ(symlink("nowhere", path("dangling").c_str()), 0);
   ASSERT_EQ(symlink("/dev/null", path("null").c_str()), 0);
-  const int file = ::open(path("file").c_str(), O_CREAT | O_WRONLY, 0600);
-  ASSERT_GE(file, 0);
-  ::close(file);
-
-  const struct {
-    std::string device;
-    PortRefusal refusal;
-    bool present;
-  } rows[] = {
-      {"/dev/there_is_no_such_line", PortRefusal::missing, false},
-      {path("dangling"), PortRefusal::missing, false},
-      {path("file") + "/below_a_file", PortRefusal::missing, false},
-      {path("file"), PortRefusal::not_serial, true},
-      {path("fifo"), PortRefusal::not_serial, true},
-      {folder_.path().toStdString(), PortRefusal::not_serial, true},
-      {"/dev/null", PortRefusal::not_serial, true},
-      {path("null"), PortRefusal::not_serial, true},
-  };
-  for (const auto& row : rows) {
-    QtSerialPort port(table_with(row.device));
-    EXPECT_EQ(port.open(1), row.refusal) << row.device;
-    EXPECT_EQ(port.state(), PortState::closed) << row.device;
-    EXPECT_EQ(port.present(1), row.present) << row.device;
+  const std::pair<std::string, PortRefusal> rows[] = {
+      {"/dev/there_is_no_such_line", PortRefusal::missing},
+      {path("dangling"), PortRefusal::missing},
+      {path("file/below_a_file"), PortRefusal::missing},
+      {path("file"), PortRefusal::not_serial},
+      {path("fifo"), PortRefusal::not_serial},
+      {folder_.path().toStdString(), PortRefusal::not_serial},
+      {path("null"), PortRefusal::not_serial},
+      {meter_->device(), PortRefusal::in_use},
+      {link_, PortRefusal::in_use}};  // a lock per name alone would let two programs share the line
+  for (const auto& [device, refusal] : rows) {
+    QtSerialPort port(table_with(device));
+    EXPECT_EQ(port.open(number), refusal) << device;
+    EXPECT_EQ(port.state(), PortState::closed) << device;
+    EXPECT_EQ(port.present(number), refusal != PortRefusal::missing) << device;
   }
+  port_.close();
+  EXPECT_EQ(QtSerialPort(table_with(meter_->device())).open(number), PortRefusal::none);
+  ASSERT_EQ(chmod(meter_->device().c_str(), 0), 0);
+  EXPECT_EQ(run_unprivileged([&] { return port_.open(number); }), PortRefusal::forbidden);
 }
 
-TEST_F(QtSerialPortTest, NumbersOutsideTheTableAreInvalidAndClose) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device(), 16));
-  for (const int number : {0, 17, -1}) {
-    EXPECT_EQ(port.open(16), PortRefusal::none);
-    EXPECT_EQ(port.open(number), PortRefusal::invalid_number) << number;
-    EXPECT_EQ(port.state(), PortState::closed) << number;
-    EXPECT_FALSE(port.present(number)) << number;
-    EXPECT_EQ(port.device_name(number), "") << number;
+TEST_F(QtSerialPortTest, ANumberOutsideTheTableIsInvalidAndCloses) {
+  for (const int outside : {0, 17, -1}) {
+    EXPECT_EQ(port_.open(number), PortRefusal::none);
+    EXPECT_EQ(port_.open(outside), PortRefusal::invalid_number) << outside;
+    EXPECT_EQ(port_.state(), PortState::closed) << outside;
+    EXPECT_FALSE(port_.present(outside)) << outside;
   }
-  EXPECT_EQ(port.device_name(16), meter.device());
-}
-
-TEST_F(QtSerialPortTest, ADeviceWithoutPermissionIsForbidden) {
-  PtyLine meter;
-  ASSERT_EQ(chmod(meter.device().c_str(), 0), 0);
-  const int refusal = run_unprivileged([&] { return QtSerialPort(table_with(meter.device())).open(1); });
-  EXPECT_EQ(static_cast<PortRefusal>(refusal), PortRefusal::forbidden);
-}
-
-// The second name matters: a lock per name alone would let two programs share the line.
-TEST_F(QtSerialPortTest, ADeviceInUseIsRefusedUnderEveryName) {
-  PtyLine meter;
-  ASSERT_EQ(symlink(meter.device().c_str(), path("meter").c_str()), 0);
-  QtSerialPort first(table_with(meter.device()));
-  ASSERT_EQ(first.open(1), PortRefusal::none);
-  for (const std::string& name : {meter.device(), path("meter")}) {
-    QtSerialPort second(table_with(name));
-    EXPECT_EQ(second.open(1), PortRefusal::in_use) << name;
-  }
-  first.close();
-  QtSerialPort second(table_with(path("meter")));
-  EXPECT_EQ(second.open(1), PortRefusal::none);
 }
 
 TEST_F(QtSerialPortTest, OpeningAnotherNumberClosesTheFirst) {
-  PtyLine meter1;
-  PtyLine meter2;
-  PortTable table = table_with(meter1.device(), 1);
-  table.override_device(2, meter2.device());
+  const PtyLine first;
+  PortTable table = table_with(link_);
+  table.override_device(1, first.device());
+  port_.close();
   QtSerialPort port(table);
   ASSERT_EQ(port.open(1), PortRefusal::none);
-  ASSERT_EQ(port.open(2), PortRefusal::none);
+  ASSERT_EQ(port.open(number), PortRefusal::none);
   port.send("?");
-  EXPECT_EQ(meter1.read(), "");
-  EXPECT_EQ(meter2.read(), "?");
-  QtSerialPort other(table);
-  EXPECT_EQ(other.open(1), PortRefusal::none);
+  EXPECT_EQ(meter_->read(), "?");
+  EXPECT_EQ(QtSerialPort(table).open(1), PortRefusal::none);
 }
 
-TEST_F(QtSerialPortTest, ReceivesEveryByteValueInPieces) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
-  EXPECT_EQ(port.receive(), "");
-  EXPECT_EQ(port.received_count(), 0u);
-
+TEST_F(QtSerialPortTest, CountsAndReceivesEveryByteWithoutTheEventLoop) {
+  EXPECT_EQ(port_.receive(), "");
   const std::string sent = all_bytes(512);
-  ASSERT_EQ(meter.write_some(std::string_view(sent).substr(0, 200)), 200u);
-  EXPECT_EQ(port.received_count(), 200u);
-  ASSERT_EQ(meter.write_some(std::string_view(sent).substr(200)), 312u);
-  EXPECT_EQ(port.received_count(), 512u);
-  EXPECT_EQ(port.receive(), sent);
-  EXPECT_EQ(port.received_count(), 0u);
-  EXPECT_EQ(port.receive(), "");
-}
-
-TEST_F(QtSerialPortTest, SixtyThousandBytesArriveWithoutTheEventLoop) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
-  const std::string sent = all_bytes(60000);
-  std::string received;
-  std::size_t written = 0;
-  const QDeadlineTimer deadline(10000);
-  while (received.size() < sent.size() && !deadline.hasExpired()) {
-    written += meter.write_some(std::string_view(sent).substr(written));
-    received += port.receive();
-  }
-  EXPECT_TRUE(received == sent) << received.size() << " bytes arrived";
+  ASSERT_EQ(meter_->write_some(std::string_view(sent).substr(0, 200)), 200u);
+  EXPECT_EQ(port_.received_count(), 200u);
+  ASSERT_EQ(meter_->write_some(std::string_view(sent).substr(200)), 312u);
+  EXPECT_EQ(port_.received_count(), 512u);
+  EXPECT_EQ(port_.receive(), sent);
+  EXPECT_EQ(port_.received_count(), 0u);
+  EXPECT_EQ(port_.receive(), "");
+  expect_received(all_bytes(60000), 0);
 }
 
 // Under the event loop Qt buffers without limit; a call of ours must still stay bounded, and lose nothing.
 TEST_F(QtSerialPortTest, AFloodComesInBoundedPieces) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
   const std::string sent = all_bytes(300000);
   std::size_t written = 0;
   ASSERT_TRUE(run_events_until([&] {
-    written += meter.write_some(std::string_view(sent).substr(written));
+    written += meter_->write_some(std::string_view(sent).substr(written));
     return written == sent.size();
   }));
-  std::string received;
-  const QDeadlineTimer deadline(10000);
-  while (received.size() < sent.size() && !deadline.hasExpired()) {
-    EXPECT_LE(port.received_count(), 65536u);
-    const std::string piece = port.receive();
-    EXPECT_LE(piece.size(), 65536u);
-    received += piece;
-  }
-  EXPECT_TRUE(received == sent) << received.size() << " bytes arrived";
-}
-
-TEST_F(QtSerialPortTest, SendsAtOnceAndUnchanged) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
-  port.send("dropped");
-  ASSERT_EQ(port.open(1), PortRefusal::none);
-  const std::string sent = all_bytes(256);
-  port.send(sent);
-  EXPECT_EQ(meter.read(), sent);
-  port.close();
-  port.send("dropped");
-  EXPECT_EQ(meter.read(), "");
+  expect_received(sent, written);
 }
 
 // A meter that does not read fills the output buffer, which Qt reports like a lost device.
-TEST_F(QtSerialPortTest, AFullOutputBufferIsNoFault) {
-  PtyLine meter;
-  QtSerialPort port(table_with(meter.device()));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
+TEST_F(QtSerialPortTest, SendsAtOnceUnchangedAndIntoAFullBuffer) {
+  port_.send(all_bytes(256));
+  EXPECT_EQ(meter_->read(), all_bytes(256));
   const std::string sent = all_bytes(100000);
-  for (std::size_t from = 0; from < sent.size(); from += 10000) port.send(sent.substr(from, 10000));
-  EXPECT_EQ(port.state(), PortState::open);
+  for (std::size_t from = 0; from < sent.size(); from += 10000) port_.send(sent.substr(from, 10000));
+  EXPECT_EQ(port_.state(), PortState::open);
   std::string arrived;
-  EXPECT_TRUE(run_events_until([&] { return (arrived += meter.read()).size() >= sent.size(); }));
+  EXPECT_TRUE(run_events_until([&] { return (arrived += meter_->read()).size() >= sent.size(); }));
   EXPECT_TRUE(arrived == sent) << arrived.size() << " bytes arrived";
-  EXPECT_EQ(port.state(), PortState::open);
+  EXPECT_EQ(port_.state(), PortState::open);
+  port_.close();
+  port_.send("dropped");
+  EXPECT_EQ(meter_->read(), "");
 }
 
 TEST_F(QtSerialPortTest, AHangUpIsNoticedWithinASecondAndCostsNothing) {
-  plug_in();
-  QtSerialPort port(table_with(link_));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
   unplug();
-  EXPECT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
+  EXPECT_TRUE(becomes(PortState::vanished, 1000));
   const std::clock_t began = std::clock();
   run_events_for(1000);
-  const double used_s = static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC;
-  EXPECT_LT(used_s, 0.2);
-  EXPECT_EQ(port.state(), PortState::vanished);
-  EXPECT_FALSE(port.present(1));
+  EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.2);
+  EXPECT_EQ(port_.state(), PortState::vanished);
+  EXPECT_FALSE(port_.present(number));
 }
 
 // A wait without a running event loop must notice as well, and keep what had arrived before.
 TEST_F(QtSerialPortTest, AHangUpIsNoticedBySendAndReceive) {
-  PtyLine meter1;
-  QtSerialPort port(table_with(meter1.device()));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
-  meter1.write_some("last words");
-  ASSERT_EQ(port.received_count(), 10u);
-  meter1.hang_up();
-  port.received_count();
-  EXPECT_EQ(port.state(), PortState::vanished);
-  EXPECT_EQ(port.receive(), "last words");
-  EXPECT_EQ(port.receive(), "");
-
-  PtyLine meter2;
-  QtSerialPort other(table_with(meter2.device()));
-  ASSERT_EQ(other.open(1), PortRefusal::none);
-  meter2.hang_up();
-  other.send("?");
-  EXPECT_EQ(other.state(), PortState::vanished);
+  meter_->write_some("last words");
+  ASSERT_EQ(port_.received_count(), 10u);
+  unplug();
+  port_.received_count();
+  EXPECT_EQ(port_.state(), PortState::vanished);
+  EXPECT_EQ(port_.receive(), "last words");
+  plug_in();
+  ASSERT_EQ(port_.open(number), PortRefusal::none);
+  unplug();
+  port_.send("?");
+  EXPECT_EQ(port_.state(), PortState::vanished);
 }
 
 TEST_F(QtSerialPortTest, AVanishedPortComesBackUnderTheSameNumber) {
-  plug_in();
-  QtSerialPort port(table_with(link_, 3));
-  ASSERT_EQ(port.open(3), PortRefusal::none);
   for (int round = 0; round < 2; ++round) {
     unplug();
-    ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
-    port.send("dropped");
-    EXPECT_EQ(port.receive(), "");
+    ASSERT_TRUE(becomes(PortState::vanished, 1000));
+    port_.send("dropped");
+    EXPECT_EQ(port_.receive(), "");
     plug_in();
-    ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::open; }, 2000));
-    port.send("?");
+    ASSERT_TRUE(becomes(PortState::open, 2000));
+    port_.send("?");
     EXPECT_EQ(meter_->read(), "?");
     ASSERT_EQ(meter_->write_some("answer"), 6u);
-    EXPECT_EQ(port.receive(), "answer");
+    EXPECT_EQ(port_.receive(), "answer");
   }
 }
 
 // The user tried another port while the adapter was pulled; the program goes back to the first one.
-TEST_F(QtSerialPortTest, APortThatCouldNotBeOpenedAgainIsLookedForWhenAsked) {
-  plug_in();
-  QtSerialPort port(table_with(link_));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
+TEST_F(QtSerialPortTest, APortThatCouldNotBeOpenedAgainIsLookedForUntilItIsClosed) {
   unplug();
-  EXPECT_EQ(port.open(1), PortRefusal::missing);
-  EXPECT_EQ(port.state(), PortState::closed);
-  port.keep_looking(1);
-  EXPECT_EQ(port.state(), PortState::vanished);
+  EXPECT_EQ(port_.open(number), PortRefusal::missing);
+  EXPECT_EQ(port_.state(), PortState::closed);
+  port_.keep_looking(number);
+  EXPECT_EQ(port_.state(), PortState::vanished);
   plug_in();
-  EXPECT_TRUE(run_events_until([&] { return port.state() == PortState::open; }, 2000));
-}
-
-TEST_F(QtSerialPortTest, ClosingAVanishedPortEndsTheSearch) {
-  plug_in();
-  QtSerialPort port(table_with(link_));
-  ASSERT_EQ(port.open(1), PortRefusal::none);
+  EXPECT_TRUE(becomes(PortState::open, 2000));
   unplug();
-  ASSERT_TRUE(run_events_until([&] { return port.state() == PortState::vanished; }, 1000));
-  port.close();
-  EXPECT_EQ(port.state(), PortState::closed);
+  ASSERT_TRUE(becomes(PortState::vanished, 1000));
+  port_.close();
   plug_in();
   run_events_for(1200);
-  EXPECT_EQ(port.state(), PortState::closed);
+  EXPECT_EQ(port_.state(), PortState::closed);
 }
 
 }  // namespace

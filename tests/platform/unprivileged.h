@@ -6,9 +6,9 @@
 
 namespace halden {
 
-// The result of `part` (0..127), computed in a child process without root's rights.
+// The result of `part`, an enumeration, computed in a child process without root's rights.
 template <typename Part>
-int run_unprivileged(Part part) {
+auto run_unprivileged(Part part) {
   constexpr uid_t nobody = 65534;
   const pid_t child = fork();
   if (child == 0) {
@@ -17,7 +17,7 @@ int run_unprivileged(Part part) {
   }
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return static_cast<decltype(part())>(WIFEXITED(status) ? WEXITSTATUS(status) : -1);
 }
 
 }  // namespace halden

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QMenu>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,7 @@ struct MeterRecTest : testing::Test {
 
   QWidget* widget(std::string_view name) { return rec.findChild<QWidget*>(to_qt(name)); }
   QAction* action(std::string_view name) { return rec.findChild<QAction*>(to_qt(name)); }
+  QMenu* menu(std::string_view name) { return rec.findChild<QMenu*>(to_qt(name)); }
 
   // The window in another size, with everything brought up to date.
   void resize(int width, int height) {

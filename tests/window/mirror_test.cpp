@@ -29,45 +29,32 @@ struct MirrorTest : testing::Test {
 };
 
 TEST_F(MirrorTest, LabelTakesTextTooltipAndStates) {
-  auto* const label = new QLabel(&owner);
-  mirror.tie("one", *label);
-  Control& control = window["one"];
-  control.text = "Störung 電表";
-  control.tooltip = "/dev/ttyUSB0";
-  control.visible = false;
-  control.enabled = false;
-  mirror.show_changes();
-  EXPECT_EQ(label->text(), QString::fromUtf8("Störung 電表"));
-  EXPECT_EQ(label->toolTip(), QStringLiteral("/dev/ttyUSB0"));
-  EXPECT_TRUE(label->isHidden());
-  EXPECT_FALSE(label->isEnabled());
-  window["one"].visible = true;
-  window["one"].enabled = true;
-  mirror.show_changes();
-  EXPECT_FALSE(label->isHidden());
-  EXPECT_TRUE(label->isEnabled());
+  QLabel label(&owner);
+  mirror.tie("one", label);
+  window["one"].text = "Störung 電表";
+  window["one"].tooltip = "/dev/ttyUSB0";
+  for (const bool on : {false, true}) {
+    window["one"].visible = window["one"].enabled = on;
+    mirror.show_changes();
+    EXPECT_EQ(label.isHidden(), !on);
+    EXPECT_EQ(label.isEnabled(), on);
+  }
+  EXPECT_EQ(label.text(), QStringLiteral("Störung 電表"));
+  EXPECT_EQ(label.toolTip(), QStringLiteral("/dev/ttyUSB0"));
 }
 
-TEST_F(MirrorTest, WidgetIsTouchedOnlyWhenItsOwnControlDiffers) {
+TEST_F(MirrorTest, TouchesWhatDiffersAndSaysWhenPlaceOrVisibilityChanged) {
   int one_shown = 0;
   int two_shown = 0;
   mirror.tie("one", [&one_shown](const Control&) { ++one_shown; });
   mirror.tie("two", [&two_shown](const Control&) { ++two_shown; });
-  mirror.show_changes();
-  window["two"].text = "new";
-  mirror.show_changes();
-  window["two"].text = "new";
-  mirror.show_changes();
-  mirror.show_changes();
+  EXPECT_TRUE(mirror.show_changes());
+  for (int time = 0; time < 2; ++time) {
+    window["two"].text = "new";
+    EXPECT_FALSE(mirror.show_changes());
+  }
   EXPECT_EQ(one_shown, 1);
   EXPECT_EQ(two_shown, 2);
-}
-
-TEST_F(MirrorTest, SaysWhenPlaceOrVisibilityChanged) {
-  mirror.tie("one", [](const Control&) {});
-  EXPECT_TRUE(mirror.show_changes());
-  window["one"].text = "text";
-  EXPECT_FALSE(mirror.show_changes());
   window["one"].left = 15;
   EXPECT_TRUE(mirror.show_changes());
   window["one"].visible = false;
@@ -80,20 +67,17 @@ TEST_F(MirrorTest, TypedTextGoesBackAndStays) {
   window["one"].text = "100";
   mirror.show_changes();
   EXPECT_EQ(box.text(), QStringLiteral("100"));
-
   box.selectAll();
   for (const char digit : {'2', '5'}) {
     QKeyEvent key(QEvent::KeyPress, Qt::Key_2, Qt::NoModifier, QString(QLatin1Char(digit)));
     QCoreApplication::sendEvent(&box, &key);
   }
   EXPECT_EQ(window["one"].text, "25");
-
   box.setCursorPosition(1);
   window["two"].text = "another control";
   mirror.show_changes();
   EXPECT_EQ(box.text(), QStringLiteral("25"));
   EXPECT_EQ(box.cursorPosition(), 1);  // nobody wrote into the box while the user was in it
-
   window["one"].text = "30";
   mirror.show_changes();
   EXPECT_EQ(box.text(), QStringLiteral("30"));
@@ -123,33 +107,31 @@ TEST_F(MirrorTest, MarksFollowTheValues) {
   mirror.tie("two", button);
   mirror.show_changes();
   EXPECT_FALSE(action.isCheckable());
-  window["one"].checked = true;
-  window["two"].checked = true;
-  mirror.show_changes();
-  EXPECT_TRUE(action.isChecked());
-  EXPECT_TRUE(button.isChecked());
-  window["one"].checked = false;
-  mirror.show_changes();
-  EXPECT_FALSE(action.isChecked());
+  for (const bool checked : {true, false}) {
+    window["one"].checked = window["two"].checked = checked;
+    mirror.show_changes();
+    EXPECT_EQ(action.isChecked(), checked);
+    EXPECT_EQ(button.isChecked(), checked);
+  }
 }
 
 TEST(DesignArea, StretchesAcrossAndDownIndependently) {
   Window window("Sample");
-  Control control;
+  window.add("one", {});
+  Control& control = window["one"];
   control.left = 150;  // of 1500 across, 750 down
   control.top = 75;
   control.width = 300;
   control.height = 150;
-  window.add("one", control);
   DesignArea area(window, 1500, 750);
   auto* const child = new QWidget(&area);
   area.put("one", *child);
-  area.resize(200, 50);
-  area.arrange();
-  EXPECT_EQ(child->geometry(), QRect(20, 5, 40, 10));
-  area.resize(100, 200);
-  area.arrange();
-  EXPECT_EQ(child->geometry(), QRect(10, 20, 20, 40));
+  for (const auto& [size, place] :
+       {std::pair(QSize(200, 50), QRect(20, 5, 40, 10)), std::pair(QSize(100, 200), QRect(10, 20, 20, 40))}) {
+    area.resize(size);
+    area.arrange();
+    EXPECT_EQ(child->geometry(), place);
+  }
 }
 
 }  // namespace
