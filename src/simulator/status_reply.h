@@ -1,10 +1,10 @@
 // What the meter answers to "?": its complete state.
 //
-// 35 fields, each followed by one blank. A field is a decimal number of five digits with leading zeros; a wider
-// value is as wide as it is. 210 bytes unless a value is wider:
+// 35 fields, each followed by one blank. A field is a decimal number of five digits with leading zeros; a
+// wider value is as wide as it is. 210 bytes unless a value is wider:
 //
 //    1 mode                  10 harmonic order         19 recorded CT ratio      28 selected file
-//    2 input channel         11 0                      20 recorded interval, s   29 year, last three digits (00026)
+//    2 input channel         11 0                      20 recorded interval, s   29 year (2026 is 00026)
 //    3 wiring                12 demand period          21 recorded clamp         30 month
 //    4 frequency code        13 recorded data type     22 0                      31 day
 //    5 0                     14 recorded channel       23 0                      32 hour
