@@ -27,7 +27,9 @@ void prepare(Program& program) {
   program.status.md_period = 15;
 }
 
-void frame_to_texts(benchmark::State& state) {
+enum class Sampling { between_instants, at_an_instant };
+
+void handle_frames(benchmark::State& state, Sampling sampling) {
   VirtualWorld world;
   ScriptedPort port(world);
   Companion companion(world.platform(port), {});
@@ -35,25 +37,17 @@ void frame_to_texts(benchmark::State& state) {
   prepare(companion.program());
   for (auto _ : state) {
     companion.program().link.poll_buffer = frame;
+    if (sampling == Sampling::at_an_instant) companion.program().monitor.last_sample_time.clear();
     companion.program().monitor.frame_complete();
     benchmark::DoNotOptimize(companion.screen().meter_rec.revision());
   }
   if (companion.screen().meter_rec["V31_value"].text != "398.9V") state.SkipWithError("wrong reading");
 }
+void frame_to_texts(benchmark::State& state) { handle_frames(state, Sampling::between_instants); }
 BENCHMARK(frame_to_texts);
 
 void frame_to_texts_with_sampling_instant(benchmark::State& state) {
-  VirtualWorld world;
-  ScriptedPort port(world);
-  Companion companion(world.platform(port), {});
-  companion.start_up();
-  prepare(companion.program());
-  for (auto _ : state) {
-    companion.program().link.poll_buffer = frame;
-    companion.program().monitor.last_sample_time.clear();
-    companion.program().monitor.frame_complete();
-    benchmark::DoNotOptimize(companion.screen().meter_rec.revision());
-  }
+  handle_frames(state, Sampling::at_an_instant);
 }
 BENCHMARK(frame_to_texts_with_sampling_instant);
 

@@ -1,5 +1,5 @@
-// The constants of the phasor picture: its geometry in 1/1440 inch, and the conversion between tenths of a
-// degree and radians, for which pi is 3.14159 throughout the program.
+// The geometry of the phasor picture in 1/1440 inch. The conversion of its angles stands in
+// readings/angles.h.
 #pragma once
 
 namespace halden {
@@ -11,8 +11,6 @@ struct PhasorGeometry {
   int current_radius = 1500;
   int label_radius = voltage_radius + 150;
   int line_label_radius = voltage_radius + 700;
-  double tenths_to_radians = 3.14159 / 1800;
-  float radians_to_tenths = static_cast<float>(1800 / 3.14159);
 };
 
 }  // namespace halden

@@ -48,7 +48,7 @@ struct Journey {
     return bytes;
   }
 
-  // Sets all three phases of the meter to 230.0 V, 1.234 A, with these active powers and lag angles.
+  // Holds phase 1, 2 or 3 of the meter's load at these raw numbers.
   void fix_phase(int phase, RawPhase raw) { meter.load().fix_raw(phase, raw); }
 
   VirtualWorld world;

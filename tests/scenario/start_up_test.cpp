@@ -1,4 +1,5 @@
 #include "companion_test_base.h"
+#include "readings/angles.h"
 
 namespace halden {
 namespace {
@@ -27,8 +28,8 @@ TEST(StartUp, InitialValuesStandAsDesigned) {
   EXPECT_EQ(at.readings.demand_va_text, "------");
   EXPECT_EQ(at.phasor_geometry.label_radius, 2050);
   EXPECT_EQ(at.phasor_geometry.line_label_radius, 2600);
-  EXPECT_DOUBLE_EQ(at.phasor_geometry.tenths_to_radians, 0.0017453277777777778);  // 3.14159 / 1800
-  EXPECT_FLOAT_EQ(at.phasor_geometry.radians_to_tenths, 572.95827F);              // 1800 / 3.14159
+  EXPECT_DOUBLE_EQ(tenths_to_radians, 0.0017453277777777778);  // 3.14159 / 1800
+  EXPECT_FLOAT_EQ(radians_to_tenths, 572.95827F);              // 1800 / 3.14159
   EXPECT_EQ(at.link.display_mode, 1);
   EXPECT_EQ(at.status.meter_mode, 1);
   EXPECT_EQ(at.status.wiring_system, 3);
