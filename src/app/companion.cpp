@@ -4,6 +4,7 @@
 
 #include "app/about.h"
 #include "app/program.h"
+#include "live/sampling_time.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
@@ -13,7 +14,8 @@
 namespace halden {
 
 Companion::Companion(Platform platform, StartOptions options)
-    : program_(std::make_unique<Program>(platform, options.work_folder)), options_(std::move(options)) {
+    : program_(std::make_unique<Program>(platform, options.work_folder, options.temporary_folder)),
+      options_(std::move(options)) {
   connect_actions();
 }
 
@@ -43,6 +45,14 @@ void Companion::start_up() {
   if (on.status.pt_ratio == 0) on.status.pt_ratio = 1;
   on.status_line.refresh();
   on.screen.meter_rec.show();
+  tell_rescued();
+}
+
+// What the last recording could not write anywhere else.
+void Companion::tell_rescued() {
+  Program& on = *program_;
+  for (const std::string& path : on.rescue.found())
+    on.platform.dialogs.tell({rescued_sentence(path, on.link.language), "", Icon::information});
 }
 
 void Companion::click(std::string_view control) {
@@ -59,13 +69,26 @@ void Companion::main_window_resized() {
   refresh_status_line();
 }
 
-void Companion::main_window_closed() { program_->platform.shell.end_program(); }
+void Companion::main_window_closed() {
+  program_->recording.rescue_waiting();
+  program_->platform.shell.end_program();
+}
 
 void Companion::connect_actions() {
   Program& on = *program_;
   actions_["quit"] = [this] { exit(); };
   actions_["Command3D1"] = [this] { print_main_window(); };
   actions_["HelpAbout"] = [&on] { on.platform.dialogs.message({about_text(), "About", Icon::none}); };
+  actions_["FileName"] = [&on] { on.recording.create_data_file(); };
+  actions_["auto_record"] = [&on] { on.recording.start_automatic(); };
+  actions_["manual_record"] = [&on] { on.recording.start_manual(); };
+  actions_["record_button"] = [&on] { on.recording.record_once(); };
+  actions_["FileStop"] = [&on] { on.status_line.tell(on.recording.end_recording()); };
+  const auto sample_rate = [&on] {
+    ask_sampling_time(on.platform.dialogs, on.sample_clock, on.screen.meter_rec);
+  };
+  actions_["SampleRate"] = sample_rate;
+  for (int label = 0; label < clock_label_count; ++label) actions_[element("Label1", label)] = sample_rate;
   actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
   actions_["comm_port"] = [&on] { on.port_choice.describe_ports(); };
   add_exchange("get_hz", [&on] { on.settings.get_hz(); });
@@ -109,8 +132,8 @@ void Companion::show_language() {
 
 void Companion::exit() {
   Program& on = *program_;
-  const Window& window = on.screen.meter_rec;
-  if (window["FileStop"].enabled && on.live_steps.end_recording) on.live_steps.end_recording();
+  if (on.recording.runs()) on.recording.end_recording();
+  on.recording.rescue_waiting();
   on.platform.shell.end_program();
 }
 

@@ -21,6 +21,7 @@ struct Program;
 struct StartOptions {
   std::string work_folder = ".";     // holds language.pha and commport.dat
   std::string program_folder = ".";  // holds help/
+  std::string temporary_folder;      // for recorded lines when the working folder cannot be written
   int first_port = 0;                // the port to start with where there is no commport.dat; 0 asks for one
 };
 
@@ -41,7 +42,7 @@ class Companion {
   // The main window was shown, or a change of its size has settled.
   void main_window_resized();
 
-  // The user closed the main window by its frame: the program ends at once.
+  // The user closed the main window by its frame, or the system asks the program to end: it ends at once.
   void main_window_closed();
 
   // Brings the status line up to date; cheap.
@@ -60,6 +61,7 @@ class Companion {
   void show_language();
   void exit();
   void print_main_window();
+  void tell_rescued();
 
   std::unique_ptr<Program> program_;
   StartOptions options_;

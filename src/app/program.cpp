@@ -2,7 +2,7 @@
 
 namespace halden {
 
-Program::Program(Platform outside, const std::string& work_folder)
+Program::Program(Platform outside, const std::string& work_folder, const std::string& temporary_folder)
     : platform(outside),
       gate(platform.clock),
       waits(platform.clock, platform.port),
@@ -11,12 +11,17 @@ Program::Program(Platform outside, const std::string& work_folder)
       sample_clock(platform.clock, platform.timer1, screen.meter_rec),
       power(waits, polling, link, status, readings, raw, screen.meter_rec, power_frame_steps),
       monitor(platform.clock, polling, link, power, sample_clock, readings, screen.meter_rec, live_steps),
+      rescue(platform.files, work_folder, temporary_folder),
+      recording(platform, {link, status, harmonics_view, monitor.last_sample_time}, sample_clock, screen,
+                rescue),
       live_poll(platform, waits, polling, link, screen.meter_rec, monitor),
       views(polling, link, status, harmonics_view, screen.meter_rec),
       settings(polling, query, status, readings, screen.meter_rec, label_column_left),
       configuration(platform.files, work_folder),
-      status_line(platform, link, monitor.frame_rate(), screen.meter_rec),
+      status_line(platform, link, monitor.frame_rate(), recording, screen.meter_rec),
       port_choice(platform, waits, polling, query, link, configuration, status_line, screen.meter_rec) {
+  live_steps.record = [this] { recording.recording_step(); };
+  live_steps.record_lost_line = [this] { recording.no_communication_step(); };
   platform.timer1.set_period_ms(designed_clock_period_ms);
   platform.timer2.set_period_ms(designed_poll_period_ms);
   platform.timer1.on_tick([this] {

@@ -15,6 +15,8 @@
 #include "live/live_readings.h"
 #include "live/phasor_geometry.h"
 #include "live/power_monitor.h"
+#include "live/recording.h"
+#include "live/rescue.h"
 #include "live/sample_clock.h"
 #include "live/settings_panel.h"
 #include "live/view_selection.h"
@@ -36,7 +38,7 @@ inline constexpr int designed_clock_period_ms = 2000;
 inline constexpr int designed_poll_period_ms = 250;
 
 struct Program {
-  Program(Platform outside, const std::string& work_folder);
+  Program(Platform outside, const std::string& work_folder, const std::string& temporary_folder);
 
   Platform platform;
 
@@ -61,6 +63,8 @@ struct Program {
   SampleClock sample_clock;
   PowerMonitor power;
   LiveMonitor monitor;
+  Rescue rescue;
+  Recording recording;
   LivePoll live_poll;
   ViewSelection views;
   SettingsPanel settings;

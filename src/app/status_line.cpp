@@ -56,7 +56,7 @@ void StatusLine::refresh() {
     window_["status_link"].tag = now.tag;
   const double rate = frame_rate_.per_second(platform_.clock.monotonic_s());
   show("status_rate", format_pattern(rate, "#0.0") + std::string(in_language(" frames/s", " 筆/秒")));
-  show("status_recording", std::string(in_language("not recording", "未記錄")));
+  show("status_recording", recording_status_text(recording_.state(), recording_.file(), state_.language));
   show("status_hint", hint_);
 }
 

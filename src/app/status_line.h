@@ -8,6 +8,7 @@
 
 #include "link/link_state.h"
 #include "live/frame_rate.h"
+#include "live/recording.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "screen/window.h"
@@ -16,8 +17,13 @@ namespace halden {
 
 class StatusLine {
  public:
-  StatusLine(const Platform& platform, const LinkState& state, const FrameRate& frame_rate, Window& meter_rec)
-      : platform_(platform), state_(state), frame_rate_(frame_rate), window_(meter_rec) {}
+  StatusLine(const Platform& platform, const LinkState& state, const FrameRate& frame_rate,
+             const Recording& recording, Window& meter_rec)
+      : platform_(platform),
+        state_(state),
+        frame_rate_(frame_rate),
+        recording_(recording),
+        window_(meter_rec) {}
 
   // Brings the fields up to date; touches only what changed.
   void refresh();
@@ -47,6 +53,7 @@ class StatusLine {
   Platform platform_;
   const LinkState& state_;
   const FrameRate& frame_rate_;
+  const Recording& recording_;
   Window& window_;
   int number_ = 0;
   std::string hint_;

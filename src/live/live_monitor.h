@@ -20,7 +20,6 @@ struct LiveSteps {
   std::function<void()> show_harmonics;     // a harmonics frame stands in poll_buffer
   std::function<void()> show_waveform;      // a waveform frame stands in wave_buffer
   std::function<void()> record;             // after each completed reading of the power view
-  std::function<void()> end_recording;      // before the user's Exit, while a recording runs
   std::function<void()> record_lost_line;   // the meter does not answer
   std::function<void()> after_power_frame;  // a whole power frame stands on the screen
 };

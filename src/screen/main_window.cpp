@@ -65,7 +65,7 @@ void design_strip(Designer& to) {
   to.place({"PQA_mode", ControlKind::reading, -1, {}, {}}, {16, 29, 196, 24}, "");
   pair("system_label", "System", "power_system", "", 218, 84);
   pair("Label1_0", "Sample", "Label1_1", "2.0 SEC", 308, 100);
-  pair("Label1_2", "Time", "Label1_3", "--:--:--", 414, 94);
+  pair("Label1_2", "Time", "Label1_3", std::string(no_sampling_instant), 414, 94);
   pair("Label1_4", "Date", "Label1_5", "", 514, 120);
   to.place({"hold", ControlKind::reading, -1, {}, {}}, {644, 29, 70, 24}, "HOLD", Shown::no);
   to.place({"Warning", ControlKind::reading, -1, {}, {}}, {724, 29, 110, 24}, "No Com", Shown::no);

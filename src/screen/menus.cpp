@@ -12,7 +12,7 @@ namespace {
 
 const std::vector<MenuEntry> plain_entries = {
     {"", "zmenu", "File"},
-    {"zmenu", "FileName", "&Create Data File", Entry::disabled},
+    {"zmenu", "FileName", "&Create Data File"},
     {"zmenu", "FileStart", "&Start Recording", Entry::disabled},
     {"FileStart", "auto_record", "Auto"},
     {"FileStart", "manual_record", "Manually"},
@@ -36,7 +36,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"show_wave", "close_waveform", "close", Entry::disabled},
     {"", "loggerPWR", "Datalogger", Entry::disabled},
     {"", "Option_Menu", "Option"},
-    {"Option_Menu", "SampleRate", "&Sample Rate", Entry::disabled},
+    {"Option_Menu", "SampleRate", "&Sample Rate"},
     {"Option_Menu", "comm_port", "COM"},
     {"Option_Menu", "baud_rate", "Baud Rate (9600)"},
     {"Option_Menu", "language", "Language"},

@@ -39,9 +39,15 @@ std::span<const Panel> unbalance_panels();
 std::span<const Panel> harmonic_cursor_panels();
 std::span<const Panel> wave_summary_panels();
 
+// The label array Label1: titles and values of sampling time, sampling instant and date.
+inline constexpr int clock_label_count = 6;
+
 // Elements of the label array Label1 that have a name of their own.
 inline constexpr std::string_view sample_time_label = "Label1_1";
 inline constexpr std::string_view sample_clock_label = "Label1_3";
 inline constexpr std::string_view date_label = "Label1_5";
+
+// What sample_clock_label shows before the first sampling instant.
+inline constexpr std::string_view no_sampling_instant = "--:--:--";
 
 }  // namespace halden

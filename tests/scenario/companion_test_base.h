@@ -22,8 +22,8 @@ struct Journey {
 
   // Starts the program with what the working folder holds at that moment.
   void start(int first_port = 0) {
-    companion =
-        std::make_unique<Companion>(world.platform(port), StartOptions{"work", "programs", first_port});
+    companion = std::make_unique<Companion>(world.platform(port),
+                                            StartOptions{"work", "programs", "temp", first_port});
     dispatch([this] { companion->start_up(); });
   }
 

@@ -124,8 +124,8 @@ TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(widget(label), &twice);
   }
-  EXPECT_EQ(clicks, (Clicks{"port_number_3", "port_number_12", "comm_port", "get_hz", "Command3D1", "Label1",
-                            "Label1"}));
+  EXPECT_EQ(clicks, (Clicks{"port_number_3", "port_number_12", "comm_port", "get_hz", "Command3D1", "Label1_0",
+                            "Label1_3"}));
   EXPECT_FALSE(rec.close());
   EXPECT_TRUE(rec.isVisible());
   EXPECT_EQ(closes, 1);

@@ -153,7 +153,7 @@ void MeterContent::watch_double_clicks(const DesignedControl& designed, QWidget&
 
 bool MeterContent::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::MouseButtonDblClick) return DesignArea::eventFilter(watched, event);
-  click_(clock_labels);
+  click_(from_qt(watched->objectName()));
   return true;
 }
 

@@ -12,21 +12,21 @@ FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std:
 }
 
 FileFailure VirtualFiles::append(const std::string& path, std::string_view bytes) {
-  if (write_failure != FileFailure::none) return write_failure;
+  if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
   if (used() + bytes.size() > capacity) return FileFailure::disk_full;
   contents[path] += bytes;
   return FileFailure::none;
 }
 
 FileFailure VirtualFiles::replace(const std::string& path, std::string_view bytes) {
-  if (write_failure != FileFailure::none) return write_failure;
+  if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
   if (used() + bytes.size() > capacity) return FileFailure::disk_full;
   contents[path] = bytes;
   return FileFailure::none;
 }
 
 FileFailure VirtualFiles::remove(const std::string& path) {
-  if (write_failure != FileFailure::none) return write_failure;
+  if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
   contents.erase(path);
   return FileFailure::none;
 }
@@ -35,6 +35,12 @@ std::optional<std::uint64_t> VirtualFiles::length(const std::string& path) {
   const auto found = contents.find(path);
   if (found == contents.end()) return std::nullopt;
   return found->second.size();
+}
+
+FileFailure VirtualFiles::why_not_writable(const std::string& path) const {
+  for (const auto& [beginning, failure] : folder_failures)
+    if (path.starts_with(beginning)) return failure;
+  return write_failure;
 }
 
 std::uint64_t VirtualFiles::used() const {

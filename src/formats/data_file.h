@@ -1,0 +1,55 @@
+// A data file while it is being recorded: lines are appended by open, write and close, and none is lost.
+//
+// A line that cannot be written (disk full, folder gone, file locked by a spreadsheet) waits in memory, in
+// order, and goes with the next append that succeeds. A last line that was torn (power cut) gets its line end
+// first. A file that has vanished meanwhile begins with the header lines again.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace halden {
+
+class DataFile {
+ public:
+  explicit DataFile(Files& files) : files_(files) {}
+
+  // Begins a block of lines at the end of `path` (UTF-8) and tries to write its header lines, each with its
+  // line end. Lines that wait for another file are forgotten.
+  void begin(std::string path, std::string header);
+
+  // Adds one line, without its line end, and tries to write all that waits.
+  void append_line(std::string_view line);
+
+  // Tries again. Whether nothing waits any more.
+  bool write_waiting();
+
+  // Writes the header lines and all that waits to the end of another file; on success nothing waits any more.
+  FileFailure write_waiting_to(const std::string& path);
+
+  const std::string& path() const { return path_; }
+  std::size_t lines_written() const { return lines_written_; }
+  std::size_t lines_waiting() const { return lines_waiting_; }
+
+  // Why the last append failed; `none` when it did not.
+  FileFailure failure() const { return failure_; }
+
+ private:
+  enum class Header { always, in_empty_file };
+
+  FileFailure append_waiting(const std::string& path, Header header);
+
+  Files& files_;
+  std::string path_;
+  std::string header_;
+  bool header_waits_ = false;
+  std::string waiting_;  // lines with their line ends
+  std::size_t lines_waiting_ = 0;
+  std::size_t lines_written_ = 0;
+  FileFailure failure_ = FileFailure::none;
+};
+
+}  // namespace halden

@@ -1,0 +1,84 @@
+#include "formats/file_headers.h"
+
+#include <array>
+
+#include "formats/record_field.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int order_count = 100;
+constexpr int sample_count = 1024;
+
+// The five settings, with the blank or comma that stands before each.
+std::string settings_part(std::string_view separator, const SettingTexts& settings) {
+  std::string part;
+  const auto add = [&](std::string_view name, const std::string& text) {
+    part += separator;
+    part += name;
+    part += text;
+  };
+  add("Hz=", settings.hz);
+  add("MD=", settings.md);
+  add("SEC=", settings.sec);
+  add("CT=", settings.ct);
+  add("VT=", settings.vt);
+  return part;
+}
+
+std::string source_part(std::string_view separator, const WaveSource& source) {
+  std::string part(separator);
+  part += "INPUT=";
+  part += channel_name(source.harmonic_channel);
+  part += separator;
+  part += "SYS=";
+  part += wiring_text(source.wiring_system);
+  return part;
+}
+
+const char* option_text(const WaveSource& source) { return source.harmonic_option == 0 ? "%" : "D"; }
+
+}  // namespace
+
+SettingTexts setting_texts(const Window& meter_rec) {
+  return {meter_rec["HZ_value"].text, meter_rec["md_value"].text, meter_rec["sec_value"].text,
+          meter_rec["ct_value"].text, meter_rec["pt_value"].text};
+}
+
+std::string_view wiring_text(std::int16_t wiring_system) {
+  constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
+  const bool known = wiring_system >= 0 && wiring_system < static_cast<int>(texts.size());
+  return known ? texts[static_cast<std::size_t>(wiring_system)] : "????,";
+}
+
+std::string_view channel_name(std::int16_t harmonic_channel) {
+  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
+  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
+  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
+}
+
+// The wiring text brings the comma before the first setting along.
+std::string power_settings_line(std::int16_t wiring_system, const SettingTexts& settings) {
+  return std::string(wiring_text(wiring_system)) + settings_part(",", settings).substr(1);
+}
+
+std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings) {
+  return "HARMO" + settings_part(",", settings) + source_part(",", source) +
+         ",NO.=" + std::to_string(order_count) + " ,OPTION=" + option_text(source);
+}
+
+std::string harmonics_column_line() {
+  return "DATE, TIME, RMS, PEAK+, PEAK-, THD-F, VI_1, HZ, RANGE" + numbered_names(",", order_count);
+}
+
+std::string waveform_settings_line(const WaveSource& source, const SettingTexts& settings) {
+  return "WAVE" + settings_part(" ", settings) + source_part(" ", source) +
+         " NO.=" + std::to_string(sample_count) + "  OPTION=" + option_text(source);
+}
+
+std::string waveform_column_line() {
+  return "DATE, TIME" + numbered_names(" ", sample_count) + " OPTION RMS PEAK+ PEAK- HZ THD-F VI_1";
+}
+
+}  // namespace halden

@@ -1,0 +1,31 @@
+// The columns of the power data file, by wiring system: their names as they stand in the file's second line,
+// and the value panels whose texts a record stores.
+//
+//   3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1
+//         DATE,      TIME,       V12,       V23, ...     VA(MD)
+//   03-15-2024,  12:30:44,    400.1V,    399.8V, ...     ------,
+//
+// A record has one field of eleven characters per column and ends with a comma: 38 columns of 3P4W are 418
+// characters, 20 of 3P3W 220, 28 of 1P3W 308, 17 of 1P2W 187.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.h"
+#include "screen/window.h"
+
+namespace halden {
+
+// The line of the column names; empty for a wiring system other than 0 to 3.
+std::string power_column_line(std::int16_t wiring_system);
+
+// The panels of a record in the order of their columns, without DATE and TIME; none for an unknown system.
+std::vector<std::string_view> power_panels(std::int16_t wiring_system);
+
+// One record without its line end: the texts that the main window shows. Empty for an unknown system.
+std::string power_record(std::int16_t wiring_system, const Date& date, const Window& meter_rec);
+
+}  // namespace halden

@@ -1,0 +1,30 @@
+// The fields all data files are made of: eleven characters each, so that columns stay aligned in any editor.
+//
+//   "     230.1V,"   the text right-aligned in ten characters, then a comma
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+
+namespace halden {
+
+inline constexpr std::size_t field_text_length = 10;
+inline constexpr std::string_view line_end = "\r\n";
+
+// A text longer than ten characters keeps its last ten.
+std::string record_field(std::string_view text);
+
+// "mm-dd-yyyy"
+std::string record_date(const Date& date);
+
+// What stands in place of a record while the meter does not answer: 143 characters.
+//
+//   03-15-2024,12:30:44, NO COM, DATA LOST, !, !,!,!,!,!,!,!
+std::string no_communication_line(const Date& date, std::string_view clock_text);
+
+// The number texts 0, 1, ... count - 1, each behind `separator`.
+std::string numbered_names(std::string_view separator, int count);
+
+}  // namespace halden
