@@ -1,6 +1,8 @@
 #include "app/ui/desktop_program.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QMenuBar>
 #include <QTimer>
 #include <cstdio>
 
@@ -8,6 +10,7 @@
 #include "app/ui/demo_panel.h"
 #include "app/ui/meter_rec.h"
 #include "app/ui/notice_window.h"
+#include "app/ui/recording_mark.h"
 #include "app/ui/signal_watch.h"
 #include "app/ui/unattended_dialogs.h"
 #include "platform/qt/core/qt_clock.h"
@@ -48,7 +51,8 @@ int first_port(const DesktopOptions& options) {
 }
 
 StartOptions start_options(const DesktopOptions& options) {
-  return {options.work_folder, from_qt(QCoreApplication::applicationDirPath()), first_port(options)};
+  return {options.work_folder, from_qt(QCoreApplication::applicationDirPath()), from_qt(QDir::tempPath()),
+          first_port(options)};
 }
 
 // What the outside world offers.
@@ -90,11 +94,14 @@ class DesktopProgram {
         companion_(outside_.platform(options), start_options(options)),
         main_window_(companion_.screen().meter_rec, events(), look),
         notice_(companion_.screen().chkspeed, main_window_, look),
+        recording_mark_(new RecordingMark(companion_.screen().chkspeed, theme(look))),
         demo_panel_(outside_.meter, outside_.simulated_port, &main_window_),
-        signals_([this] { world().end_program(); }) {
+        signals_([this] { close_program(); }) {
     outside_.dialogs.set_parent(&main_window_);
     outside_.printer.add_window(companion_.screen().meter_rec.name(),
                                 [this] { return main_window_.paper_image(); });
+    recording_mark_->setFixedHeight(main_window_.menuBar()->sizeHint().height());
+    main_window_.menuBar()->setCornerWidget(recording_mark_);
     connect_mirrors();
   }
 
@@ -115,17 +122,20 @@ class DesktopProgram {
               world().run_input([this, name = std::string(control)] { companion_.click(name); });
             },
             [this] { world().run([this] { companion_.main_window_resized(); }); },
-            [this] {
-              world().run([this] { companion_.main_window_closed(); });
-              world().end_program();
-            },
-            [this] { return world().holding(); }};
+            [this] { close_program(); }, [this] { return world().holding(); }};
+  }
+
+  // At once, whatever is going on: by the window's frame or by a signal.
+  void close_program() {
+    world().run([this] { companion_.main_window_closed(); });
+    world().end_program();
   }
 
   void connect_mirrors() {
     world().add_mirror([this] { companion_.refresh_status_line(); });
     world().add_mirror([this] { main_window_.show_changes(); });
     world().add_mirror([this] { notice_.show_changes(); });
+    world().add_mirror([this] { recording_mark_->show_changes(); });
     world().add_mirror([this] { follow_first_show(); });
     world().on_end([this] {
       for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
@@ -156,6 +166,7 @@ class DesktopProgram {
   Companion companion_;
   MeterRec main_window_;
   NoticeWindow notice_;
+  RecordingMark* recording_mark_;  // owned by the menu bar
   DemoPanel demo_panel_;
   SignalWatch signals_;
   bool shown_ = false;

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "app/ui/busy_bar.h"
+#include "app/ui/recording_mark.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/value_panel.h"
 
@@ -60,9 +61,10 @@ void NoticeWindow::show_changes() {
     caption_->setText(caption);
     message_->setAccessibleName(caption);
   }
-  if (isVisible() == window_.visible()) return;
-  if (window_.visible()) centre();
-  setVisible(window_.visible());
+  const bool wanted = window_.visible() && !is_lasting_notice(window_);
+  if (isVisible() == wanted) return;
+  if (wanted) centre();
+  setVisible(wanted);
 }
 
 void NoticeWindow::centre() {

@@ -1,0 +1,47 @@
+#include "app/ui/recording_mark.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+#include "screen/ui/fonts.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int text_pixels = 13;
+constexpr int dot_size = 10;
+constexpr int dot_left = 4;
+constexpr int text_left = dot_left + dot_size + 7;
+constexpr int right_margin = 16;
+
+}  // namespace
+
+bool is_lasting_notice(const Window& notice) { return notice.caption().empty(); }
+
+RecordingMark::RecordingMark(Window& notice, const Theme& theme)
+    : window_(notice), theme_(theme), mirror_(notice), text_(new QLabel(this)) {
+  setObjectName(QStringLiteral("recording_mark"));
+  text_->setFont(with_pixel_size(text_font(), text_pixels));
+  text_->setTextFormat(Qt::PlainText);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(text_left, 0, right_margin, 0);
+  row->addWidget(text_);
+  mirror_.tie("Text1", [this](const Control& now) { text_->setText(to_qt(now.text)); });
+  setVisible(false);
+}
+
+void RecordingMark::show_changes() {
+  mirror_.show_changes();
+  setVisible(window_.visible() && is_lasting_notice(window_));
+}
+
+void RecordingMark::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(theme_.phase[0]);
+  painter.drawEllipse(QRectF(dot_left, (height() - dot_size) / 2.0, dot_size, dot_size));
+}
+
+}  // namespace halden

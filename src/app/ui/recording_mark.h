@@ -1,0 +1,34 @@
+// The recording notice on the screen: a small mark at the end of the menu bar, where it covers no reading
+// however long a recording runs. It shows the notice window CHKSPEED while that has no title.
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+#include "screen/ui/mirror.h"
+#include "screen/ui/theme.h"
+
+namespace halden {
+
+// Whether the notice is one that stays for long.
+bool is_lasting_notice(const Window& notice);
+
+class RecordingMark : public QWidget {
+  Q_OBJECT
+
+ public:
+  RecordingMark(Window& notice, const Theme& theme);
+
+  void show_changes();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Window& window_;
+  Theme theme_;
+  Mirror mirror_;
+  QLabel* text_;
+};
+
+}  // namespace halden
