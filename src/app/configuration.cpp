@@ -10,6 +10,11 @@ constexpr std::size_t longest_line = 64;  // a file of another kind must not fil
 
 }  // namespace
 
+bool is_configuration_file(std::string_view path) {
+  const std::string_view name = path.substr(path.find_last_of('/') + 1);
+  return name == language_file || name == port_file;
+}
+
 std::optional<std::string> Configuration::first_line(const char* name) const {
   const FilePiece piece = files_.read(path(name), 0, longest_line);
   if (piece.failure == FileFailure::not_found) return std::nullopt;

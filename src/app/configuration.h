@@ -5,10 +5,14 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/files.h"
 
 namespace halden {
+
+// Whether a path is that of one of the two.
+bool is_configuration_file(std::string_view path);
 
 class Configuration {
  public:

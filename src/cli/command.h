@@ -19,6 +19,7 @@ using ChosenCommand = std::function<int()>;
 // Every command adds itself to the command line, and puts itself into `chosen` when it is the one typed.
 void add_status_command(CLI::App& app, ChosenCommand& chosen);
 void add_live_command(CLI::App& app, ChosenCommand& chosen);
+void add_record_command(CLI::App& app, ChosenCommand& chosen);
 
 struct CommonOptions {
   PortArgument port;

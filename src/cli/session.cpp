@@ -1,5 +1,6 @@
 #include "cli/session.h"
 
+#include <QDir>
 #include <QTimer>
 #include <cstdio>
 
@@ -22,6 +23,7 @@ PortTable port_table(const PortArgument& port) {
 
 StartOptions start_options(const PortArgument& port) {
   StartOptions options;
+  options.temporary_folder = QDir::tempPath().toStdString();
   options.first_port = port.number;
   return options;
 }
@@ -29,14 +31,17 @@ StartOptions start_options(const PortArgument& port) {
 }  // namespace
 
 Session::Session(const PortArgument& port, Interruption interruption)
+    : Session(port, interruption, no_files_) {}
+
+Session::Session(const PortArgument& port, Interruption interruption, Files& files)
     : real_port_(port_table(port)),
-      companion_(platform(port), start_options(port)),
+      companion_(platform(port, files), start_options(port)),
       port_number_(port.number),
       interruption_(interruption) {}
 
-Platform Session::platform(const PortArgument& port) {
+Platform Session::platform(const PortArgument& port, Files& files) {
   SerialPort& chosen = port.simulated ? static_cast<SerialPort&>(simulated_port_) : real_port_;
-  return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, shell_, files_};
+  return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, shell_, files};
 }
 
 int Session::run(const std::function<void()>& command) {
@@ -80,6 +85,8 @@ void Session::print(const std::string& results) {
   }
 }
 
+void Session::note(const std::string& sentence) { std::fprintf(stderr, "%s\n", sentence.c_str()); }
+
 void Session::done() { end(exit_done); }
 
 void Session::failed(const std::string& sentence) {
@@ -95,7 +102,11 @@ void Session::end(int exit_code) {
 }
 
 void Session::end_when_interrupted() {
-  if (!interrupted()) return;
+  if (!interrupted() || world_.ending()) return;
+  if (finish_) {
+    world_.run(finish_);
+    return;
+  }
   if (interruption_ == Interruption::ends_it) return done();
   failed("It was interrupted before the meter had answered.");
 }

@@ -33,12 +33,19 @@ class Session : public Terminal {
  public:
   Session(const PortArgument& port, Interruption interruption);
 
+  // The same with files the command works on; they outlive the session.
+  Session(const PortArgument& port, Interruption interruption, Files& files);
+
   // Starts the program up on the port; when the meter has told its status and is being polled, runs
   // `command`. Then the program lives in the event loop until the command ends. Returns the exit code. When
   // the port does not open or the meter does not answer, the command is not run: it has failed.
   int run(const std::function<void()>& command);
 
+  // From now on an interruption runs `finish`, which ends the command.
+  void on_interruption(std::function<void()> finish) { finish_ = std::move(finish); }
+
   void print(const std::string& results) override;
+  void note(const std::string& sentence) override;
   void done() override;
   void failed(const std::string& sentence) override;
 
@@ -46,7 +53,7 @@ class Session : public Terminal {
   QtWorld& world() { return world_; }
 
  private:
-  Platform platform(const PortArgument& port);
+  Platform platform(const PortArgument& port, Files& files);
   bool join_meter();
   void end(int exit_code);
   void end_when_interrupted();
@@ -67,10 +74,11 @@ class Session : public Terminal {
   RememberingDialogs dialogs_;
   NoPrinter printer_;
   SilentShell shell_{[this] { done(); }};
-  NoFiles files_;
+  NoFiles no_files_;
   Companion companion_;
   const int port_number_;
   const Interruption interruption_;
+  std::function<void()> finish_;
   int exit_code_ = exit_done;
 };
 

@@ -47,17 +47,19 @@ Recording::Recording(const Platform& platform, RecordingSources sources, SampleC
 
 void Recording::create_data_file() {
   settle_waiting();
-  const RecordKind kind = kind_of_view();
-  const std::optional<std::string> chosen = platform_.dialogs.save_file(file_question(kind));
-  if (!chosen || chosen->empty()) {
+  const std::optional<std::string> chosen = platform_.dialogs.save_file(file_question(kind_of_view()));
+  if (!chosen || chosen->empty())
     no_file_chosen();
-    return;
-  }
-  if (!may_append_to(*chosen)) return;
-  data_file_name = *chosen;
-  kind_ = kind;
+  else if (may_append_to(*chosen))
+    begin_data_file(*chosen);
+}
+
+void Recording::begin_data_file(const std::string& path) {
+  data_file_name = path;
+  kind_ = kind_of_view();
+  records_ = 0;
   window_["FileName"].text += " = " + data_file_name;
-  if (kind == RecordKind::waveform && from_.status.meter_mode == harmonics_mode) raise_short_sampling_time();
+  if (kind_ == RecordKind::waveform && from_.status.meter_mode == harmonics_mode) raise_short_sampling_time();
   file_.begin(data_file_name, header());
   data_file_ready = 1;
   window_["FileStart"].enabled = true;
@@ -168,6 +170,7 @@ void Recording::recording_step() {
   if (record_pending != 1) return;
   save_sys_data();
   file_.append_line(data_record);
+  ++records_;
   record_pending = 0;
 }
 

@@ -40,6 +40,7 @@ class Recording {
 
   // The user's actions.
   void create_data_file();
+  void begin_data_file(const std::string& path);  // the same once the file is chosen
   void start_automatic();
   void start_manual();
   void record_once();
@@ -72,6 +73,9 @@ class Recording {
 
   const DataFile& file() const { return file_; }
 
+  // How many records were made since the data file was created, written or waiting.
+  std::size_t records() const { return records_; }
+
   std::string data_file_name;
   std::int16_t data_file_ready = 0;
   std::int16_t manual_recording = 0;
@@ -97,6 +101,7 @@ class Recording {
   Rescue& rescue_;
   DataFile file_;
   RecordKind kind_ = RecordKind::power;
+  std::size_t records_ = 0;
   std::string last_lost_time_;  // the sampling instant of the last no-communication line
 };
 

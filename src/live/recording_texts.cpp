@@ -23,10 +23,6 @@ constexpr std::array<TwoTexts, 5> failure_texts = {{{"", ""},
                                                     {"disk full", "磁碟已滿"},
                                                     {"file not writable", "檔案無法寫入"}}};
 
-std::string failure_text(FileFailure failure, std::int16_t language) {
-  return failure_texts[static_cast<std::size_t>(failure)].in(language);
-}
-
 // In the order of RecordingState.
 constexpr std::array<TwoTexts, 4> state_texts = {{{"not recording", "未記錄"},
                                                   {"data file ready", "檔案已建立"},
@@ -44,7 +40,7 @@ std::string written_text(std::size_t lines, std::int16_t language) {
 }
 
 std::string waiting_text(const DataFile& file, std::int16_t language) {
-  const std::string why = failure_text(file.failure(), language);
+  const std::string why = write_failure_text(file.failure(), language);
   const std::string count = std::to_string(file.lines_waiting());
   const bool only_header = file.lines_waiting() == 0;
   if (language == chinese)
@@ -53,6 +49,10 @@ std::string waiting_text(const DataFile& file, std::int16_t language) {
 }
 
 }  // namespace
+
+std::string write_failure_text(FileFailure failure, std::int16_t language) {
+  return failure_texts[static_cast<std::size_t>(failure)].in(language);
+}
 
 std::string recording_status_text(RecordingState state, const DataFile& file, std::int16_t language) {
   std::string text = state_texts[static_cast<std::size_t>(state)].in(language);
@@ -64,7 +64,7 @@ std::string recording_status_text(RecordingState state, const DataFile& file, st
 
 Message question_for_another_file(const DataFile& file, std::int16_t language) {
   const std::string count = std::to_string(file.lines_waiting());
-  const std::string why = failure_text(file.failure(), language);
+  const std::string why = write_failure_text(file.failure(), language);
   if (language == chinese)
     return {count + " 行記錄無法寫入檔案（" + why + "）：\n" + file.path() + "\n\n是否另存到其他檔案？",
             "停止記錄", Icon::exclamation};

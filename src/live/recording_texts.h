@@ -15,6 +15,9 @@ enum class RecordingState { no_file, file_ready, automatic, manual };
 // For the status line: "recording: 12 lines, 3 waiting (disk full)".
 std::string recording_status_text(RecordingState state, const DataFile& file, std::int16_t language);
 
+// "disk full"; empty when nothing failed.
+std::string write_failure_text(FileFailure failure, std::int16_t language);
+
 // Whether the lines that wait shall go to another file.
 Message question_for_another_file(const DataFile& file, std::int16_t language);
 

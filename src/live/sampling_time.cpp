@@ -27,7 +27,11 @@ void ask_sampling_time(Dialogs& dialogs, SampleClock& sample_clock, Window& mete
   if (const std::size_t comma = answer.find(','); comma != std::string::npos) answer[comma] = '.';
   const double typed_s = leading_number(answer);
   if (typed_s < shortest_s) dialogs.message({"Sampling time must be > 2 seconds", "", Icon::none});
-  const auto time_s = static_cast<std::int16_t>(std::clamp(typed_s, shortest_s, longest_s));
+  const double time_s = std::clamp(typed_s, shortest_s, longest_s);
+  set_sampling_time(static_cast<std::int16_t>(time_s), sample_clock, meter_rec);
+}
+
+void set_sampling_time(std::int16_t time_s, SampleClock& sample_clock, Window& meter_rec) {
   sample_clock.sample_counting = 1;
   sample_clock.clock_tick_ms = whole_seconds_ms;
   sample_clock.sample_tick_count = static_cast<std::int16_t>(time_s - 1);

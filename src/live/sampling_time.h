@@ -11,4 +11,7 @@ namespace halden {
 // fraction is cut off. An empty answer changes nothing. The next whole second is a sampling instant.
 void ask_sampling_time(Dialogs& dialogs, SampleClock& sample_clock, Window& meter_rec);
 
+// The same without a question; `time_s` from 2 to 32767.
+void set_sampling_time(std::int16_t time_s, SampleClock& sample_clock, Window& meter_rec);
+
 }  // namespace halden

@@ -8,6 +8,7 @@ namespace {
 
 struct NotedTerminal : Terminal {
   void print(const std::string& results) override { printed.push_back(results); }
+  void note(const std::string& sentence) override { notes.push_back(sentence); }
   void done() override { end("done"); }
   void failed(const std::string& sentence) override { end(sentence); }
   void end(const std::string& how) {
@@ -15,6 +16,7 @@ struct NotedTerminal : Terminal {
   }
 
   std::vector<std::string> printed;
+  std::vector<std::string> notes;
   std::string ended;
 };
 

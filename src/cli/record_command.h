@@ -1,0 +1,51 @@
+// `haldenctl record`: writes the readings of the meter's power mode to a data file, the same as the program
+// with windows does.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "app/program.h"
+#include "cli/record.h"
+#include "cli/terminal.h"
+
+namespace halden {
+
+enum class ExistingFile { refused, appended_to };
+
+struct RecordOptions {
+  std::string file;  // UTF-8
+  ExistingFile existing = ExistingFile::refused;
+  std::int16_t sample_s = 2;         // 2 to 32767
+  std::optional<int> records;        // end after that many
+  std::optional<double> duration_s;  // end after that time
+  Format format = Format::text;      // of the summary
+};
+
+class RecordRun {
+ public:
+  // All outlive the run. Without a number of records and a duration it goes on until finish().
+  RecordRun(Program& program, const RecordOptions& options, Terminal& terminal);
+
+  // Starts recording; fails in harmonics mode and when the file cannot be written.
+  void start();
+
+  // Ends the recording and the command, and says how many records there are and where.
+  void finish();
+
+  // To be called twice a second: ends when it is time, and says when lines have to wait.
+  void look_after();
+
+ private:
+  void stop_at_the_last_record();
+
+  Program& program_;
+  RecordOptions options_;
+  Terminal& terminal_;
+  bool runs_ = false;
+  double began_s_ = 0;
+  bool lines_wait_ = false;
+};
+
+}  // namespace halden
