@@ -91,6 +91,11 @@ void Companion::connect_actions() {
   for (int label = 0; label < clock_label_count; ++label) actions_[element("Label1", label)] = sample_rate;
   actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
   actions_["comm_port"] = [&on] { on.port_choice.describe_ports(); };
+  add_exchange("set_ct", [&on] { on.settings.set_ct(); });
+  add_exchange("set_pt", [&on] { on.settings.set_pt(); });
+  add_exchange("set_md", [&on] { on.settings.set_md(); });
+  add_exchange("set_sec", [&on] { on.settings.set_sec(); });
+  add_exchange("set_hz", [&on] { on.settings.set_hz(); });
   add_exchange("get_hz", [&on] { on.settings.get_hz(); });
   for (int port = first_port_number; port <= last_port_number; ++port)
     add_exchange(element("port_number", port), [&on, port] { on.port_choice.choose(port); });

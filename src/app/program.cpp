@@ -16,7 +16,7 @@ Program::Program(Platform outside, const std::string& work_folder, const std::st
                 rescue),
       live_poll(platform, waits, polling, link, screen.meter_rec, monitor),
       views(polling, link, status, harmonics_view, screen.meter_rec),
-      settings(polling, query, status, readings, screen.meter_rec, label_column_left),
+      settings(platform, waits, polling, query, status, readings, screen.meter_rec, label_column_left),
       configuration(platform.files, work_folder),
       status_line(platform, link, monitor.frame_rate(), recording, screen.meter_rec),
       port_choice(platform, waits, polling, query, link, configuration, status_line, screen.meter_rec) {
