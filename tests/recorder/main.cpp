@@ -1,0 +1,47 @@
+// Records a simulated meter into a real file, in virtual time and without end, for a test that kills it. Says
+// after each record how many there are.
+//
+//   halden-test-recorder FILE
+
+#include <cstdio>
+
+#include "app/companion.h"
+#include "app/program.h"
+#include "platform/program_end.h"
+#include "platform/qt/core/qt_files.h"
+#include "platform/virtual/virtual_world.h"
+#include "simulator/meter.h"
+#include "simulator/simulated_port.h"
+
+namespace {
+
+halden::Platform with_files(const halden::Platform& outside, halden::Files& files) {
+  return {outside.clock,   outside.timer1,  outside.timer2, outside.port,
+          outside.dialogs, outside.printer, outside.shell,  files};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  halden::VirtualWorld world;
+  halden::Meter meter;
+  halden::SimulatedPort port(world.clock, meter);
+  halden::QtFiles files;
+  halden::StartOptions options;
+  options.first_port = 1;
+  halden::Companion companion(with_files(world.platform(port), files), options);
+  halden::dispatch([&] { companion.start_up(); });
+  world.dialogs.file_answers = {argv[1]};
+  world.dialogs.confirm_answers = {true};
+  companion.click("FileName");
+  companion.click("auto_record");
+  for (std::size_t told = 0;;) {
+    world.run_for(0.5);
+    if (const std::size_t records = companion.program().recording.records(); records > told) {
+      told = records;
+      std::printf("%zu\n", told);
+      if (std::fflush(stdout) != 0) return 1;
+    }
+  }
+}
