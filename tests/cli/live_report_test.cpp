@@ -2,23 +2,10 @@
 
 #include "../scenario/companion_test_base.h"
 #include "cli/live_command.h"
+#include "noted_terminal.h"
 
 namespace halden {
 namespace {
-
-struct NotedTerminal : Terminal {
-  void print(const std::string& results) override { printed.push_back(results); }
-  void note(const std::string& sentence) override { notes.push_back(sentence); }
-  void done() override { end("done"); }
-  void failed(const std::string& sentence) override { end(sentence); }
-  void end(const std::string& how) {
-    if (ended.empty()) ended = how;
-  }
-
-  std::vector<std::string> printed;
-  std::vector<std::string> notes;
-  std::string ended;
-};
 
 struct LiveReports : testing::Test {
   void start(LiveOptions options, MeterSettings settings = {}) {
