@@ -63,6 +63,7 @@ void Meter::answer(char request, double now_s) {
   if (faults_.silence || faults_.endless_stream || !replies_.has_room()) return;
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
+  if (request != '?' && on_frame) on_frame(now_s, reply);
   replies_.send({meter_side::spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
                  faults_.split_after, faults_.split_pause_s});
 }

@@ -15,6 +15,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,6 +51,10 @@ class Meter {
   MeterSettings& settings() { return settings_; }
   Load& load() { return load_; }
   Faults& faults() { return faults_; }
+
+  // Called with each live frame that is going to be sent, and when it was asked for: whoever wants to know
+  // what a long run sent keeps a ledger of its own.
+  std::function<void(double time_s, const std::string& frame)> on_frame;
 
   // The bytes received so far with their times; of a long run the newest 90,000 to 100,000.
   const std::vector<ReceivedByte>& log() const { return log_; }
