@@ -56,13 +56,24 @@ void Companion::tell_rescued() {
 }
 
 void Companion::click(std::string_view control) {
-  const Window& window = program_->screen.meter_rec;
   const auto action = actions_.find(control);
-  if (action == actions_.end() || !window.has(control)) return;
-  if (!window[control].enabled || !window[control].visible) return;
+  const Window* const window = window_of(control);
+  if (action == actions_.end() || window == nullptr) return;
+  if (!(*window)[control].enabled || !(*window)[control].visible) return;
   action->second();
   refresh_status_line();
 }
+
+const Window* Companion::window_of(std::string_view control) const {
+  const Screen& screen = program_->screen;
+  for (const Window* window : {&screen.meter_rec, &screen.phasor_form})
+    if (window->has(control)) return window;
+  return nullptr;
+}
+
+void Companion::phasor_form_resized() { program_->phasors.resized(); }
+
+void Companion::phasor_form_closed() { program_->phasors.close(); }
 
 void Companion::main_window_resized() {
   program_->gate.run("resize", [this] { program_->views.select_by_meter_mode(); });
@@ -79,16 +90,8 @@ void Companion::connect_actions() {
   actions_["quit"] = [this] { exit(); };
   actions_["Command3D1"] = [this] { print_main_window(); };
   actions_["HelpAbout"] = [&on] { on.platform.dialogs.message({about_text(), "About", Icon::none}); };
-  actions_["FileName"] = [&on] { on.recording.create_data_file(); };
-  actions_["auto_record"] = [&on] { on.recording.start_automatic(); };
-  actions_["manual_record"] = [&on] { on.recording.start_manual(); };
-  actions_["record_button"] = [&on] { on.recording.record_once(); };
-  actions_["FileStop"] = [&on] { on.status_line.tell(on.recording.end_recording()); };
-  const auto sample_rate = [&on] {
-    ask_sampling_time(on.platform.dialogs, on.sample_clock, on.screen.meter_rec);
-  };
-  actions_["SampleRate"] = sample_rate;
-  for (int label = 0; label < clock_label_count; ++label) actions_[element("Label1", label)] = sample_rate;
+  connect_recording();
+  connect_phasors();
   actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
   actions_["comm_port"] = [&on] { on.port_choice.describe_ports(); };
   add_exchange("set_ct", [&on] { on.settings.set_ct(); });
@@ -105,6 +108,31 @@ void Companion::connect_actions() {
     actions_[element("HelpManual", manual)] = [this, manual] {
       program_->platform.shell.open_document(manual_path(options_.program_folder, manual));
     };
+}
+
+void Companion::connect_recording() {
+  Program& on = *program_;
+  actions_["FileName"] = [&on] { on.recording.create_data_file(); };
+  actions_["auto_record"] = [&on] { on.recording.start_automatic(); };
+  actions_["manual_record"] = [&on] { on.recording.start_manual(); };
+  actions_["record_button"] = [&on] { on.recording.record_once(); };
+  actions_["FileStop"] = [&on] { on.status_line.tell(on.recording.end_recording()); };
+  const auto sample_rate = [&on] {
+    ask_sampling_time(on.platform.dialogs, on.sample_clock, on.screen.meter_rec);
+  };
+  actions_["SampleRate"] = sample_rate;
+  for (int label = 0; label < clock_label_count; ++label) actions_[element("Label1", label)] = sample_rate;
+}
+
+void Companion::connect_phasors() {
+  Program& on = *program_;
+  actions_["phasor_button"] = [&on] { on.phasors.open(); };
+  actions_["v_only"] = [&on] { on.phasors.v_only(); };
+  actions_["i_only"] = [&on] { on.phasors.i_only(); };
+  actions_["vi_all"] = [&on] { on.phasors.vi_all(); };
+  actions_["vxy"] = [&on] { on.phasors.vxy(); };
+  actions_["hide_vxy"] = [&on] { on.phasors.hide_vxy(); };
+  actions_["print_phasor"] = [&on] { on.status_line.tell(on.phasors.print()); };
 }
 
 // An action that talks to the meter: never while another one does.

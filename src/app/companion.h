@@ -16,6 +16,7 @@
 namespace halden {
 
 struct Screen;
+class Window;
 struct Program;
 
 struct StartOptions {
@@ -35,8 +36,8 @@ class Companion {
   // Runs the start-up procedure; it ends with the main window shown. Call through dispatch().
   void start_up();
 
-  // A click on a menu entry or button of the main window by its name ("port_number_3", "get_hz"). Nothing
-  // happens when the control is disabled or hidden, or has no action.
+  // A click on a menu entry or button of the main or the phasor window by its name ("port_number_3",
+  // "get_hz"). Nothing happens when the control is disabled or hidden, or has no action.
   void click(std::string_view control);
 
   // The main window was shown, or a change of its size has settled.
@@ -44,6 +45,10 @@ class Companion {
 
   // The user closed the main window by its frame, or the system asks the program to end: it ends at once.
   void main_window_closed();
+
+  // The same for the phasor window, whose closing leaves the program alone.
+  void phasor_form_resized();
+  void phasor_form_closed();
 
   // Brings the status line up to date; cheap.
   void refresh_status_line();
@@ -56,6 +61,9 @@ class Companion {
 
  private:
   void connect_actions();
+  void connect_recording();
+  void connect_phasors();
+  const Window* window_of(std::string_view control) const;
   void add_exchange(const std::string& control, std::function<void()> exchange);
   void choose_language(std::int16_t language);
   void show_language();

@@ -14,6 +14,8 @@
 #include "live/live_monitor.h"
 #include "live/live_readings.h"
 #include "live/phasor_geometry.h"
+#include "live/phasor_window.h"
+#include "live/phasors.h"
 #include "live/power_monitor.h"
 #include "live/recording.h"
 #include "live/rescue.h"
@@ -40,6 +42,8 @@ inline constexpr int designed_poll_period_ms = 250;
 struct Program {
   Program(Platform outside, const std::string& work_folder, const std::string& temporary_folder);
 
+  void connect_steps();
+
   Platform platform;
 
   // The program-wide values.
@@ -51,6 +55,7 @@ struct Program {
   HarmonicsView harmonics_view;
   HarmonicsPlot harmonics_plot;
   LiveReadings raw;
+  PhasorAngles phasor_angles;
   Readings readings{status};
   PowerFrameSteps power_frame_steps;
   LiveSteps live_steps;
@@ -66,6 +71,7 @@ struct Program {
   Rescue rescue;
   Recording recording;
   LivePoll live_poll;
+  PhasorWindow phasors;
   ViewSelection views;
   SettingsPanel settings;
   Configuration configuration;

@@ -163,11 +163,6 @@ void add_menus(Designer& to) {
   }
 }
 
-// What these buttons start belongs to windows and exchanges that this version does not have yet.
-void disable_unfinished(Window& window) {
-  for (const std::string_view name : {"phasor_button"}) window[name].enabled = false;
-}
-
 Designer design_main_window() {
   Designer designer;
   designer.window.set_caption("Halden");
@@ -178,7 +173,6 @@ Designer design_main_window() {
   design_harmonics(designer);
   design_status_line(designer);
   add_menus(designer);
-  disable_unfinished(designer.window);
   return designer;
 }
 

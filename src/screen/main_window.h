@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "screen/phasor_form.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -59,6 +60,7 @@ struct Screen {
   Window meter_rec = make_main_window();
   Window chkspeed = make_notice_window();
   Window logger = make_logger_window();
+  Window phasor_form = make_phasor_form();
 };
 
 }  // namespace halden
