@@ -111,6 +111,7 @@ TEST_F(MeterRecTest, MenusAreTheTable) {
 
 TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
   values["port_number_3"].checked = true;
+  values["set_ct"].enabled = false;
   rec.show_changes();
   for (const char* entry : {"port_number_3", "port_number_12"}) action(entry)->trigger();
   EXPECT_TRUE(action("port_number_3")->isChecked());
