@@ -62,13 +62,15 @@ void PhasorWindow::place_vectors() {
   place_circle("Shape2", geometry_.current_radius);
   for (const Vectors vectors : {voltage_vectors(), current_vectors(), line_vectors()})
     for (const PhasorVector& names : vectors) {
-      Control& vector = form_[names.line];
-      const float end_x = vector.left + vector.width, end_y = vector.top + vector.height;
-      vector.left = static_cast<float>(geometry_.phasor_center_x);
-      vector.top = static_cast<float>(geometry_.phasor_center_y);
-      vector.width = end_x - vector.left;
-      vector.height = end_y - vector.top;
+      form_[names.line].left = static_cast<float>(geometry_.phasor_center_x);
+      form_[names.line].top = static_cast<float>(geometry_.phasor_center_y);
+      const bool never_drawn = form_[names.label].text.empty();
+      if (never_drawn && !names.marker.empty()) put_marker(names.marker, centre());
     }
+}
+
+PhasorWindow::Point PhasorWindow::centre() const {
+  return {static_cast<double>(geometry_.phasor_center_x), static_cast<double>(geometry_.phasor_center_y)};
 }
 
 void PhasorWindow::show_vectors() {

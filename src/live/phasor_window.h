@@ -59,6 +59,7 @@ class PhasorWindow {
   };
   using Ends = std::array<Point, phase_count>;
 
+  Point centre() const;
   void redraw();
   Ends draw(Vectors vectors, const PerPhase<double>& sizes, const PerPhase<double>& angles, int radius);
   void draw_lines(const Ends& voltages);
