@@ -20,6 +20,7 @@ using ChosenCommand = std::function<int()>;
 void add_status_command(CLI::App& app, ChosenCommand& chosen);
 void add_live_command(CLI::App& app, ChosenCommand& chosen);
 void add_record_command(CLI::App& app, ChosenCommand& chosen);
+void add_set_command(CLI::App& app, ChosenCommand& chosen);
 
 struct CommonOptions {
   PortArgument port;

@@ -3,9 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "cli/command.h"
 #include "cli/session.h"
@@ -56,7 +58,8 @@ void LiveReport::check_silence() {
 void LiveReport::print_frame() {
   if (frames_ == options_.count) return;
   last_frame_s_ = program_.platform.clock.monotonic_s();
-  const Record record = live_record(program_.screen.meter_rec, local_time_text(program_.platform.clock));
+  Record record = live_record(program_.screen.meter_rec, local_time_text(program_.platform.clock));
+  add_phasor_angles(program_.phasor_angles, program_.status.wiring_system, record);
   const char* const block_end = options_.format == Format::text ? "\n" : "";
   terminal_.print(formatted(record, options_.format) + block_end);
   if (++frames_ == options_.count) terminal_.done();
@@ -72,7 +75,22 @@ Record live_record(const Window& meter_rec, const std::string& time) {
     for (const PhaseQuantity quantity : phase_quantities) add(phase_panel(quantity, phase));
   for (int line = 0; line < phase_count; ++line) add(line_panel(line));
   for (const Panel& panel : system_panels()) add(panel);
+  for (const Panel& panel : unbalance_panels()) add(panel);
   return record;
+}
+
+void add_phasor_angles(const PhasorAngles& angles, std::int16_t wiring_system, Record& record) {
+  const auto add = [&record](const std::string& vector, double tenths) {
+    record[vector + "_phasor_angle"] = format_pattern(tenths / 10, "##0.0");
+  };
+  const int phases = phases_in_use(wiring_system);
+  for (std::size_t p = 0; std::cmp_less(p, phases); ++p) {
+    const std::string digit = std::to_string(p + 1);
+    add("v" + digit, angles.v_phasor_angle[p]);
+    add("i" + digit, angles.i_phasor_angle[p]);
+  }
+  constexpr std::array lines = {"v12", "v23", "v31"};
+  for (std::size_t p = 0; phases == phase_count && p < lines.size(); ++p) add(lines[p], angles.line_angle(p));
 }
 
 std::string local_time_text(const Clock& clock) {

@@ -43,8 +43,11 @@ class LiveReport {
   double last_frame_s_ = 0.0;
 };
 
-// "time", and the texts of the visible phase, line and system panels under the panels' names.
+// "time", and the texts of the visible phase, line, system and unbalance panels under the panels' names.
 Record live_record(const Window& meter_rec, const std::string& time);
+
+// Adds the angles of the vectors in use, "v2_phasor_angle" and so on, in degrees.
+void add_phasor_angles(const PhasorAngles& angles, std::int16_t wiring_system, Record& record);
 
 // The clock's local time as "2026-11-22T12:30:44.250".
 std::string local_time_text(const Clock& clock);

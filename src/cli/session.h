@@ -49,7 +49,12 @@ class Session : public Terminal {
   void done() override;
   void failed(const std::string& sentence) override;
 
+  Companion& companion() { return companion_; }
   Program& program() { return companion_.program(); }
+
+  // The text of the last message of the program; empty when there was none.
+  const std::string& last_message() const { return dialogs_.last_message(); }
+
   QtWorld& world() { return world_; }
 
  private:

@@ -45,10 +45,26 @@ TEST_F(LiveReports, OneBlockPerFrameUntilTheCount) {
   }
 }
 
+TEST_F(LiveReports, PhasorAnglesAreThoseOfThePhasesInUse) {
+  PhasorAngles angles;
+  angles.v_phasor_angle = {0, -1200, 1199};
+  angles.i_phasor_angle = {-155, -1350, 1050};
+  angles.v31_phasor_angle = 1501;
+  Record one_phase, three_phases;
+  add_phasor_angles(angles, 0, one_phase);
+  add_phasor_angles(angles, 3, three_phases);
+  EXPECT_EQ(names(one_phase), "v1_phasor_angle i1_phasor_angle ");
+  EXPECT_EQ(one_phase["i1_phasor_angle"], "-15.5");
+  EXPECT_EQ(three_phases.size(), 9u);
+  EXPECT_EQ(three_phases["v3_phasor_angle"], "119.9");
+  EXPECT_EQ(three_phases["v31_phasor_angle"], "150.1");
+}
+
 TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
   const std::string system =
       "W_sys_value VA_sys_value VAR_sys_value PF_sys_value WH_sys_value VAH_sys_value VARH_sys_value "
       "PFH_sys_value W_AD_value VA_AD_value W_MD_value VA_MD_value ";
+  const std::string unbalance = "VUR_value d0_v_value d2_v_value IUR_value d0_i_value d2_i_value ";
   const std::map<Wiring, std::string> expected = {
       {Wiring::w1p2w, "V1_value I1_value Phase1_value "},
       {Wiring::w1p3w,
@@ -64,7 +80,9 @@ TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
     Journey fresh;
     fresh.meter.settings().wiring = wiring;
     fresh.start(1);
-    EXPECT_EQ(names(live_record(fresh.window(), "")), "time " + phases_and_lines + system);
+    const bool three_phase = wiring == Wiring::w3p3w || wiring == Wiring::w3p4w;
+    EXPECT_EQ(names(live_record(fresh.window(), "")),
+              "time " + phases_and_lines + system + (three_phase ? unbalance : ""));
   }
 }
 

@@ -1,0 +1,114 @@
+#include "cli/set_command.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "app/program.h"
+#include "cli/command.h"
+#include "cli/session.h"
+#include "readings/numbers.h"
+
+namespace halden {
+
+namespace {
+
+struct Names {
+  std::string_view name, box, button;
+};
+
+constexpr std::array<Names, 5> all_names = {{{"ct", "ct_value", "set_ct"},
+                                             {"pt", "pt_value", "set_pt"},
+                                             {"md", "md_value", "set_md"},
+                                             {"sec", "sec_value", "set_sec"},
+                                             {"hz", "HZ_value", "set_hz"}}};
+
+constexpr std::size_t longest_value = 10;
+
+const Names* names_of(std::string_view name) {
+  for (const Names& names : all_names)
+    if (names.name == name) return &names;
+  return nullptr;
+}
+
+// What the meter is expected to hold: a number, or for the frequency anything else as automatic, 0.
+double meant_by(std::string_view name, std::string_view text) {
+  const double number = leading_number(text);
+  return name == "hz" && number != 50 && number != 60 ? 0 : number;
+}
+
+int run_set(const CommonOptions& common, const std::vector<TypedSetting>& settings) {
+  Session session(common.port, Interruption::spoils_it);
+  return session.run([&] {
+    send_settings(
+        session.companion(), settings, common.format, [&] { return session.last_message(); }, session);
+  });
+}
+
+}  // namespace
+
+std::optional<TypedSetting> parse_setting(std::string_view text) {
+  const std::size_t equals = text.find('=');
+  if (equals == std::string_view::npos || names_of(text.substr(0, equals)) == nullptr) return std::nullopt;
+  if (text.size() - equals - 1 > longest_value) return std::nullopt;
+  return TypedSetting{std::string(text.substr(0, equals)), std::string(text.substr(equals + 1))};
+}
+
+Record settings_record(const Window& meter_rec) {
+  Record record;
+  for (const Names& names : all_names) record[std::string(names.name)] = meter_rec[names.box].text;
+  return record;
+}
+
+void send_settings(Companion& companion, const std::vector<TypedSetting>& settings, Format format,
+                   const std::function<std::string()>& last_message, Terminal& terminal) {
+  Window& window = companion.screen().meter_rec;
+  for (const TypedSetting& setting : settings) {
+    const Names& names = *names_of(setting.name);
+    window[names.box].text = setting.value;
+    companion.click(names.button);
+    if (const std::string refusal = last_message(); !refusal.empty()) {
+      terminal.failed(refusal);
+      return;
+    }
+    const std::string held = std::as_const(window)[names.box].text;
+    if (meant_by(setting.name, held) != meant_by(setting.name, setting.value)) {
+      terminal.failed("The meter did not take " + setting.name + "=" + setting.value + "; it holds " + held +
+                      ".");
+      return;
+    }
+  }
+  terminal.print(formatted(settings_record(window), format));
+  terminal.done();
+}
+
+void add_set_command(CLI::App& app, ChosenCommand& chosen) {
+  struct Typed {
+    CommonOptions common;
+    std::vector<std::string> texts;
+  };
+  const auto typed = std::make_shared<Typed>();
+  CLI::App* const command = app.add_subcommand("set", "Send settings to the meter and print what it holds");
+  add_common_options(*command, typed->common);
+  command
+      ->add_option("settings", typed->texts,
+                   "ct, pt: ratios; md: minutes; sec: even seconds; hz: 50, 60, auto")
+      ->type_name("NAME=VALUE")
+      ->required()
+      ->check([](const std::string& text) {
+        return parse_setting(text)
+                   ? std::string()
+                   : "expected ct, pt, md, sec or hz, \"=\" and at most 10 characters, not " + text;
+      });
+  command->callback([typed, &chosen] {
+    chosen = [typed] {
+      std::vector<TypedSetting> settings;
+      for (const std::string& text : typed->texts) settings.push_back(*parse_setting(text));
+      return run_set(typed->common, settings);
+    };
+  });
+}
+
+}  // namespace halden
