@@ -36,7 +36,8 @@ constexpr std::array<PhasorButton, 5> buttons = {{{"v_only", "V123"},
                                                   {"vxy", "Vxy"},
                                                   {"hide_vxy", "Hide Vxy"}}};
 
-constexpr float margin = 200;
+constexpr float margin = 160;
+constexpr float column_width = 2080;  // of buttons and pairs, left of the diagram
 
 struct Place {
   float left, top, width, height;
@@ -52,12 +53,11 @@ void put(Window& window, std::string_view name, Place place, std::string_view te
   window.add(std::string(name), std::move(control));
 }
 
-// The widths leave room for a label on each side of the outermost circle of labels.
+// The width of a label leaves room for one on each side of the outermost ring of labels.
 void put_diagram(Window& window) {
   constexpr Place marker = {0, 0, 150, 150};
   constexpr Place label = {0, 0, 2500, 280};
-  put(window, "Shape1", {});
-  put(window, "Shape2", {});
+  for (const char* circle : {"Shape1", "Shape2"}) put(window, circle, {});
   for (const PhasorVector& vector : vectors) {
     put(window, vector.line, {});
     if (!vector.marker.empty()) put(window, vector.marker, marker);
@@ -65,16 +65,24 @@ void put_diagram(Window& window) {
   }
 }
 
+void put_buttons(Window& window) {
+  constexpr float pitch = 520;
+  Place place = {margin, margin, column_width, 440};
+  for (const PhasorButton& button : buttons) {
+    put(window, button.name, place, button.caption);
+    place.top += pitch;
+  }
+}
+
 void put_pairs(Window& window) {
-  constexpr float top = 960;
-  constexpr float row = 400;
-  constexpr float group_gap = 240;
-  constexpr float caption_width = 1080;
-  constexpr float value_width = 960;
+  constexpr float top = 3000;
+  constexpr float row = 380;
+  constexpr float group_gap = 200;
+  constexpr float caption_width = 1130;
   for (std::size_t k = 0; k < pairs.size(); ++k) {
     const float y = top + row * static_cast<float>(k) + group_gap * static_cast<float>(k / 3);
     put(window, pairs[k].caption_name, {margin, y, caption_width, row}, pairs[k].caption);
-    put(window, pairs[k].value, {margin + caption_width, y, value_width, row});
+    put(window, pairs[k].value, {margin + caption_width, y, column_width - caption_width, row});
   }
 }
 
@@ -82,10 +90,10 @@ void put_pairs(Window& window) {
 void put_panels(Window& window) {
   constexpr int in_row = 4;
   constexpr float gap = 120;
-  constexpr float top = 6600;
-  constexpr float height = 540;
+  constexpr float top = 7120;
+  constexpr float height = 500;
   constexpr float width = (phasor_page_width - 2 * margin - (in_row - 1) * gap) / in_row;
-  constexpr float caption_width = 1640;
+  constexpr float caption_width = 1750;
   int index = 0;
   for (const Panel& panel : phasor_panels()) {
     const float x = margin + (width + gap) * static_cast<float>(index % in_row);
@@ -93,15 +101,6 @@ void put_panels(Window& window) {
     put(window, panel.label, {x, y, caption_width, height}, panel.caption);
     put(window, panel.value, {x + caption_width, y, width - caption_width, height});
     ++index;
-  }
-}
-
-void put_buttons(Window& window) {
-  constexpr float pitch = 1560;
-  Place place = {3640, margin, 1440, 480};
-  for (const PhasorButton& button : buttons) {
-    put(window, button.name, place, button.caption);
-    place.left += pitch;
   }
 }
 

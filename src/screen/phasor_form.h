@@ -1,8 +1,9 @@
 // The design of the phasor window PhasorForm: the names of what it draws, and where everything stands.
 //
-// The page is designed 12800 x 8000 units of 1/1440 inch and keeps its proportions on the screen, so that
-// circles stay round. Angles between pairs of vectors stand in a column on the left, the diagram with its
-// ring of labels right of it, the buttons above and the unbalance figures below.
+// The page is designed 12800 x 8400 units of 1/1440 inch and keeps its proportions on the screen, so that
+// circles stay round. The buttons and the angles between pairs of vectors stand in a column on the left, the
+// diagram right of it, the unbalance figures below. The diagram is as high as the line voltages of a balanced
+// supply need, which are sqrt(3) times as long as its phase voltages.
 #pragma once
 
 #include <span>
@@ -14,7 +15,13 @@
 namespace halden {
 
 inline constexpr float phasor_page_width = 12800;
-inline constexpr float phasor_page_height = 8000;
+inline constexpr float phasor_page_height = 8400;
+
+// Where the diagram with its labels is drawn.
+inline constexpr float phasor_diagram_left = 2320;
+inline constexpr float phasor_diagram_top = 120;
+inline constexpr float phasor_diagram_width = 10320;
+inline constexpr float phasor_diagram_height = 6880;
 
 // The widest text a vector label shows; labels are wide enough for it.
 inline constexpr std::string_view widest_vector_label = "V12 < 000.0KV, -000.0 >";

@@ -33,6 +33,11 @@ void Window::set_caption(std::string caption) {
   ++revision_;
 }
 
+void Window::show() {
+  ++times_shown_;
+  set_visible(true);
+}
+
 void Window::set_visible(bool visible) {
   visible_ = visible;
   ++revision_;

@@ -52,8 +52,11 @@ class Window {
   void set_caption(std::string caption);
 
   bool visible() const { return visible_; }
-  void show() { set_visible(true); }
+  void show();
   void hide() { set_visible(false); }
+
+  // Counts the calls of show(): a window that is shown again comes to the front.
+  std::uint32_t times_shown() const { return times_shown_; }
 
   // Grows whenever something may have changed, so that a mirror can skip what it has already shown.
   std::uint64_t revision() const { return revision_; }
@@ -70,6 +73,7 @@ class Window {
   std::string name_;
   std::string caption_;
   bool visible_ = false;
+  std::uint32_t times_shown_ = 0;
   std::uint64_t revision_ = 1;
   std::vector<std::pair<std::string, Control>> controls_;
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;

@@ -13,6 +13,7 @@
 #include "app/ui/recording_mark.h"
 #include "app/ui/signal_watch.h"
 #include "app/ui/unattended_dialogs.h"
+#include "live/ui/phasor_form.h"
 #include "platform/qt/core/qt_clock.h"
 #include "platform/qt/core/qt_files.h"
 #include "platform/qt/core/qt_serial_port.h"
@@ -93,6 +94,7 @@ class DesktopProgram {
         outside_(options),
         companion_(outside_.platform(options), start_options(options)),
         main_window_(companion_.screen().meter_rec, events(), look),
+        phasor_form_(companion_.screen().phasor_form, phasor_events(), look),
         notice_(companion_.screen().chkspeed, main_window_, look),
         recording_mark_(new RecordingMark(companion_.screen().chkspeed, theme(look))),
         demo_panel_(outside_.meter, outside_.simulated_port, &main_window_),
@@ -100,6 +102,8 @@ class DesktopProgram {
     outside_.dialogs.set_parent(&main_window_);
     outside_.printer.add_window(companion_.screen().meter_rec.name(),
                                 [this] { return main_window_.paper_image(); });
+    outside_.printer.add_window(companion_.screen().phasor_form.name(),
+                                [this] { return phasor_form_.paper_image(); });
     recording_mark_->setFixedHeight(main_window_.menuBar()->sizeHint().height());
     main_window_.menuBar()->setCornerWidget(recording_mark_);
     connect_mirrors();
@@ -118,11 +122,20 @@ class DesktopProgram {
   QtWorld& world() { return outside_.world; }
 
   MeterRecEvents events() {
-    return {[this](std::string_view control) {
-              world().run_input([this, name = std::string(control)] { companion_.click(name); });
-            },
+    return {[this](std::string_view control) { click(control); },
             [this] { world().run([this] { companion_.main_window_resized(); }); },
             [this] { close_program(); }, [this] { return world().holding(); }};
+  }
+
+  PhasorFormEvents phasor_events() {
+    return {[this](std::string_view control) { click(control); },
+            [this] { world().run([this] { companion_.phasor_form_resized(); }); },
+            [this] { world().run_input([this] { companion_.phasor_form_closed(); }); },
+            [this] { return world().holding(); }};
+  }
+
+  void click(std::string_view control) {
+    world().run_input([this, name = std::string(control)] { companion_.click(name); });
   }
 
   // At once, whatever is going on: by the window's frame or by a signal.
@@ -134,6 +147,7 @@ class DesktopProgram {
   void connect_mirrors() {
     world().add_mirror([this] { companion_.refresh_status_line(); });
     world().add_mirror([this] { main_window_.show_changes(); });
+    world().add_mirror([this] { phasor_form_.show_changes(); });
     world().add_mirror([this] { notice_.show_changes(); });
     world().add_mirror([this] { recording_mark_->show_changes(); });
     world().add_mirror([this] { follow_first_show(); });
@@ -165,6 +179,7 @@ class DesktopProgram {
   Outside outside_;
   Companion companion_;
   MeterRec main_window_;
+  PhasorForm phasor_form_;
   NoticeWindow notice_;
   RecordingMark* recording_mark_;  // owned by the menu bar
   DemoPanel demo_panel_;

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "app/ui/menu_builder.h"
-#include "app/ui/settled_resize.h"
 #include "screen/ui/mirror.h"
+#include "screen/ui/settled_resize.h"
 #include "screen/ui/theme.h"
 
 namespace halden {

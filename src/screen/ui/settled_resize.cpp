@@ -1,4 +1,4 @@
-#include "app/ui/settled_resize.h"
+#include "screen/ui/settled_resize.h"
 
 #include <utility>
 

@@ -1,0 +1,118 @@
+#include "live/ui/phasor_page.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "live/ui/phasor_diagram.h"
+#include "screen/main_window.h"
+#include "screen/ui/fonts.h"
+#include "screen/ui/mirror.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int smallest_text = 10;
+
+// Sizes in design pixels.
+constexpr double button_pixels = 14;
+constexpr double caption_pixels = 15;
+constexpr double pair_pixels = 17;
+constexpr double panel_pixels = 21;
+
+constexpr const char* widest_angle = "-000.0";
+constexpr const char* widest_figure = "000.0KV";
+
+int scaled(double pixels, double scale) {
+  return std::max(static_cast<int>(std::lround(pixels * scale)), smallest_text);
+}
+
+// The place of two neighbours, the first on the left.
+Control place_of_both(const Control& first, const Control& second) {
+  Control place = first;
+  place.width = second.left + second.width - first.left;
+  return place;
+}
+
+}  // namespace
+
+PhasorPage::PhasorPage(Window& window, Mirror& mirror, Click click, const Theme& theme, QWidget* parent)
+    : DesignArea(window, double{phasor_page_width}, double{phasor_page_height}, parent),
+      window_(window),
+      theme_(theme),
+      pairs_{{}, pair_pixels, widest_angle},
+      panels_{{}, panel_pixels, widest_figure} {
+  build_buttons(mirror, click);
+  for (const PhasorPair& pair : phasor_pairs())
+    build_row(pairs_, pair.caption_name, pair.value, Frame::none, mirror);
+  build_diagram(mirror);
+  for (const Panel& panel : phasor_panels())
+    build_row(panels_, panel.label, panel.value, Frame::card, mirror);
+  connect(this, &DesignArea::arranged, this, &PhasorPage::fit_texts);
+}
+
+void PhasorPage::build_buttons(Mirror& mirror, const Click& click) {
+  for (const PhasorButton& designed : phasor_buttons()) {
+    auto* const button = new QPushButton(this);
+    const std::string name(designed.name);
+    button->setObjectName(to_qt(name));
+    mirror.tie(name, *button);
+    connect(button, &QPushButton::clicked, this, [click, name] { click(name); });
+    put(name, *button);
+    buttons_.push_back(button);
+  }
+}
+
+void PhasorPage::build_row(Rows& rows, std::string_view caption, std::string_view value, Frame frame,
+                           Mirror& mirror) {
+  const std::string caption_name(caption), value_name(value);
+  auto* const row = new CaptionRow(to_qt(caption), to_qt(value), frame, theme_, this);
+  const Window& window = window_;
+  const Control place = place_of_both(window[caption_name], window[value_name]);
+  row->set_caption_part(static_cast<double>(window[caption_name].width / place.width));
+  mirror.tie(caption_name, row->caption());
+  mirror.tie(value_name, row->value());
+  mirror.tie(value_name, [row](const Control& now) { row->setVisible(now.visible); });
+  mirror.tie(caption_name, [row](const Control& now) { row->value().setAccessibleName(to_qt(now.text)); });
+  put_at(place, *row);
+  rows.rows.push_back(row);
+}
+
+void PhasorPage::build_diagram(Mirror& mirror) {
+  diagram_ = new PhasorDiagram(window_, theme_, this);
+  Control place;
+  place.left = phasor_diagram_left;
+  place.top = phasor_diagram_top;
+  place.width = phasor_diagram_width;
+  place.height = phasor_diagram_height;
+  put_at(place, *diagram_);
+  for (const char* circle : {"Shape1", "Shape2"})
+    mirror.tie(circle, [this](const Control&) { diagram_->update(); });
+  for (const PhasorVector& vector : phasor_vectors())
+    for (const std::string_view name : {vector.line, vector.marker, vector.label})
+      if (!name.empty()) mirror.tie(std::string(name), [this](const Control&) { diagram_->show_changes(); });
+}
+
+void PhasorPage::fit_texts() {
+  const double scale = width() * double{units_per_pixel} / double{phasor_page_width};
+  for (QPushButton* button : buttons_)
+    button->setFont(with_pixel_size(text_font(), scaled(button_pixels, scale)));
+  fit(pairs_, scale);
+  fit(panels_, scale);
+}
+
+// One size for all captions and one for all values.
+void PhasorPage::fit(Rows& rows, double scale) {
+  int caption = scaled(caption_pixels, scale);
+  int value = scaled(rows.value_pixels, scale);
+  for (CaptionRow* row : rows.rows) {
+    caption = largest_size(text_font(), row->caption().text(), row->caption_room(row->size()), smallest_text,
+                           caption);
+    value = largest_size(reading_font(), QLatin1String(rows.widest_value), row->value_room(row->size()),
+                         smallest_text, value);
+  }
+  for (CaptionRow* row : rows.rows) row->set_text_sizes(caption, value);
+}
+
+}  // namespace halden
