@@ -37,7 +37,7 @@ constexpr std::array<PhasorButton, 5> buttons = {{{"v_only", "V123"},
                                                   {"hide_vxy", "Hide Vxy"}}};
 
 constexpr float margin = 160;
-constexpr float column_width = 2080;  // of buttons and pairs, left of the diagram
+constexpr float column_width = 2040;  // of buttons and pairs, left of the diagram
 
 struct Place {
   float left, top, width, height;
@@ -67,7 +67,7 @@ void put_diagram(Window& window) {
 
 void put_buttons(Window& window) {
   constexpr float pitch = 520;
-  Place place = {margin, margin, column_width, 440};
+  Place place = {margin, phasor_diagram_top, column_width, 440};
   for (const PhasorButton& button : buttons) {
     put(window, button.name, place, button.caption);
     place.top += pitch;

@@ -22,6 +22,8 @@ constexpr double voltage_width = 3.2;
 constexpr double current_width = 1.8;
 constexpr double line_voltage_width = 1.4;
 
+constexpr float circle_opacity = 0.4F;
+
 // A label is kept that far from its point, in 1/1440 inch, so that it does not begin on the vector.
 constexpr float label_padding = 110;
 
@@ -33,6 +35,14 @@ std::array<VectorKind, 3> back_to_front() {
   return {VectorKind::line_voltage, VectorKind::current, VectorKind::voltage};
 }
 
+// Nobody could read either of two labels that share most of their place.
+bool is_covered(const DiagramLabel& label, const DiagramLabel& by) {
+  constexpr double readable_part = 0.6;
+  const QRectF covered = label.place.intersected(by.place);
+  return covered.width() * covered.height() >
+         (1 - readable_part) * label.place.width() * label.place.height();
+}
+
 }  // namespace
 
 PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* parent)
@@ -41,11 +51,13 @@ PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* 
   setAccessibleName(to_qt(window.caption()));
 }
 
-// Assistive technology reads what the labels say.
+// Assistive technology reads what the labels say, and so does who points at the diagram: also of labels that
+// stand behind another one.
 void PhasorDiagram::show_changes() {
   QStringList texts;
   for (const DiagramLabel& label : labels()) texts.append(label.text);
   setAccessibleDescription(texts.join(QStringLiteral("\n")));
+  setToolTip(accessibleDescription());
   update();
 }
 
@@ -93,7 +105,9 @@ void PhasorDiagram::paintEvent(QPaintEvent*) {
 }
 
 void PhasorDiagram::draw_circles(QPainter& painter) const {
-  painter.setPen(QPen(theme_.line, pen_width(1)));
+  QColor quiet = theme_.quiet;
+  quiet.setAlphaF(circle_opacity);
+  painter.setPen(QPen(quiet, pen_width(1)));
   painter.setBrush(Qt::NoBrush);
   const QRectF outer = to_pixels(window_["Shape1"]);
   const QPointF centre = outer.center();
@@ -162,22 +176,30 @@ std::vector<DiagramLabel> PhasorDiagram::labels() const {
   return shown;
 }
 
-// A border of the panel's colour lifts the texts off the lines they stand on.
+// Where a current is in phase with its voltage both labels have the same place; the voltage's is shown there,
+// and the button for the currents alone brings the other one.
 void PhasorDiagram::draw_labels(QPainter& painter) const {
   painter.setFont(label_font());
+  const std::vector<DiagramLabel> all = labels();
+  for (auto label = all.begin(); label != all.end(); ++label)
+    if (std::none_of(all.begin(), label, [&](const DiagramLabel& by) { return is_covered(*label, by); }))
+      draw_label(painter, *label);
+}
+
+// A border of the panel's colour lifts the text off the lines it stands on.
+void PhasorDiagram::draw_label(QPainter& painter, const DiagramLabel& label) const {
   const double halo = pen_width(1.6);
-  for (const DiagramLabel& label : labels()) {
-    const auto draw = [&](const QColor& colour, QPointF by) {
-      painter.setPen(colour);
-      painter.drawText(label.place.translated(by), label.side | Qt::AlignVCenter | Qt::TextDontClip,
-                       label.text);
-    };
-    for (int k = 0; k < directions; ++k) {
-      const double turn = full_turn * k / directions;
-      draw(theme_.panel, QPointF(std::cos(turn), std::sin(turn)) * halo);
-    }
-    draw(label.colour, {});
+  const auto draw = [&](const QColor& colour, QPointF by) {
+    painter.setPen(colour);
+    painter.drawText(label.place.translated(by), label.side | Qt::AlignVCenter | Qt::TextDontClip,
+                     label.text);
+  };
+  constexpr int halo_copies = 8;
+  for (int k = 0; k < halo_copies; ++k) {
+    const double turn = full_turn * k / halo_copies;
+    draw(theme_.panel, QPointF(std::cos(turn), std::sin(turn)) * halo);
   }
+  draw(label.colour, {});
 }
 
 }  // namespace halden

@@ -51,6 +51,7 @@ class PhasorDiagram : public QWidget {
   void draw_lines(QPainter& painter, VectorKind kind) const;
   void draw_markers(QPainter& painter, VectorKind kind) const;
   void draw_labels(QPainter& painter) const;
+  void draw_label(QPainter& painter, const DiagramLabel& label) const;
 
   const Window& window_;
   Theme theme_;

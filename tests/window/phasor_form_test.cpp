@@ -1,0 +1,125 @@
+// The phasor window on the screen: nothing is clipped, and what the user does reaches the logic.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "../platform/qt_events.h"
+#include "live/ui/phasor_diagram.h"
+#include "live/ui/phasor_form.h"
+
+namespace halden {
+
+namespace {
+
+struct PhasorFormTest : testing::Test {
+  PhasorFormTest() {
+    apply_to_application(Look::light);
+    values.show();
+    form.show_changes();
+  }
+
+  PhasorFormEvents events() {
+    return {[this](std::string_view control) { clicks.emplace_back(control); }, [this] { ++resizes; },
+            [this] { ++closes; }, [] { return false; }};
+  }
+
+  QWidget* widget(std::string_view name) { return form.findChild<QWidget*>(to_qt(name)); }
+
+  void expect_fits(std::string_view name, int frame) {
+    const QWidget* const shown = widget(name);
+    ASSERT_NE(shown, nullptr) << name;
+    const QFontMetricsF metrics(shown->font());
+    const QString text = shown->property("text").toString();
+    EXPECT_LE(metrics.horizontalAdvance(text), shown->width() - frame) << name;
+    EXPECT_LE(metrics.tightBoundingRect(text).height(), shown->height()) << name;
+  }
+
+  // Both ways a label can extend from the outermost ring, at the height of the origin.
+  void put_widest_labels() {
+    for (const PhasorVector& vector : phasor_vectors()) {
+      Control& label = values[vector.label];
+      const bool leftward = vector.phase == 1;
+      label.text = widest_vector_label;
+      label.tag = leftward ? right_end_tag : "";
+      label.left = leftward ? 7480 - 2600 - label.width : 7480 + 2600;
+      label.top = 3560;
+    }
+  }
+
+  Window values = make_phasor_form();
+  std::vector<std::string> clicks;
+  int resizes = 0;
+  int closes = 0;
+  PhasorForm form{values, events(), Look::light};
+};
+
+TEST_F(PhasorFormTest, NoTextIsClippedAtAnySize) {
+  constexpr int button_frame = 14;  // line and padding on both sides
+  for (const PhasorPair& pair : phasor_pairs()) values[pair.value].text = "-000.0";
+  for (const Panel& panel : phasor_panels()) values[panel.value].text = "000.0KV";
+  put_widest_labels();
+  form.show_changes();
+  for (const QSize size : {QSize(800, 560), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
+    form.resize(size);
+    QCoreApplication::sendPostedEvents();
+    for (const PhasorButton& button : phasor_buttons()) expect_fits(button.name, button_frame);
+    for (const PhasorPair& pair : phasor_pairs())
+      for (const std::string_view name : {pair.caption_name, pair.value}) expect_fits(name, 0);
+    for (const Panel& panel : phasor_panels())
+      for (const std::string& name : {panel.label, panel.value}) expect_fits(name, 0);
+    const auto* const diagram = form.findChild<PhasorDiagram*>();
+    for (const DiagramLabel& label : diagram->labels()) {
+      EXPECT_TRUE(QRectF(diagram->rect()).contains(label.place)) << size.width();
+      EXPECT_LE(QFontMetricsF(diagram->label_font()).horizontalAdvance(label.text), label.place.width());
+    }
+  }
+}
+
+TEST_F(PhasorFormTest, WhatTheUserDoesReachesTheLogic) {
+  for (const PhasorButton& button : phasor_buttons()) static_cast<QPushButton*>(widget(button.name))->click();
+  form.findChild<QAction*>(QStringLiteral("print_phasor"))->trigger();
+  EXPECT_EQ(clicks,
+            (std::vector<std::string>{"v_only", "i_only", "vi_all", "vxy", "hide_vxy", "print_phasor"}));
+  Q_EMIT form.findChild<QShortcut*>()->activated();  // Escape
+  EXPECT_FALSE(form.close());
+  EXPECT_EQ(closes, 2);
+  EXPECT_TRUE(form.isVisible()) << "only the logic hides it";
+  values.hide();
+  form.show_changes();
+  EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(PhasorFormTest, ValuesHideAndNameWhatIsShown) {
+  values["vxy"].visible = values["VUR_label"].visible = values["VUR_value"].visible = false;
+  values["In_label"].text = "In";
+  values["v1_vector_label"].text = "V1 < 230.1V, 0.0 >";
+  form.show_changes();
+  EXPECT_FALSE(widget("vxy")->isVisible());
+  EXPECT_FALSE(widget("VUR_value")->isVisible());
+  EXPECT_EQ(widget("In_value")->accessibleName(), QStringLiteral("In"));
+  EXPECT_EQ(widget("phasor_diagram")->accessibleDescription(), QStringLiteral("V1 < 230.1V, 0.0 >"));
+  EXPECT_EQ(form.paper_image().deviceIndependentSize().toSize(), form.size());
+}
+
+// The page is 12800 x 8400: in a window that is too wide the diagram is as high as the window lets it, and
+// still 10320 x 6880.
+TEST_F(PhasorFormTest, CirclesStayRound) {
+  for (const QSize size : {QSize(2000, 700), QSize(800, 1400)}) {
+    form.resize(size);
+    QCoreApplication::sendPostedEvents();
+    const QSize diagram = widget("phasor_diagram")->size();
+    EXPECT_NEAR(diagram.width() / 10320.0, diagram.height() / 6880.0, 0.0005);
+  }
+  ASSERT_TRUE(run_events_until([this] { return resizes > 0; }));
+}
+
+}  // namespace
+
+}  // namespace halden
