@@ -94,11 +94,11 @@ void Companion::connect_actions() {
   connect_phasors();
   actions_["reset_kwh"] = [&on] { on.settings.reset_kwh(); };
   actions_["comm_port"] = [&on] { on.port_choice.describe_ports(); };
-  add_exchange("set_ct", [&on] { on.settings.set_ct(); });
-  add_exchange("set_pt", [&on] { on.settings.set_pt(); });
-  add_exchange("set_md", [&on] { on.settings.set_md(); });
-  add_exchange("set_sec", [&on] { on.settings.set_sec(); });
-  add_exchange("set_hz", [&on] { on.settings.set_hz(); });
+  add_setting("set_ct", "CT", &SettingsPanel::set_ct);
+  add_setting("set_pt", "PT", &SettingsPanel::set_pt);
+  add_setting("set_md", "MD", &SettingsPanel::set_md);
+  add_setting("set_sec", "SEC", &SettingsPanel::set_sec);
+  add_setting("set_hz", "HZ", &SettingsPanel::set_hz);
   add_exchange("get_hz", [&on] { on.settings.get_hz(); });
   for (int port = first_port_number; port <= last_port_number; ++port)
     add_exchange(element("port_number", port), [&on, port] { on.port_choice.choose(port); });
@@ -143,6 +143,18 @@ void Companion::add_exchange(const std::string& control, std::function<void()> e
       refresh_status_line();
     });
   };
+}
+
+// The program takes no input for several seconds: the status line says why.
+void Companion::add_setting(const std::string& control, std::string_view caption,
+                            void (SettingsPanel::*send)()) {
+  add_exchange(control, [this, caption, send] {
+    Program& on = *program_;
+    on.status_line.tell_sending(caption);
+    on.status_line.refresh();
+    (on.settings.*send)();
+    on.status_line.tell("");
+  });
 }
 
 void Companion::choose_language(std::int16_t language) {

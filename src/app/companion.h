@@ -16,6 +16,7 @@
 namespace halden {
 
 struct Screen;
+class SettingsPanel;
 class Window;
 struct Program;
 
@@ -65,6 +66,7 @@ class Companion {
   void connect_phasors();
   const Window* window_of(std::string_view control) const;
   void add_exchange(const std::string& control, std::function<void()> exchange);
+  void add_setting(const std::string& control, std::string_view caption, void (SettingsPanel::*send)());
   void choose_language(std::int16_t language);
   void show_language();
   void exit();

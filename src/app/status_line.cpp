@@ -28,6 +28,11 @@ void StatusLine::tell_saved(bool saved) {
                               "無法寫入工作資料夾，此選擇未能保存。");
 }
 
+void StatusLine::tell_sending(std::string_view setting) {
+  hint_ = std::string(in_language("Sending ", "正在傳送 ")) + std::string(setting) +
+          std::string(in_language(" to the meter...", " 至電表…"));
+}
+
 // The tag tells the windows how the link fares: "ok", "lost" or "idle".
 StatusLine::Link StatusLine::link() const {
   switch (platform_.port.state()) {

@@ -37,6 +37,9 @@ class StatusLine {
   // Whether a choice could be kept in the working folder.
   void tell_saved(bool saved);
 
+  // A setting is on its way to the meter.
+  void tell_sending(std::string_view setting);
+
   // A sentence of another part of the program; empty takes the last one away.
   void tell(std::string hint) { hint_ = std::move(hint); }
 

@@ -139,7 +139,9 @@ TEST(SettingsAtMidnight, AWaitBeginsAnewAndNothingIsLost) {
   late.start_on_port(1);  // 11 s
   late.program().screen.meter_rec["ct_value"].text = "12";
   late.click_after(2, "set_ct");
+  late.world.user_closes(3, [&] { EXPECT_EQ(late.text("status_hint"), "Sending CT to the meter..."); });
   late.world.run_for(40);
+  EXPECT_EQ(late.text("status_hint"), "");
   EXPECT_EQ(late.meter.settings().ct_ratio, 12);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -125,8 +126,18 @@ TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(widget(label), &twice);
   }
-  EXPECT_EQ(clicks, (Clicks{"port_number_3", "port_number_12", "comm_port", "get_hz", "Command3D1", "Label1_0",
-                            "Label1_3"}));
+  EXPECT_EQ(clicks, (Clicks{"port_number_3", "port_number_12", "comm_port", "get_hz", "Command3D1",
+                            "Label1_0", "Label1_3"}));
+  auto* const box = static_cast<QLineEdit*>(widget("pt_value"));
+  box->clear();
+  const auto press = [box](int key, const QString& text) {
+    QKeyEvent pressed(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(box, &pressed);
+  };
+  for (const char digit : std::string("123456789012")) press(digit, QString(QLatin1Char(digit)));
+  press(Qt::Key_Return, QStringLiteral("\r"));
+  EXPECT_EQ(clicks.back(), "set_pt") << "Enter sends the setting";
+  EXPECT_EQ(values["pt_value"].text, "1234567890") << "each further character would hold the program up";
   EXPECT_FALSE(rec.close());
   EXPECT_TRUE(rec.isVisible());
   EXPECT_EQ(closes, 1);

@@ -102,6 +102,16 @@ TEST_F(QtDialogsTest, TellingDoesNotWaitAndShowsOneBoxPerText) {
   EXPECT_EQ(notice(full), nullptr);
 }
 
+TEST_F(QtDialogsTest, WhatIsToldBesideAQuestionComesAfterItsAnswer) {
+  when_open<QMessageBox>([this](QMessageBox& box) {
+    for (int time = 0; time < 2; ++time) dialogs_.tell({"disk full", "", Icon::exclamation});
+    EXPECT_EQ(notice(QStringLiteral("disk full")), nullptr);
+    box.button(QMessageBox::Yes)->click();
+  });
+  EXPECT_TRUE(dialogs_.confirm({"Go on?", "", Icon::question}));
+  EXPECT_NE(notice(QStringLiteral("disk full")), nullptr);
+}
+
 TEST_F(QtDialogsTest, InputGivesTheEditedTextOrNothing) {
   for (const bool accepted : {true, false}) {
     when_open<QDialog>([&](QDialog& box) {

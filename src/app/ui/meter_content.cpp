@@ -21,6 +21,9 @@ constexpr double reading_pixels = 17.0;
 constexpr double form_pixels = 14.0;
 constexpr int smallest_text = 11;
 
+// Each character takes the meter half a second.
+constexpr int longest_setting = 10;
+
 constexpr const char* clock_labels = "Label1";
 
 int scaled(double design_pixels, double scale) {
@@ -95,6 +98,8 @@ void MeterContent::build_edit_box(const DesignedControl& designed) {
   field->setObjectName(to_qt(designed.name));
   field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   set_role(*field, Role::edit_box);
+  field->setMaxLength(longest_setting);
+  connect(field, &QLineEdit::returnPressed, this, [this, button = designed.label] { click_(button); });
   mirror_.tie_edit_box(designed.name, *field);
   name_after(designed.label, *field);
   put(designed.name, *field);

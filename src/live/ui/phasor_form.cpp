@@ -94,6 +94,7 @@ void PhasorForm::show_changes() {
   if (window_.revision() == shown_revision_) return;
   shown_revision_ = window_.revision();
   mirror_.show_changes();
+  if (window_.visible()) page_->diagram().show_changes();
   if (windowTitle() != to_qt(window_.caption())) setWindowTitle(to_qt(window_.caption()));
   if (isVisible() != window_.visible()) setVisible(window_.visible());
   if (times_shown_ != window_.times_shown()) come_to_front();

@@ -46,7 +46,7 @@ PhasorPage::PhasorPage(Window& window, Mirror& mirror, Click click, const Theme&
   build_buttons(mirror, click);
   for (const PhasorPair& pair : phasor_pairs())
     build_row(pairs_, pair.caption_name, pair.value, Frame::none, mirror);
-  build_diagram(mirror);
+  build_diagram();
   for (const Panel& panel : phasor_panels())
     build_row(panels_, panel.label, panel.value, Frame::card, mirror);
   connect(this, &DesignArea::arranged, this, &PhasorPage::fit_texts);
@@ -79,7 +79,7 @@ void PhasorPage::build_row(Rows& rows, std::string_view caption, std::string_vie
   rows.rows.push_back(row);
 }
 
-void PhasorPage::build_diagram(Mirror& mirror) {
+void PhasorPage::build_diagram() {
   diagram_ = new PhasorDiagram(window_, theme_, this);
   Control place;
   place.left = phasor_diagram_left;
@@ -87,11 +87,6 @@ void PhasorPage::build_diagram(Mirror& mirror) {
   place.width = phasor_diagram_width;
   place.height = phasor_diagram_height;
   put_at(place, *diagram_);
-  for (const char* circle : {"Shape1", "Shape2"})
-    mirror.tie(circle, [this](const Control&) { diagram_->update(); });
-  for (const PhasorVector& vector : phasor_vectors())
-    for (const std::string_view name : {vector.line, vector.marker, vector.label})
-      if (!name.empty()) mirror.tie(std::string(name), [this](const Control&) { diagram_->show_changes(); });
 }
 
 void PhasorPage::fit_texts() {

@@ -20,7 +20,7 @@ class PhasorPage : public DesignArea {
  public:
   using Click = std::function<void(std::string_view)>;
 
-  // Ties everything to the mirror; `click` learns which button was pressed.
+  // Ties everything but the diagram to the mirror; `click` learns which button was pressed.
   PhasorPage(Window& window, Mirror& mirror, Click click, const Theme& theme, QWidget* parent);
 
   PhasorDiagram& diagram() { return *diagram_; }
@@ -33,7 +33,7 @@ class PhasorPage : public DesignArea {
     const char* widest_value;
   };
 
-  void build_diagram(Mirror& mirror);
+  void build_diagram();
   void build_buttons(Mirror& mirror, const Click& click);
   void build_row(Rows& rows, std::string_view caption, std::string_view value, Frame frame, Mirror& mirror);
   void fit_texts();

@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 #include "platform/program_end.h"
 #include "platform/qt/core/qt_world.h"
@@ -61,6 +63,10 @@ bool QtDialogs::confirm(const Message& question) {
 }
 
 void QtDialogs::tell(const Message& message) {
+  if (waiting_boxes_ > 0) {
+    put_off(message);
+    return;
+  }
   QPointer<QMessageBox>& told = told_[message.text];
   // A box that was closed lives on, unseen, until the event loop deletes it.
   if (world_.ending() || (told && told->isVisible())) return;
@@ -73,6 +79,16 @@ void QtDialogs::tell(const Message& message) {
   box->setStandardButtons(QMessageBox::Ok);
   QObject::connect(&world_, &QtWorld::ended, box, &QWidget::close);
   box->show();
+}
+
+// Beside a box that waits for its answer another one could not be answered.
+void QtDialogs::put_off(const Message& message) {
+  const auto same = [&message](const Message& other) { return other.text == message.text; };
+  if (std::none_of(put_off_.begin(), put_off_.end(), same)) put_off_.push_back(message);
+}
+
+void QtDialogs::tell_what_was_put_off() {
+  for (const Message& message : std::exchange(put_off_, {})) tell(message);
 }
 
 std::string QtDialogs::input(const std::string& prompt, const std::string& title,
@@ -129,8 +145,11 @@ int QtDialogs::wait_for_answer(QDialog& box) {
   world_.refresh();
   world_.end_wait();
   QObject::connect(&world_, &QtWorld::ended, &box, &QDialog::reject);
+  ++waiting_boxes_;
   const int answer = box.exec();
+  --waiting_boxes_;
   if (world_.ending()) throw ProgramEnded{};
+  if (waiting_boxes_ == 0) tell_what_was_put_off();
   return answer;
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 #include <map>
+#include <vector>
 
 #include "platform/dialogs.h"
 
@@ -34,6 +35,8 @@ class QtDialogs : public Dialogs {
  private:
   // What QDialog::exec gives; throws ProgramEnded when the program ends meanwhile.
   int wait_for_answer(QDialog& box);
+  void put_off(const Message& message);
+  void tell_what_was_put_off();
   std::optional<std::string> choose_file(QFileDialog& box, const FileQuestion& question);
   QWidget* owner() const;
   QWidget* visible_parent() const;
@@ -41,6 +44,8 @@ class QtDialogs : public Dialogs {
   QtWorld& world_;
   QPointer<QWidget> parent_;
   std::map<std::string, QPointer<QMessageBox>> told_;
+  int waiting_boxes_ = 0;         // that wait for an answer
+  std::vector<Message> put_off_;  // told meanwhile
   QString folder_;
 };
 
