@@ -57,7 +57,8 @@ void SettingsPanel::set_hz() { send(hz_setting); }
 void SettingsPanel::send(const Setting& setting) {
   polling_.stop_polling();
   waits_.wait_until_quiet();
-  if (setting.check == Setting::Check::even && is_odd(leading_number(box_text(setting.box)))) {
+  const std::string text = std::as_const(window_)[setting.box].text;  // what was checked is what is sent
+  if (setting.check == Setting::Check::even && is_odd(leading_number(text))) {
     platform_.dialogs.message(
         {"Sampling time must be an even number (2, 4, 6, ...), please re-enter !", "", Icon::exclamation});
     polling_.resume_polling(1);
@@ -66,7 +67,7 @@ void SettingsPanel::send(const Setting& setting) {
   platform_.port.send(setting.letter);
   if (setting.after_letter == Yield::yes) let_events_run(platform_.clock);
   waits_.timed_wait(letter_wait_s, Yield::no);
-  send_value(setting);
+  send_value(setting, text);
   platform_.port.send(command_end);
   waits_.timed_wait(end_wait_s, Yield::no);
   query_.query_meter_status();
@@ -74,18 +75,13 @@ void SettingsPanel::send(const Setting& setting) {
   reset_kwh();
 }
 
-void SettingsPanel::send_value(const Setting& setting) {
-  const std::string text = box_text(setting.box);
+void SettingsPanel::send_value(const Setting& setting, const std::string& text) {
   const bool as_typed = setting.value == Setting::Value::characters;
   for (const char character : as_typed ? text : frequency_code(leading_number(text))) {
     platform_.port.send({&character, 1});
     waits_.timed_wait(character_wait_s, Yield::no);
   }
   waits_.timed_wait(setting.extra_wait_s, Yield::no);
-}
-
-const std::string& SettingsPanel::box_text(std::string_view box) const {
-  return std::as_const(window_)[box].text;
 }
 
 void SettingsPanel::get_hz() {

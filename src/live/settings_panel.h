@@ -9,7 +9,7 @@
 // The meter acknowledges nothing; the status read afterwards shows what it holds now.
 #pragma once
 
-#include <string_view>
+#include <string>
 
 #include "link/meter_status.h"
 #include "link/polling.h"
@@ -55,8 +55,7 @@ class SettingsPanel {
 
  private:
   void send(const Setting& setting);
-  void send_value(const Setting& setting);
-  const std::string& box_text(std::string_view box) const;
+  void send_value(const Setting& setting, const std::string& text);
 
   Platform platform_;
   Waits& waits_;

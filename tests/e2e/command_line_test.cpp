@@ -24,7 +24,7 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplay) {
                                                            {"haldenctl", "--version"},
                                                            {"haldenctl", "live", "--help"},
                                                            {"haldenctl", "live", "--version"},
-                                                           {"haldenctl", "status", "-h"},
+                                                           {"haldenctl", "set", "-h"},
                                                            {"haldenctl", "status", "--version"},
                                                            {"halden-meter", "--help"},
                                                            {"halden-meter", "--version"}};
@@ -50,6 +50,9 @@ TEST(CommandLine, WrongUsage) {
       {"haldenctl", "live", "--port", "demo", "--count", "many"},
       {"haldenctl", "live", "--port", "demo", "--format", "xml"},
       {"haldenctl", "status", "--port", "demo", "--count", "1"},
+      {"haldenctl", "set", "--port", "/dev/null"},
+      {"haldenctl", "set", "--port", "/dev/null", "ct=1", "kv=2"},
+      {"haldenctl", "set", "--port", "/dev/null", "ct"},
       {"halden", "--com", "17=/dev/null"},
       {"halden-meter", "--wiring", "4P5W"}};
   for (const auto& mistake : mistakes) {

@@ -39,6 +39,16 @@ TEST(Status, ASilentMeterIsAFailure) {
             "Meter status could not be obtained, please check connections, com port, etc, and try again.\n");
 }
 
+TEST(Set, SendsOneCharacterAtATimeAndPrintsWhatTheMeterHolds) {
+  MeterProcess meter;
+  Process set({"haldenctl", "set", "--port", meter.port(), "ct=7", "--format", "json"});
+  EXPECT_EQ(set.exit_code(2 * patience_s), 0) << set.errors();  // twice the status and a setting take 25 s
+  EXPECT_EQ(set.rest_of_output(), R"({"ct":"7","pt":"1","md":"15","sec":"2","hz":"50"})"
+                                  "\n");
+  const std::string log = meter.command("log");
+  EXPECT_TRUE(std::regex_search(log, std::regex(R"re("\? +C7\\r\? +")re"))) << log;
+}
+
 TEST(Live, PrintsTheWorkedLoad) {
   MeterProcess meter;
   meter.fix_worked_load();
@@ -49,7 +59,7 @@ TEST(Live, PrintsTheWorkedLoad) {
   // -1960 x 2 / 3600 = -1.1, 8565.3 x 2 / 3600 = 4.8 -> 5.
   const std::string energies =
       R"("WH_sys_value":"0.005KWH","VAH_sys_value":"0.005KVAH","VARH_sys_value":"-0.001KVARH",)"
-      R"("PFH_sys_value":"0.97H","W_AD_value":"","VA_AD_value":"","W_MD_value":"------","VA_MD_value":"------"})";
+      R"("PFH_sys_value":"0.97H","W_AD_value":"","VA_AD_value":"","W_MD_value":"------","VA_MD_value":"------",)";
   for (int frame = 0; frame < 3; ++frame) {
     const std::string line = live.read_line().value_or("");
     std::smatch found;
@@ -58,6 +68,7 @@ TEST(Live, PrintsTheWorkedLoad) {
     EXPECT_EQ(values.substr(0, std::string(worked_load_json).size()), worked_load_json);
     if (frame == 0) {
       EXPECT_TRUE(contains(values, energies)) << values;
+      EXPECT_TRUE(contains(values, R"("v2_phasor_angle":"-120.0","i2_phasor_angle":"-133.2")")) << values;
     }
   }
   EXPECT_EQ(live.rest_of_output(), "");

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 #include <array>
 
 #include "../platform/qt_events.h"
@@ -138,6 +139,14 @@ TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
   press(Qt::Key_Return, QStringLiteral("\r"));
   EXPECT_EQ(clicks.back(), "set_pt") << "Enter sends the setting";
   EXPECT_EQ(values["pt_value"].text, "1234567890") << "each further character would hold the program up";
+  rec.refuse_typing();
+  press(Qt::Key_Backspace, {});
+  press(Qt::Key_Return, QStringLiteral("\r"));
+  EXPECT_EQ(std::count(clicks.begin(), clicks.end(), "set_pt"), 1) << "not during a long wait";
+  EXPECT_EQ(values["pt_value"].text, "1234567890");
+  rec.take_typing();
+  press(Qt::Key_Backspace, {});
+  EXPECT_EQ(values["pt_value"].text, "123456789");
   EXPECT_FALSE(rec.close());
   EXPECT_TRUE(rec.isVisible());
   EXPECT_EQ(closes, 1);

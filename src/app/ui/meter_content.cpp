@@ -99,11 +99,14 @@ void MeterContent::build_edit_box(const DesignedControl& designed) {
   field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   set_role(*field, Role::edit_box);
   field->setMaxLength(longest_setting);
-  connect(field, &QLineEdit::returnPressed, this, [this, button = designed.label] { click_(button); });
+  connect(field, &QLineEdit::returnPressed, this, [this, field, button = designed.label] {
+    if (!field->isReadOnly()) click_(button);
+  });
   mirror_.tie_edit_box(designed.name, *field);
   name_after(designed.label, *field);
   put(designed.name, *field);
   form_widgets_.push_back(field);
+  edit_boxes_.push_back(field);
 }
 
 void MeterContent::build_button(const DesignedControl& designed) {
@@ -173,5 +176,9 @@ void MeterContent::fit_texts() {
 }
 
 void MeterContent::set_theme(const Theme& theme) { panels_.set_theme(theme); }
+
+void MeterContent::set_typing(Typing typing) {
+  for (QLineEdit* box : edit_boxes_) box->setReadOnly(typing == Typing::refused);
+}
 
 }  // namespace halden

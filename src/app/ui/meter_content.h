@@ -17,6 +17,9 @@
 
 namespace halden {
 
+// Whether the edit boxes take what is typed.
+enum class Typing { taken, refused };
+
 class MeterContent : public DesignArea {
   Q_OBJECT
 
@@ -24,6 +27,7 @@ class MeterContent : public DesignArea {
   MeterContent(Window& window, Mirror& mirror, Click click, QWidget* parent = nullptr);
 
   void set_theme(const Theme& theme);
+  void set_typing(Typing typing);
 
  protected:
   // A double click on a label of the sample clock.
@@ -54,6 +58,7 @@ class MeterContent : public DesignArea {
   std::vector<QLabel*> titles_;
   std::vector<ReadingField*> readings_;
   std::vector<QWidget*> form_widgets_;  // buttons and edit boxes
+  std::vector<QLineEdit*> edit_boxes_;
 };
 
 }  // namespace halden

@@ -99,6 +99,10 @@ void MeterRec::show_changes() {
   if (isVisible() != window_.visible()) setVisible(window_.visible());
 }
 
+void MeterRec::refuse_typing() { content_->set_typing(Typing::refused); }
+
+void MeterRec::take_typing() { content_->set_typing(Typing::taken); }
+
 // A second window that never reaches the screen, so that the first one keeps its colours.
 QImage MeterRec::paper_image() {
   MeterRec on_paper(window_, {[](std::string_view) {}, [] {}, [] {}}, Look::light);

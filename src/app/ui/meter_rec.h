@@ -34,6 +34,11 @@ class MeterRec : public QMainWindow {
   // Brings the window up to date; cheap when nothing has changed.
   void show_changes();
 
+  // A long wait begins and ends. What is typed meanwhile would be lost when the status is read and fills the
+  // boxes, so they do not take it.
+  void refuse_typing();
+  void take_typing();
+
   // The window as it is printed: in light colours, whatever it shows on the screen.
   QImage paper_image();
 

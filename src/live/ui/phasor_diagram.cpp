@@ -35,14 +35,6 @@ std::array<VectorKind, 3> back_to_front() {
   return {VectorKind::line_voltage, VectorKind::current, VectorKind::voltage};
 }
 
-// Nobody could read either of two labels that share most of their place.
-bool is_covered(const DiagramLabel& label, const DiagramLabel& by) {
-  constexpr double readable_part = 0.6;
-  const QRectF covered = label.place.intersected(by.place);
-  return covered.width() * covered.height() >
-         (1 - readable_part) * label.place.width() * label.place.height();
-}
-
 }  // namespace
 
 PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* parent)
@@ -176,14 +168,13 @@ std::vector<DiagramLabel> PhasorDiagram::labels() const {
   return shown;
 }
 
-// Where a current is in phase with its voltage both labels have the same place; the voltage's is shown there,
-// and the button for the currents alone brings the other one.
+// Every label stands where its vector puts it. Voltages come last: where a current is in phase with its
+// voltage the voltage's label stays readable in front, and the button for the currents alone brings the other
+// one.
 void PhasorDiagram::draw_labels(QPainter& painter) const {
   painter.setFont(label_font());
   const std::vector<DiagramLabel> all = labels();
-  for (auto label = all.begin(); label != all.end(); ++label)
-    if (std::none_of(all.begin(), label, [&](const DiagramLabel& by) { return is_covered(*label, by); }))
-      draw_label(painter, *label);
+  for (auto label = all.rbegin(); label != all.rend(); ++label) draw_label(painter, *label);
 }
 
 // A border of the panel's colour lifts the text off the lines it stands on.
