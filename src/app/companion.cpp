@@ -150,8 +150,10 @@ void Companion::add_setting(const std::string& control, std::string_view caption
                             void (SettingsPanel::*send)()) {
   add_exchange(control, [this, caption, send] {
     Program& on = *program_;
-    on.status_line.tell_sending(caption);
-    on.status_line.refresh();
+    on.settings.on_sending = [&on, caption] {
+      on.status_line.tell_sending(caption);
+      on.status_line.refresh();
+    };
     (on.settings.*send)();
     on.status_line.tell("");
   });

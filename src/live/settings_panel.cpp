@@ -64,6 +64,7 @@ void SettingsPanel::send(const Setting& setting) {
     polling_.resume_polling(1);
     return;
   }
+  on_sending();
   platform_.port.send(setting.letter);
   if (setting.after_letter == Yield::yes) let_events_run(platform_.clock);
   waits_.timed_wait(letter_wait_s, Yield::no);

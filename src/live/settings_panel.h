@@ -9,6 +9,7 @@
 // The meter acknowledges nothing; the status read afterwards shows what it holds now.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "link/meter_status.h"
@@ -45,6 +46,9 @@ class SettingsPanel {
   void set_md();
   void set_sec();
   void set_hz();
+
+  // Called when a setting is about to go out, not when it is refused.
+  std::function<void()> on_sending = [] {};
 
   // "Update Now": reads the status, lays the columns out for the wiring system, and starts energies and
   // demands anew.

@@ -80,6 +80,9 @@ TEST_F(SettingsTest, AnOddIntervalIsRefusedAndNothingElseHappens) {
   journey.world.run_for(10);
   const std::string energy = journey.text("WH_sys_value");
   ASSERT_NE(energy, "0.0");
+  journey.world.dialogs.while_open = [this](const Message&) {
+    EXPECT_EQ(journey.text("status_hint"), "") << "nothing is being sent";
+  };
   for (const char* typed : {"3", "2.6", "3.5x", "-1", "99999999999"}) {
     type("sec_value", typed);
     const double from_s = journey.world.clock.monotonic_s() + 0.0001;
