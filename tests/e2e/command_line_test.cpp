@@ -54,6 +54,11 @@ TEST(CommandLine, WrongUsage) {
       {"haldenctl", "set", "--port", "/dev/null", "ct=1", "kv=2"},
       {"haldenctl", "set", "--port", "/dev/null", "ct"},
       {"halden", "--com", "17=/dev/null"},
+      {"halden", "--com", "1="},
+      {"halden", "--nonsense"},
+      {"halden", "--workdir", "/not/there"},
+      {"halden", "--palette", "green"},
+      {"halden", "--after", "soon"},
       {"halden-meter", "--wiring", "4P5W"}};
   for (const auto& mistake : mistakes) {
     const Ended ended = run_to_end(mistake, no_display);
@@ -105,6 +110,7 @@ TEST(CommandLine, WindowsNeedADisplay) {
   const Ended ended = run_to_end({"halden", "--demo"}, no_display);
   EXPECT_EQ(ended.exit_code, 1);
   EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), 1) << ended.errors;
+  EXPECT_NE(ended.errors.find("haldenctl live"), std::string::npos) << ended.errors;
 }
 
 }  // namespace

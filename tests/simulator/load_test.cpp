@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <numbers>
-#include <stdexcept>
 
 namespace halden {
 namespace {
@@ -34,56 +33,25 @@ TEST(RawUnits, FollowRangeAndLagConvention) {
   }
 }
 
-// A day in steps of 7 seconds: the sizes an electrician expects, power that agrees with voltage, current and
-// lag (rounded raw numbers: 0.05 V x 13 A, 0.1 degrees at 3 kW and 20 degrees, and 0.5 W make up to 3 W), no
-// jumps.
-TEST(Load, IsBelievableAllDay) {
-  const Load load;
-  const MeterSettings settings;
-  for (int phase = 1; phase <= 3; ++phase) {
-    Reading last = load.reading(phase, settings, 0.0);
-    for (double t = 7.0; t < 86400.0; t += 7.0) {
-      const Reading reading = load.reading(phase, settings, t);
-      ASSERT_NEAR(reading.voltage_v, 230.0, 4.0);
-      ASSERT_NEAR(reading.current_a, 9.0, 4.0);
-      ASSERT_NEAR(reading.current_lag_deg, 15.0, 5.0);
-      const RawPhase raw = load.raw(phase, settings, t);
-      const double lag = (raw.q - raw.p) / 1800.0 * std::numbers::pi;
-      ASSERT_NEAR(raw.w, raw.v * raw.i * std::cos(lag) / 10000.0, 3.0) << t;
-      ASSERT_NEAR(reading.voltage_v, last.voltage_v, 0.6) << t;
-      ASSERT_NEAR(reading.current_a, last.current_a, 0.9) << t;
-      last = reading;
-    }
-  }
-}
-
-TEST(Load, DriftsTheSameInEveryRunWithAnglesThatFitTheWiring) {
+// Over a day: the sizes an electrician expects, and power that agrees with voltage, current and lag (rounded
+// raw numbers: 0.05 V x 13 A, 0.1 degrees at 3 kW and 20 degrees, and 0.5 W make up to 3 W).
+TEST(Load, IsBelievableAllDayAndFitsTheWiring) {
   const Load load;
   MeterSettings settings;
+  const int angles[] = {0, 1200, -1200};
+  for (int phase = 1; phase <= 3; ++phase)
+    for (double t = 0.0; t < 86400.0; t += 97.0) {
+      const RawPhase raw = load.raw(phase, settings, t);
+      ASSERT_NEAR(raw.v, 2300, 40);
+      ASSERT_NEAR(raw.i, 9000, 4000);
+      ASSERT_NEAR(raw.p, angles[phase - 1], 5);
+      const double lag = (raw.q - raw.p) / 1800.0 * std::numbers::pi;
+      ASSERT_NEAR(raw.w, raw.v * raw.i * std::cos(lag) / 10000.0, 3.0) << t;
+    }
   EXPECT_NE(load.raw(1, settings, 0.0), load.raw(1, settings, 60.0));
-  EXPECT_NE(load.raw(1, settings, 0.0).v, load.raw(2, settings, 0.0).v);
-  EXPECT_EQ(Load().raw(3, settings, 60.0), load.raw(3, settings, 60.0));
-  EXPECT_EQ(load.raw(1, settings, 500.0).p, 0);
-  EXPECT_NEAR(load.raw(2, settings, 500.0).p, 1200, 5);
-  EXPECT_NEAR(load.raw(3, settings, 500.0).p, -1200, 5);
   settings.wiring = Wiring::w1p3w;
   EXPECT_NEAR(std::abs(load.raw(2, settings, 500.0).p), 1800, 5);
   EXPECT_EQ(load.raw(3, settings, 500.0), RawPhase());
-}
-
-TEST(Load, OverridesHoldUntilFreed) {
-  Load load;
-  const MeterSettings settings;
-  const RawPhase drifting = load.raw(2, settings, 5.0);
-  load.fix(2, {100.0, -120.0, 1.0, 60.0});
-  EXPECT_EQ(load.raw(2, settings, 5.0), (RawPhase{1000, 1000, 50, 1200, -1800 + 3600}));
-  load.fix_raw(2, {1, 2, 3, 4, 5});
-  EXPECT_EQ(load.raw(2, settings, 99.0), (RawPhase{1, 2, 3, 4, 5}));
-  EXPECT_NEAR(load.reading(2, settings, 99.0).current_a, 0.002, 1e-9);
-  load.free();
-  EXPECT_EQ(load.raw(2, settings, 5.0), drifting);
-  EXPECT_THROW(load.fix(0, {}), std::out_of_range);
-  EXPECT_THROW(load.fix_raw(4, {}), std::out_of_range);
 }
 
 }  // namespace

@@ -112,20 +112,6 @@ TEST(Meter, AnswersOnlyWhatItsModeKnows) {
   }
 }
 
-TEST(Meter, RemembersWhatItReceivedAndWhenButNotForEver) {
-  Meter meter;
-  meter.faults().silence = true;
-  meter.receive("C1", 2.5);
-  ASSERT_EQ(meter.log().size(), 2U);
-  EXPECT_EQ(meter.log()[1].byte, '1');
-  EXPECT_EQ(meter.log()[1].time_s, 2.5);
-  for (int i = 0; i < 300; ++i) meter.receive(std::string(1000, ' '), 3.0 + i);
-  meter.receive("?", 400.0);
-  EXPECT_LE(meter.log().size(), 100'000U);
-  EXPECT_GE(meter.log().size(), 90'000U);
-  EXPECT_EQ(meter.log().back().byte, '?');
-}
-
 // 20 ms of latency, then 960 bytes a second. In virtual time the clock jumps to next_output_s: a byte must be
 // there then and not before, also when numbers have grown large.
 TEST(Pacing, TheAnnouncedMomentBringsExactlyOneByte) {
