@@ -264,5 +264,24 @@ TEST(QtClockDate, TheYearOfADateFormatGetsFourDigits) {
     EXPECT_EQ(with_four_digit_year(QLatin1String(format)).toStdString(), expected);
 }
 
+TEST(QtClockDate, AgreesWithTheComputersCalendar) {
+  QtWorld world;
+  const QtClock clock(world);
+  std::time_t before = 0;
+  Date today;
+  std::string text;
+  double seconds = 0;
+  do {  // once more when a second, and perhaps a day, ends in between
+    before = std::time(nullptr);
+    today = clock.today();
+    text = clock.short_date();
+    seconds = clock.seconds_since_midnight();
+  } while (std::time(nullptr) != before);
+  const std::tm local = *std::localtime(&before);
+  EXPECT_EQ(today, (Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}));
+  EXPECT_NE(text.find(std::to_string(local.tm_year + 1900)), std::string::npos) << text;
+  EXPECT_NEAR(seconds, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec, 1.0);
+}
+
 }  // namespace
 }  // namespace halden
