@@ -112,7 +112,7 @@ void Companion::connect_actions() {
 
 void Companion::connect_recording() {
   Program& on = *program_;
-  actions_["FileName"] = [&on] { on.recording.create_data_file(); };
+  actions_["FileName"] = [&on] { on.status_line.tell(on.recording.create_data_file()); };
   actions_["auto_record"] = [&on] { on.recording.start_automatic(); };
   actions_["manual_record"] = [&on] { on.recording.start_manual(); };
   actions_["record_button"] = [&on] { on.recording.record_once(); };
@@ -179,8 +179,10 @@ void Companion::show_language() {
 
 void Companion::exit() {
   Program& on = *program_;
-  if (on.recording.runs()) on.recording.end_recording();
-  on.recording.rescue_waiting();
+  if (on.recording.runs())
+    on.recording.end_recording();
+  else
+    on.recording.settle_waiting();
   on.platform.shell.end_program();
 }
 

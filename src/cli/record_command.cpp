@@ -51,6 +51,7 @@ void RecordRun::start() {
     terminal_.failed("The meter is in harmonics mode: press its POWER button and try again.");
     return;
   }
+  for (const std::string& path : program_.rescue.found()) terminal_.note(rescued_sentence(path, english));
   set_sampling_time(options_.sample_s, program_.sample_clock, program_.screen.meter_rec);
   program_.recording.begin_data_file(options_.file);
   if (program_.recording.file().failure() != FileFailure::none) {

@@ -34,6 +34,10 @@ void DataFile::append_line(std::string_view line) {
   write_waiting();
 }
 
+void DataFile::end() {
+  if (lines_waiting_ == 0) header_waits_ = false;
+}
+
 bool DataFile::write_waiting() {
   if (!header_waits_ && lines_waiting_ == 0) return true;
   failure_ = append_waiting(path_, header_waits_ ? Header::always : Header::in_empty_file);

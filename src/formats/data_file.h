@@ -24,6 +24,9 @@ class DataFile {
   // Adds one line, without its line end, and tries to write all that waits.
   void append_line(std::string_view line);
 
+  // No more lines come. Header lines that still wait are forgotten unless a line follows them.
+  void end();
+
   // Tries again. Whether nothing waits any more.
   bool write_waiting();
 

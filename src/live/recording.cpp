@@ -45,13 +45,14 @@ Recording::Recording(const Platform& platform, RecordingSources sources, SampleC
       rescue_(rescue),
       file_(platform.files) {}
 
-void Recording::create_data_file() {
-  settle_waiting();
+std::string Recording::create_data_file() {
+  std::string elsewhere = settle_waiting();
   const std::optional<std::string> chosen = platform_.dialogs.save_file(file_question(kind_of_view()));
   if (!chosen || chosen->empty())
     no_file_chosen();
   else if (may_append_to(*chosen))
     begin_data_file(*chosen);
+  return elsewhere;
 }
 
 void Recording::begin_data_file(const std::string& path) {
@@ -67,6 +68,7 @@ void Recording::begin_data_file(const std::string& path) {
 
 void Recording::no_file_chosen() {
   data_file_name.clear();
+  file_.end();
   window_["FileName"].text = create_caption(from_.link.language);
   data_file_ready = 0;
   window_["FileStart"].enabled = false;
@@ -140,7 +142,7 @@ void Recording::record_once() { record_pending = 1; }
 void Recording::set_recording_notice(std::int16_t flag) {
   if (flag == 1) {
     notice_.set_caption("");
-    notice_["Text1"].text = "Recording (" + std::as_const(window_)[sample_clock_label].text + ")";
+    notice_["Text1"].text = "Recording (" + sampling_instant() + ")";
     notice_["Text1"].enabled = false;
     notice_.show();
   } else {
@@ -156,8 +158,8 @@ RecordingState Recording::state() const {
   return data_file_ready == 1 ? RecordingState::file_ready : RecordingState::no_file;
 }
 
-bool Recording::new_sampling_instant() const {
-  return std::as_const(window_)[sample_clock_label].text != from_.last_sample_time;
+const std::string& Recording::sampling_instant() const {
+  return std::as_const(window_)[sample_clock_label].text;
 }
 
 void Recording::recording_step() {
@@ -165,8 +167,8 @@ void Recording::recording_step() {
     if (!std::as_const(window_)["FileName"].enabled) window_["FileName"].enabled = true;
     return;
   }
-  if (!runs() || std::as_const(window_)[sample_clock_label].text == no_sampling_instant) return;
-  if (manual_recording != 1 && new_sampling_instant()) record_pending = 1;
+  if (!runs() || sampling_instant() == no_sampling_instant) return;
+  if (manual_recording != 1 && sampling_instant() != from_.last_sample_time) record_pending = 1;
   if (record_pending != 1) return;
   save_sys_data();
   file_.append_line(data_record);
@@ -179,7 +181,7 @@ void Recording::save_sys_data() {
 }
 
 void Recording::no_communication_step() {
-  const std::string& time = std::as_const(window_)[sample_clock_label].text;
+  const std::string& time = sampling_instant();
   if (!runs() || time == last_lost_time_) return;
   file_.append_line(no_communication_line(platform_.clock.today(), time));
   last_lost_time_ = time;
@@ -192,23 +194,26 @@ std::string Recording::end_recording() {
   window_["FileName"].enabled = true;
   window_["record_button"].visible = false;
   set_recording_notice(0);
+  file_.end();
   return settle_waiting();
 }
 
 std::string Recording::settle_waiting() {
   const std::int16_t language = from_.link.language;
-  while (!file_.write_waiting() && file_.lines_waiting() > 0) {
-    if (!platform_.dialogs.confirm(question_for_another_file(file_, language))) {
-      const std::optional<std::string> path = rescue_.save(file_, kind_);
-      return path ? rescued_sentence(*path, language) : std::string();
+  while (file_.lines_waiting() > 0 && !file_.write_waiting()) {
+    if (platform_.dialogs.confirm(question_for_another_file(file_, language))) {
+      if (const auto other = platform_.dialogs.save_file(file_question(kind_)))
+        file_.write_waiting_to(*other);
+    } else {
+      if (const auto path = rescue_.save(file_, kind_)) return rescued_sentence(*path, language);
+      if (!platform_.dialogs.confirm(question_before_giving_up(file_, language))) break;
     }
-    if (const auto other = platform_.dialogs.save_file(file_question(kind_))) file_.write_waiting_to(*other);
   }
   return {};
 }
 
 void Recording::rescue_waiting() {
-  if (!file_.write_waiting() && file_.lines_waiting() > 0) rescue_.save(file_, kind_);
+  if (file_.lines_waiting() > 0 && !file_.write_waiting()) rescue_.save(file_, kind_);
 }
 
 }  // namespace halden

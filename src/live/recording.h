@@ -38,14 +38,13 @@ class Recording {
   Recording(const Platform& platform, RecordingSources sources, SampleClock& sample_clock, Screen& screen,
             Rescue& rescue);
 
-  // The user's actions.
-  void create_data_file();
+  // The user's actions. Creating and ending say where the lines lie that could not be written to their data
+  // file; empty when there are none.
+  std::string create_data_file();
   void begin_data_file(const std::string& path);  // the same once the file is chosen
   void start_automatic();
   void start_manual();
   void record_once();
-
-  // Where the lines lie that could not be written to the data file; empty when there are none.
   std::string end_recording();
 
   // After each completed live reading. The caller updates last_sample_time afterwards.
@@ -62,6 +61,10 @@ class Recording {
 
   // 1 shows the recording notice, 0 hides it.
   void set_recording_notice(std::int16_t flag);
+
+  // Asks where the lines shall go that still wait, until they are written or the user gives them up. Where
+  // they lie when that is no file of the user's choice.
+  std::string settle_waiting();
 
   // The program ends at once: what still waits goes to the rescue file.
   void rescue_waiting();
@@ -90,8 +93,7 @@ class Recording {
   void raise_short_sampling_time();
   std::string header();
   void start(std::int16_t manual);
-  bool new_sampling_instant() const;
-  std::string settle_waiting();
+  const std::string& sampling_instant() const;
 
   Platform platform_;
   RecordingSources from_;

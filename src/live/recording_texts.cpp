@@ -74,6 +74,18 @@ Message question_for_another_file(const DataFile& file, std::int16_t language) {
           "End Recording", Icon::exclamation};
 }
 
+Message question_before_giving_up(const DataFile& file, std::int16_t language) {
+  const std::string count = std::to_string(file.lines_waiting());
+  if (language == chinese)
+    return {count + " 行記錄也無法保存到工作資料夾或暫存資料夾，放棄即會遺失。\n\n是否再試一次？", "停止記錄",
+            Icon::exclamation};
+  const char* const lines = file.lines_waiting() == 1 ? " recorded line" : " recorded lines";
+  return {count + lines +
+              " could not be kept in the working folder or the temporary folder either, and will be lost."
+              "\n\nTry again?",
+          "End Recording", Icon::exclamation};
+}
+
 std::string rescued_sentence(const std::string& path, std::int16_t language) {
   if (language == chinese) return "未寫入的記錄保存於 " + path;
   return "Recorded lines that could not be written are kept in " + path;

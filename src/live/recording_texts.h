@@ -21,6 +21,10 @@ std::string write_failure_text(FileFailure failure, std::int16_t language);
 // Whether the lines that wait shall go to another file.
 Message question_for_another_file(const DataFile& file, std::int16_t language);
 
+// Whether to try again once the rescue files cannot be written either; giving up loses the lines with the
+// program or the next data file.
+Message question_before_giving_up(const DataFile& file, std::int16_t language);
+
 // Where lines are that were written to no file of the user's choice.
 std::string rescued_sentence(const std::string& path, std::int16_t language);
 

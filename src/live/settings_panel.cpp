@@ -44,6 +44,14 @@ std::string frequency_code(double hz) {
   return hz == 60 ? "2" : "0";
 }
 
+// The bytes of the first character of a text in UTF-8 that is not empty.
+std::string_view first_character(std::string_view text) {
+  const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  std::size_t length = 1;
+  while (length < text.size() && continues(text[length])) ++length;
+  return text.substr(0, length);
+}
+
 bool is_odd(double number) { return std::fmod(round_half_even(number), 2.0) != 0; }
 
 }  // namespace
@@ -57,7 +65,7 @@ void SettingsPanel::set_hz() { send(hz_setting); }
 void SettingsPanel::send(const Setting& setting) {
   polling_.stop_polling();
   waits_.wait_until_quiet();
-  const std::string text = std::as_const(window_)[setting.box].text;  // what was checked is what is sent
+  const std::string& text = std::as_const(window_)[setting.box].text;
   if (setting.check == Setting::Check::even && is_odd(leading_number(text))) {
     platform_.dialogs.message(
         {"Sampling time must be an even number (2, 4, 6, ...), please re-enter !", "", Icon::exclamation});
@@ -78,9 +86,12 @@ void SettingsPanel::send(const Setting& setting) {
 
 void SettingsPanel::send_value(const Setting& setting, const std::string& text) {
   const bool as_typed = setting.value == Setting::Value::characters;
-  for (const char character : as_typed ? text : frequency_code(leading_number(text))) {
-    platform_.port.send({&character, 1});
+  const std::string value = as_typed ? text : frequency_code(leading_number(text));
+  for (std::string_view rest = value; !rest.empty();) {
+    const std::string_view character = first_character(rest);
+    platform_.port.send(character);
     waits_.timed_wait(character_wait_s, Yield::no);
+    rest.remove_prefix(character.size());
   }
   waits_.timed_wait(setting.extra_wait_s, Yield::no);
 }

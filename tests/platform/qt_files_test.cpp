@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -62,6 +63,24 @@ TEST_F(QtFilesTest, AppendsReplacesMeasuresAndRemovesUnderAnyName) {
     for (int time = 0; time < 2; ++time) EXPECT_EQ(files_.remove(file), FileFailure::none) << name;
     EXPECT_FALSE(files_.exists(file)) << name;
   }
+}
+
+TEST_F(QtFilesTest, OnlyWhatIsNotThereIsNotFound) {
+  QDir(folder_.path()).mkdir(QStringLiteral("closed"));
+  ASSERT_EQ(files_.append(path("closed/file"), "x"), FileFailure::none);
+  ASSERT_EQ(files_.append(path("file"), "x"), FileFailure::none);
+  ASSERT_EQ(chmod(path("closed").c_str(), 0), 0);
+  ASSERT_EQ(chmod(folder_.path().toStdString().c_str(), 0755), 0);
+  ASSERT_EQ(symlink("loop", path("loop").c_str()), 0);
+  const auto reading = [this](const std::string& path) {
+    return run_unprivileged([&] { return files_.read(path, 0, 1).failure; });
+  };
+  EXPECT_EQ(reading(path("missing")), FileFailure::not_found);
+  EXPECT_EQ(reading(path("file")), FileFailure::none);
+  EXPECT_EQ(reading(path("closed/file")), FileFailure::forbidden);
+  for (const std::string& unreadable : {path("loop"), path(std::string(300, 'n').c_str())})
+    EXPECT_NE(reading(unreadable), FileFailure::not_found) << unreadable;
+  ASSERT_EQ(chmod(path("closed").c_str(), 0755), 0);
 }
 
 TEST_F(QtFilesTest, ReadsPieces) {

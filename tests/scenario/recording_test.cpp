@@ -328,6 +328,44 @@ TEST_F(RecordingTest, ExitAsksAndADeclinedQuestionKeepsTheLinesAllTheSame) {
   EXPECT_EQ(records("work/halden-rescued-power.csv").size(), 1u);
 }
 
+// Neither the user nor a rescue file takes them: they stay until they are given up knowingly.
+TEST_F(RecordingTest, LinesThatCanBeKeptNowhereAreAskedForAgain) {
+  record_automatically();
+  journey.world.run_for(1.9);
+  journey.world.files.write_failure = FileFailure::disk_full;
+  journey.world.run_for(2);
+  dialogs().confirm_answers = {false, true, false, false};
+  click("FileStop");
+  ASSERT_EQ(dialogs().questions.size(), 4u);
+  EXPECT_EQ(
+      dialogs().questions[1].text,
+      "1 recorded line could not be kept in the working folder or the temporary folder either, and will "
+      "be lost.\n\nTry again?");
+  EXPECT_EQ(status(), "not recording, 1 waiting (disk full)");
+  dialogs().confirm_answers = {false, true, false};
+  journey.world.dialogs.while_open = [this](const Message& question) {
+    if (question.text.ends_with("Try again?")) journey.world.files.write_failure = FileFailure::none;
+  };
+  click("quit");
+  EXPECT_TRUE(journey.world.ended());
+  EXPECT_EQ(dialogs().questions.size(), 6u) << "the second try wrote it";
+  EXPECT_EQ(records().size(), 2u);
+}
+
+TEST_F(RecordingTest, AFileThatWasGivenUpIsNotWrittenAnyMore) {
+  start();
+  journey.world.files.write_failure = FileFailure::forbidden;
+  create("d/a.csv");
+  click("FileName");  // cancelled
+  create("d/b.csv");
+  click("auto_record");
+  click("FileStop");
+  journey.world.files.write_failure = FileFailure::none;
+  click("quit");
+  for (const char* path : {"d/a.csv", "d/b.csv"}) EXPECT_FALSE(journey.world.files.exists(path)) << path;
+  EXPECT_TRUE(dialogs().questions.empty());
+}
+
 // Closing by the frame asks nothing; the next starts say where the lines lie as long as they lie there.
 TEST_F(RecordingTest, ClosingByTheFrameRescuesWhatWaits) {
   for (const bool work_folder_fails : {false, true}) {

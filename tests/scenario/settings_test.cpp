@@ -54,6 +54,7 @@ TEST_F(SettingsTest, EveryCharacterWaitsForItsTurn) {
       {"set_ct", "ct_value", "", "C@0.0 CR@2.2 ?@6.4  @12.4"},
       {"set_pt", "pt_value", "7", "V@0.0 7@2.0 CR@2.5 ?@6.7  @12.7"},
       {"set_md", "md_value", "015", "M@0.0 0@2.0 1@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
+      {"set_md", "md_value", "４", "M@0.0 \xEF@2.0 \xBC@2.0 \x94@2.0 CR@2.5 ?@6.7  @12.7"},
       {"set_sec", "sec_value", "4", "S@0.0 4@2.0 CR@2.5 ?@6.7  @12.7"},
       {"set_sec", "sec_value", "2.5", "S@0.0 2@2.0 .@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
       {"set_sec", "sec_value", "", "S@0.0 CR@2.0 ?@6.2  @12.2"},

@@ -52,8 +52,9 @@ int first_port(const DesktopOptions& options) {
 }
 
 StartOptions start_options(const DesktopOptions& options) {
-  return {options.work_folder, from_qt(QCoreApplication::applicationDirPath()), from_qt(QDir::tempPath()),
-          first_port(options)};
+  // In full: the folder of rescued lines is told to the user.
+  return {from_qt(QDir(to_qt(options.work_folder)).absolutePath()),
+          from_qt(QCoreApplication::applicationDirPath()), from_qt(QDir::tempPath()), first_port(options)};
 }
 
 // What the outside world offers.

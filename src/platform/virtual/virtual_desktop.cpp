@@ -25,6 +25,7 @@ void VirtualDialogs::message(const Message& message) {
 
 bool VirtualDialogs::confirm(const Message& question) {
   questions.push_back(question);
+  if (while_open) while_open(question);
   return take(confirm_answers).value_or(false);
 }
 

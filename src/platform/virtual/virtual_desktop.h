@@ -37,7 +37,7 @@ class VirtualDialogs : public Dialogs {
   // Called when a box has been answered; ends the handler when the program has ended meanwhile.
   std::function<void()> after_answer;
 
-  // Runs while a message is on the screen, before it is answered.
+  // Runs while a message or a question is on the screen, before it is answered.
   std::function<void(const Message&)> while_open;
 
   // The texts of all messages, for comparing in one line.

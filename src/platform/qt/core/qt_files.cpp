@@ -6,14 +6,24 @@
 #include <QSaveFile>
 #include <QString>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace halden {
 
 namespace {
 
+// Qt also finds a file missing that it may not look at.
+bool is_missing(const QFileInfo& info) {
+  std::error_code why;
+  const std::filesystem::path path(info.filePath().toStdU16String());
+  return std::filesystem::status(path, why).type() == std::filesystem::file_type::not_found;
+}
+
 // Qt keeps no cause of a failed open; these questions find it out afterwards.
 FileFailure cause_of_failed_read(const QFileInfo& info) {
-  if (!info.exists()) return FileFailure::not_found;
+  if (is_missing(info)) return FileFailure::not_found;
+  if (!info.exists()) return FileFailure::forbidden;
   return info.isFile() && !info.isReadable() ? FileFailure::forbidden : FileFailure::failed;
 }
 
