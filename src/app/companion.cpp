@@ -10,6 +10,7 @@
 #include "platform/printer.h"
 #include "platform/shell.h"
 #include "screen/captions.h"
+#include "screen/print_failure.h"
 
 namespace halden {
 
@@ -132,7 +133,11 @@ void Companion::connect_phasors() {
   actions_["vi_all"] = [&on] { on.phasors.vi_all(); };
   actions_["vxy"] = [&on] { on.phasors.vxy(); };
   actions_["hide_vxy"] = [&on] { on.phasors.hide_vxy(); };
-  actions_["print_phasor"] = [&on] { on.status_line.tell(on.phasors.print()); };
+  actions_["print_phasor"] = [&on] {
+    Control& hint = on.screen.phasor_form["status_hint"];
+    hint.text.clear();  // the picture shows none
+    hint.text = print_failure_sentence(on.phasors.print(), on.link.language);
+  };
 }
 
 // An action that talks to the meter: never while another one does.
@@ -190,7 +195,7 @@ void Companion::print_main_window() {
   Printer& printer = program_->platform.printer;
   printer.set_orientation(Orientation::landscape);
   printer.print_window(program_->screen.meter_rec.name());
-  program_->status_line.tell(printer.finish());
+  program_->status_line.tell(print_failure_sentence(printer.finish(), program_->link.language));
 }
 
 }  // namespace halden

@@ -38,7 +38,7 @@ class NoPrinter : public Printer {
   void print_line(double, double, const std::string&) override {}
   void new_page() override {}
   void print_window(const std::string&) override {}
-  std::string finish() override { return "There is no printer."; }
+  PrintFailure finish() override { return PrintFailure::no_printer; }
 };
 
 class SilentShell : public Shell {

@@ -23,6 +23,7 @@ PortTable port_table(const PortArgument& port) {
 
 StartOptions start_options(const PortArgument& port) {
   StartOptions options;
+  options.work_folder = QDir::currentPath().toStdString();
   options.temporary_folder = QDir::tempPath().toStdString();
   options.first_port = port.number;
   return options;

@@ -125,7 +125,7 @@ void PhasorWindow::vxy() {
 
 void PhasorWindow::hide_vxy() { show(line_vectors(), 0); }
 
-std::string PhasorWindow::print() {
+PrintFailure PhasorWindow::print() {
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(form_.name());
   return platform_.printer.finish();

@@ -9,6 +9,7 @@
 #include "live/phasor_geometry.h"
 #include "live/phasors.h"
 #include "platform/platform.h"
+#include "platform/printer.h"
 #include "screen/main_window.h"
 #include "screen/phasor_form.h"
 
@@ -42,8 +43,8 @@ class PhasorWindow {
   void vxy();
   void hide_vxy();
 
-  // Prints an image of the window in landscape; empty, or why it could not be printed.
-  std::string print();
+  // Prints an image of the window in landscape.
+  PrintFailure print();
 
  private:
   using Vectors = std::span<const PhasorVector, phase_count>;

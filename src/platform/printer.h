@@ -18,6 +18,8 @@ struct PageSize {
   double height = 0.0;
 };
 
+enum class PrintFailure { none, no_printer, failed };
+
 class Printer {
  public:
   virtual ~Printer() = default;
@@ -35,9 +37,8 @@ class Printer {
   // An image of a window by its name ("MeterRec"), as wide as the page allows.
   virtual void print_window(const std::string& window_name) = 0;
 
-  // Sends what was printed and starts a new document. Empty when it went well, otherwise one sentence for the
-  // user.
-  virtual std::string finish() = 0;
+  // Sends what was printed and starts a new document.
+  virtual PrintFailure finish() = 0;
 };
 
 }  // namespace halden

@@ -131,6 +131,7 @@ Window make_phasor_form() {
   put_panels(window);
   put(window, "Text1", {});
   window["Text1"].visible = false;
+  put(window, "status_hint", {});
   return window;
 }
 

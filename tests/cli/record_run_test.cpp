@@ -76,8 +76,11 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
   run_for(4);
   EXPECT_EQ(terminal.notes, std::vector<std::string>{"recording: 1 line, 1 waiting (disk full)"});
   run->finish();
-  EXPECT_EQ(terminal.ended,
-            "Recorded lines that could not be written are kept in work/halden-rescued-power.csv");
+  const std::string where =
+      "Recorded lines that could not be written are kept in work/halden-rescued-power.csv";
+  EXPECT_EQ(terminal.ended, where);
+  RecordRun(journey.program(), {}, terminal).start();
+  EXPECT_EQ(terminal.notes.back(), where) << "as long as the file lies there";
 }
 
 TEST_F(RecordRuns, AMeterInHarmonicsModeIsRefused) {

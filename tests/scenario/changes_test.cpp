@@ -154,7 +154,7 @@ TEST_F(Changes, PrintSendsAnImageOfTheMainWindowAndTellsWhenItCouldNot) {
   ASSERT_EQ(journey.world.printer.documents.size(), 1u);
   ASSERT_EQ(journey.world.printer.documents[0].size(), 1u);
   EXPECT_EQ(journey.world.printer.documents[0][0].windows, Texts{"MeterRec"});
-  journey.world.printer.failure = "No printer is set up on this computer.";
+  journey.world.printer.failure = PrintFailure::no_printer;
   journey.companion->click("Command3D1");
   EXPECT_EQ(journey.world.printer.documents.size(), 1u);
   EXPECT_EQ(journey.text("status_hint"), "No printer is set up on this computer.");

@@ -147,6 +147,12 @@ TEST_F(PhasorTest, OpensOnlyInPowerModeAndPrintsInLandscape) {
   ASSERT_EQ(journey.world.printer.documents.size(), 1u);
   EXPECT_EQ(journey.world.printer.documents[0][0].orientation, Orientation::landscape);
   EXPECT_EQ(journey.world.printer.documents[0][0].windows, Texts{"PhasorForm"});
+  journey.world.printer.failure = PrintFailure::failed;
+  journey.companion->click("print_phasor");
+  EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
+  journey.world.printer.failure = PrintFailure::none;
+  journey.companion->click("print_phasor");
+  EXPECT_EQ(form()["status_hint"].text, "");
   journey.companion->phasor_form_closed();
   journey.program().status.meter_mode = harmonics_mode;
   journey.companion->click("phasor_button");

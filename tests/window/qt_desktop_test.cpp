@@ -220,7 +220,7 @@ class QtPrinterTest : public testing::Test {
   QtPrinterTest() { printer_.set_output_pdf(pdf_); }
 
   void expect_printed(int pages, int images) {
-    EXPECT_EQ(printer_.finish(), "");
+    EXPECT_EQ(printer_.finish(), PrintFailure::none);
     QFile file(pdf_);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray pdf = file.readAll();
@@ -272,7 +272,7 @@ TEST_F(QtPrinterTest, PrintsTheImageOfAWindow) {
   expect_printed(1, 1);
   for (const char* name : {"Empty", "no such window"}) {
     printer_.print_window(name);
-    EXPECT_EQ(printer_.finish(), "The document could not be printed.") << name;
+    EXPECT_EQ(printer_.finish(), PrintFailure::failed) << name;
   }
 }
 
@@ -281,7 +281,7 @@ TEST_F(QtPrinterTest, AFailureIsToldOnceAndTheNextDocumentIsPrinted) {
   printer_.print_line(0, 0, "lost");
   printer_.new_page();
   printer_.print_line(0, 0, "lost");
-  EXPECT_EQ(printer_.finish(), "The document could not be printed.");
+  EXPECT_EQ(printer_.finish(), PrintFailure::failed);
   printer_.set_output_pdf(pdf_);
   printer_.print_line(0, 0, "printed");
   expect_printed(1, 0);
@@ -292,8 +292,8 @@ TEST_F(QtPrinterTest, WithoutAPrinterASentenceSaysSo) {
   printer_.set_output_pdf({});
   printer_.print_line(600, 600, "line");
   EXPECT_GT(printer_.page_size().width, 0);
-  EXPECT_EQ(printer_.finish(), "No printer is set up on this computer.");
-  EXPECT_EQ(printer_.finish(), "");
+  EXPECT_EQ(printer_.finish(), PrintFailure::no_printer);
+  EXPECT_EQ(printer_.finish(), PrintFailure::none);
 }
 
 TEST(QtShell, OpensExistingFilesOnlyAndEndsTheProgram) {

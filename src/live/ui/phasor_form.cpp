@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPixmap>
 #include <QScreen>
@@ -20,6 +21,8 @@ namespace {
 constexpr QSize smallest_size(800, 560);
 constexpr QSize start_size(1100, 760);
 constexpr int menu_pixels = 14;
+constexpr int hint_width = 420;
+constexpr int hint_margin = 16;
 
 // Keeps its child as large as its proportions allow, in the middle.
 class KeptProportions : public QWidget {
@@ -67,6 +70,19 @@ void PhasorForm::build_menu_bar() {
   print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
   mirror_.tie("print_phasor", *print);
   connect(print, &QAction::triggered, this, [this] { events_.click("print_phasor"); });
+  build_hint();
+}
+
+void PhasorForm::build_hint() {
+  auto* const hint = new QLabel(menuBar());
+  hint->setObjectName(QStringLiteral("status_hint"));
+  hint->setFont(menuBar()->font());
+  hint->setTextFormat(Qt::PlainText);
+  hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  hint->setFixedSize(hint_width, menuBar()->sizeHint().height());
+  hint->setContentsMargins(0, 0, hint_margin, 0);
+  menuBar()->setCornerWidget(hint);
+  mirror_.tie("status_hint", [hint](const Control& now) { hint->setText(to_qt(now.text)); });
 }
 
 void PhasorForm::build_page(const Theme& theme) {

@@ -44,6 +44,7 @@ class PhasorForm : public QMainWindow {
 
  private:
   void build_menu_bar();
+  void build_hint();  // why a print failed, at the end of the menu bar
   void build_page(const Theme& theme);
   void build_shortcuts();
   void dress(Look look);

@@ -75,9 +75,9 @@ void VirtualPrinter::print_line(double left, double top, const std::string& text
 
 void VirtualPrinter::print_window(const std::string& window_name) { page().windows.push_back(window_name); }
 
-std::string VirtualPrinter::finish() {
+PrintFailure VirtualPrinter::finish() {
   std::vector<PrintedPage> document = std::exchange(pages_, {});
-  if (failure.empty() && !document.empty()) documents.push_back(std::move(document));
+  if (failure == PrintFailure::none && !document.empty()) documents.push_back(std::move(document));
   return failure;
 }
 

@@ -68,10 +68,10 @@ class VirtualPrinter : public Printer {
   void print_line(double left, double top, const std::string& text) override;
   void new_page() override { pages_.push_back({orientation_, {}, {}}); }
   void print_window(const std::string& window_name) override;
-  std::string finish() override;
+  PrintFailure finish() override;
 
   std::vector<std::vector<PrintedPage>> documents;  // finished ones
-  std::string failure;                              // what finish() says; nothing is printed then
+  PrintFailure failure = PrintFailure::none;        // what finish() says; nothing is printed then
 
  private:
   PrintedPage& page();

@@ -11,8 +11,7 @@ namespace {
 constexpr double units_per_inch = 1440.0;
 constexpr double units_per_point = 20.0;
 
-constexpr const char* no_printer = "No printer is set up on this computer.";
-constexpr const char* not_printed = "The document could not be printed.";
+constexpr const char* document_name = "Halden";
 
 double to_units(double dots, int dots_per_inch) { return dots * units_per_inch / dots_per_inch; }
 double to_dots(double units, int dots_per_inch) { return units * dots_per_inch / units_per_inch; }
@@ -65,14 +64,14 @@ void QtPrinter::print_line(double left, double top, const std::string& text) {
 }
 
 void QtPrinter::new_page() {
-  if (begin() && !printer_->newPage()) failure_ = not_printed;
+  if (begin() && !printer_->newPage()) failure_ = PrintFailure::failed;
 }
 
 void QtPrinter::print_window(const std::string& window_name) {
   const auto window = windows_.find(window_name);
   const QImage image = window == windows_.end() ? QImage() : window->second();
   if (image.isNull())
-    failure_ = not_printed;
+    failure_ = PrintFailure::failed;
   else if (begin())
     draw(image);
 }
@@ -84,11 +83,12 @@ void QtPrinter::draw(const QImage& image) {
   painter_->drawImage(QRectF(QPointF(0, 0), size), image);
 }
 
-std::string QtPrinter::finish() {
+PrintFailure QtPrinter::finish() {
   const bool printed = painter_ && painter_->isActive();
-  if (printed && (!painter_->end() || printer_->printerState() == QPrinter::Error)) failure_ = not_printed;
+  if (printed && (!painter_->end() || printer_->printerState() == QPrinter::Error))
+    failure_ = PrintFailure::failed;
   close_document();
-  return std::exchange(failure_, {});
+  return std::exchange(failure_, PrintFailure::none);
 }
 
 // A document that was begun ends here, in the destructor too, so that the printer object goes last.
@@ -101,6 +101,7 @@ void QtPrinter::close_document() {
 QPrinter& QtPrinter::document() {
   if (printer_) return *printer_;
   printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer_->setDocName(QString::fromUtf8(document_name));
   if (!pdf_path_.isEmpty()) printer_->setOutputFileName(pdf_path_);
   const QPageLayout layout = printer_->pageLayout();
   printer_->setPageMargins(layout.minimumMargins(), layout.units());
@@ -112,11 +113,11 @@ bool QtPrinter::begin() {
   if (painter_) return painter_->isActive();
   // On a computer without any printer Qt would write a PDF file, here without a name.
   if (pdf_path_.isEmpty() && document().outputFormat() == QPrinter::PdfFormat) {
-    failure_ = no_printer;
+    failure_ = PrintFailure::no_printer;
     return false;
   }
   painter_ = std::make_unique<QPainter>();
-  if (!painter_->begin(&document())) failure_ = not_printed;
+  if (!painter_->begin(&document())) failure_ = PrintFailure::failed;
   return painter_->isActive();
 }
 

@@ -32,7 +32,7 @@ class QtPrinter : public Printer {
   void print_line(double left, double top, const std::string& text) override;
   void new_page() override;
   void print_window(const std::string& window_name) override;
-  std::string finish() override;
+  PrintFailure finish() override;
 
  private:
   QPrinter& document();
@@ -48,7 +48,7 @@ class QtPrinter : public Printer {
   // The painter goes before the printer it paints on.
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
-  std::string failure_;
+  PrintFailure failure_ = PrintFailure::none;
 };
 
 }  // namespace halden
