@@ -59,6 +59,7 @@ PhasorForm::PhasorForm(Window& window, PhasorFormEvents events, Look look)
   setMinimumSize(smallest_size);
   resize(start_size.boundedTo(screen()->availableSize()).expandedTo(smallest_size));
   mirror_.show_changes();
+  menuBar()->cornerWidget()->setFixedHeight(menuBar()->sizeHint().height());
   page_->arrange();
 }
 
@@ -79,7 +80,7 @@ void PhasorForm::build_hint() {
   hint->setFont(menuBar()->font());
   hint->setTextFormat(Qt::PlainText);
   hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  hint->setFixedSize(hint_width, menuBar()->sizeHint().height());
+  hint->setFixedWidth(hint_width);
   hint->setContentsMargins(0, 0, hint_margin, 0);
   menuBar()->setCornerWidget(hint);
   mirror_.tie("status_hint", [hint](const Control& now) { hint->setText(to_qt(now.text)); });
