@@ -108,6 +108,27 @@ TEST_F(PhasorFormTest, ValuesHideAndNameWhatIsShown) {
   EXPECT_EQ(form.paper_image().deviceIndependentSize().toSize(), form.size());
 }
 
+// A resistive load: the current of phase 1 points where its voltage does. The current of phase 2 stands 200
+// units lower, most of a line's 280, and V31 beside them.
+TEST_F(PhasorFormTest, ALabelBehindAnotherOneIsListedInTheCorner) {
+  const auto put = [this](const char* label, float left, float top) {
+    values[label].text = std::string(label, 2);
+    values[label].left = left;
+    values[label].top = top;
+  };
+  put("v1_vector_label", 9530, 3560);
+  put("i1_vector_label", 9530, 3600);
+  put("i2_vector_label", 9530, 3760);
+  put("V31_vector_label", 10080, 3560);
+  form.show_changes();
+  const auto* const diagram = static_cast<PhasorDiagram*>(widget("phasor_diagram"));
+  std::string in_place, in_corner;
+  for (const DiagramLabel& label : diagram->drawn_labels())
+    (label.place.right() < diagram->width() / 10.0 ? in_corner : in_place) += from_qt(label.text) + " ";
+  EXPECT_EQ(in_place, "v1 i2 V3 ");
+  EXPECT_EQ(in_corner, "i1 ");
+}
+
 // The page is 12800 x 8400: in a window that is too wide the diagram is as high as the window lets it, and
 // still 10320 x 6880.
 TEST_F(PhasorFormTest, CirclesStayRound) {

@@ -1,6 +1,7 @@
 #include "live/ui/phasor_diagram.h"
 
 #include <QPainter>
+#include <QStaticText>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -31,6 +32,13 @@ constexpr float label_padding = 110;
 constexpr int directions = 12;
 constexpr double full_turn = 6.283185307179586;
 
+// One line over another stays readable up to this part of its height.
+constexpr double readable_overlap = 0.4;
+
+bool hides(const DiagramLabel& front, const DiagramLabel& behind) {
+  return (front.place & behind.place).height() > readable_overlap * behind.place.height();
+}
+
 std::array<VectorKind, 3> back_to_front() {
   return {VectorKind::line_voltage, VectorKind::current, VectorKind::voltage};
 }
@@ -43,8 +51,7 @@ PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* 
   setAccessibleName(to_qt(window.caption()));
 }
 
-// Assistive technology reads what the labels say, and so does who points at the diagram: also of labels that
-// stand behind another one.
+// Assistive technology reads what the labels say, and so does who points at the diagram.
 void PhasorDiagram::show_changes() {
   QStringList texts;
   for (const DiagramLabel& label : labels()) texts.append(label.text);
@@ -139,17 +146,16 @@ void PhasorDiagram::draw_markers(QPainter& painter, VectorKind kind) const {
   }
 }
 
-QFont PhasorDiagram::label_font() const {
+void PhasorDiagram::resizeEvent(QResizeEvent*) {
   const Control& label = window_[phasor_vectors().front().label];
   const QSizeF room =
       QSizeF(static_cast<double>(label.width - label_padding), static_cast<double>(label.height)) * scale();
-  return with_pixel_size(text_font(), largest_size(text_font(), to_qt(widest_vector_label), room.toSize(),
-                                                   smallest_text, largest_text));
+  label_font_ = with_pixel_size(text_font(), largest_size(text_font(), to_qt(widest_vector_label),
+                                                          room.toSize(), smallest_text, largest_text));
 }
 
 std::vector<DiagramLabel> PhasorDiagram::labels() const {
   std::vector<DiagramLabel> shown;
-  const QFont font = label_font();
   const double padding = static_cast<double>(label_padding) * scale();
   for (const PhasorVector& vector : phasor_vectors()) {
     const Control& label = window_[vector.label];
@@ -157,7 +163,7 @@ std::vector<DiagramLabel> PhasorDiagram::labels() const {
     const bool leftward = label.tag == right_end_tag;
     QRectF place = to_pixels(label);
     const QString text = to_qt(label.text);
-    const double width = width_of(font, text) + padding;
+    const double width = width_of(label_font_, text) + padding;
     if (leftward)
       place.setLeft(place.right() - width);
     else
@@ -168,29 +174,53 @@ std::vector<DiagramLabel> PhasorDiagram::labels() const {
   return shown;
 }
 
-// Every label stands where its vector puts it. Voltages come last: where a current is in phase with its
-// voltage the voltage's label stays readable in front, and the button for the currents alone brings the other
-// one.
-void PhasorDiagram::draw_labels(QPainter& painter) const {
-  painter.setFont(label_font());
-  const std::vector<DiagramLabel> all = labels();
-  for (auto label = all.rbegin(); label != all.rend(); ++label) draw_label(painter, *label);
+// Every label stands where its vector puts it. Where a current is in phase with its voltage, as in every
+// resistive load, the voltage's label is the one in front.
+std::vector<DiagramLabel> PhasorDiagram::drawn_labels() const {
+  std::vector<DiagramLabel> drawn;
+  std::vector<DiagramLabel> hidden;
+  for (const DiagramLabel& label : labels()) {
+    const auto hides_it = [&label](const DiagramLabel& front) { return hides(front, label); };
+    const bool is_hidden = std::any_of(drawn.begin(), drawn.end(), hides_it);
+    (is_hidden ? hidden : drawn).push_back(label);
+  }
+  QPointF corner = QPointF(label_padding, label_padding) * scale();
+  for (DiagramLabel& label : hidden) {
+    label.place.moveTopLeft(corner);
+    label.side = Qt::AlignLeft;
+    corner.ry() += label.place.height();
+    drawn.push_back(label);
+  }
+  return drawn;
 }
 
-// A border of the panel's colour lifts the text off the lines it stands on.
+void PhasorDiagram::draw_labels(QPainter& painter) const {
+  painter.setFont(label_font_);
+  const std::vector<DiagramLabel> drawn = drawn_labels();
+  for (auto label = drawn.rbegin(); label != drawn.rend(); ++label) draw_label(painter, *label);
+}
+
+// A border of the panel's colour lifts the text off the lines it stands on. The text is laid out once for all
+// its copies.
 void PhasorDiagram::draw_label(QPainter& painter, const DiagramLabel& label) const {
+  QStaticText text(label.text);
+  text.setTextFormat(Qt::PlainText);
+  text.prepare(painter.transform(), painter.font());
+  QRectF place(QPointF(), text.size());
+  place.moveCenter(label.place.center());
+  if (label.side == Qt::AlignRight)
+    place.moveRight(label.place.right());
+  else
+    place.moveLeft(label.place.left());
   const double halo = pen_width(1.6);
-  const auto draw = [&](const QColor& colour, QPointF by) {
-    painter.setPen(colour);
-    painter.drawText(label.place.translated(by), label.side | Qt::AlignVCenter | Qt::TextDontClip,
-                     label.text);
-  };
+  painter.setPen(theme_.panel);
   constexpr int halo_copies = 8;
   for (int k = 0; k < halo_copies; ++k) {
     const double turn = full_turn * k / halo_copies;
-    draw(theme_.panel, QPointF(std::cos(turn), std::sin(turn)) * halo);
+    painter.drawStaticText(place.topLeft() + QPointF(std::cos(turn), std::sin(turn)) * halo, text);
   }
-  draw(label.colour, {});
+  painter.setPen(label.colour);
+  painter.drawStaticText(place.topLeft(), text);
 }
 
 }  // namespace halden

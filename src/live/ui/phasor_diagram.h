@@ -32,12 +32,17 @@ class PhasorDiagram : public QWidget {
   // Reads the values again.
   void show_changes();
 
-  // The labels to be seen, in the order of the vectors.
+  // What there is to be read, in the order of the vectors.
   std::vector<DiagramLabel> labels() const;
-  QFont label_font() const;
+
+  // The same as it is drawn: a label that lies so far behind another one that neither could be read is listed
+  // in the corner instead.
+  std::vector<DiagramLabel> drawn_labels() const;
+  const QFont& label_font() const { return label_font_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   double scale() const;
@@ -55,6 +60,7 @@ class PhasorDiagram : public QWidget {
 
   const Window& window_;
   Theme theme_;
+  QFont label_font_;
 };
 
 }  // namespace halden
