@@ -122,11 +122,10 @@ TEST_F(PhasorTest, EachFrameRedrawsOnceWhileTheWindowIsVisible) {
     EXPECT_LT(journey.world.clock.monotonic_s() - from_s, 0.6);
   }
   journey.companion->phasor_form_closed();
-  const std::uint64_t closed = form().revision();
+  const std::string before = form()["Text1"].text;
   journey.fix_phase(1, {1500, 1, 1, 0, 0});
-  journey.world.run_for(2);
+  EXPECT_FALSE(journey.world.run_until([&] { return form()["Text1"].text != before; }, 2));
   EXPECT_EQ(form()["v1_vector_label"].text, "V1 < 200.0V, 0.0 >") << "the last picture stays";
-  EXPECT_LE(form().revision(), closed + 20) << "only Vn and In go on";
   journey.companion->click("phasor_button");
   journey.world.run_for(1);
   EXPECT_EQ(form()["v1_vector_label"].text, "V1 < 150.0V, 0.0 >");
