@@ -72,6 +72,8 @@ const Window* Companion::window_of(std::string_view control) const {
   return nullptr;
 }
 
+bool Companion::exchange_runs() const { return program_->gate.busy(); }
+
 void Companion::phasor_form_resized() { program_->phasors.resized(); }
 
 void Companion::phasor_form_closed() { program_->phasors.close(); }

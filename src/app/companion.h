@@ -41,6 +41,9 @@ class Companion {
   // "get_hz"). Nothing happens when the control is disabled or hidden, or has no action.
   void click(std::string_view control);
 
+  // Whether the program is talking to the meter: a setting, a status query, a tick of the live view.
+  bool exchange_runs() const;
+
   // The main window was shown, or a change of its size has settled.
   void main_window_resized();
 

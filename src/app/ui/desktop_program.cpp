@@ -151,9 +151,11 @@ class DesktopProgram {
     world().add_mirror([this] { phasor_form_.show_changes(); });
     world().add_mirror([this] { notice_.show_changes(); });
     world().add_mirror([this] { recording_mark_->show_changes(); });
+    world().add_mirror([this] {
+      if (!companion_.exchange_runs()) main_window_.take_typing();
+    });
     world().add_mirror([this] { follow_first_show(); });
     QObject::connect(&world(), &QtWorld::long_wait_began, &main_window_, &MeterRec::refuse_typing);
-    QObject::connect(&world(), &QtWorld::wait_over, &main_window_, &MeterRec::take_typing);
     world().on_end([this] {
       for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
     });

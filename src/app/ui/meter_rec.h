@@ -34,8 +34,8 @@ class MeterRec : public QMainWindow {
   // Brings the window up to date; cheap when nothing has changed.
   void show_changes();
 
-  // A long wait begins and ends. What is typed meanwhile would be lost when the status is read and fills the
-  // boxes, so they do not take it.
+  // A long wait begins; the exchange it belongs to ends. What is typed meanwhile would be lost when the
+  // status is read and fills the boxes, so they do not take it.
   void refuse_typing();
   void take_typing();
 
