@@ -25,8 +25,10 @@ TEST(Console, CommandsAreTheButtonsOfTheMeter) {
 
   EXPECT_EQ(obey("unplug 2.5", meter).unplug_s, 2.5);
   EXPECT_TRUE(obey("quit", meter).quit);
-  EXPECT_FALSE(obey("log", meter).quit);
   EXPECT_EQ(obey("  ", meter).text, "");
+  meter.receive(std::string_view("? \r\n\"\\\0\xfe", 8), 0.0);
+  EXPECT_EQ(obey("log", meter).text, R"(8 "? \r\n\"\\\x00\xfe")");
+  EXPECT_FALSE(obey("log", meter).quit);
 }
 
 TEST(Console, NonsenseIsAnsweredAndChangesNothing) {
@@ -38,12 +40,6 @@ TEST(Console, NonsenseIsAnsweredAndChangesNothing) {
   EXPECT_EQ(meter.settings().mode, MeterMode::power);
   EXPECT_EQ(meter.settings().channel, 0);
   EXPECT_FALSE(meter.faults().garbage);
-}
-
-TEST(Console, LogShowsEveryByteAsText) {
-  Meter meter;
-  meter.receive(std::string_view("? \r\n\"\\\0\xfe", 8), 0.0);
-  EXPECT_EQ(obey("log", meter).text, R"(8 "? \r\n\"\\\x00\xfe")");
 }
 
 }  // namespace
