@@ -13,7 +13,7 @@
 namespace halden {
 namespace {
 
-constexpr int rounds = 40;
+constexpr std::size_t rounds = 40;
 constexpr std::size_t record_length = 418;
 
 struct Counted {
@@ -22,27 +22,17 @@ struct Counted {
   std::size_t torn = 0;
 };
 
-bool is_settings_line(const std::string& line) { return line.starts_with("3P4W,Hz=") && line.size() == 32; }
-
-bool is_column_line(const std::string& line) {
-  return line.starts_with("      DATE,") && line.ends_with("VA(MD)");
-}
-
-bool is_record(const std::string& line) {
-  return line.size() == record_length && line[2] == '-' && line[10] == ',' && line.back() == ',';
-}
-
 Counted count_lines(const std::string& bytes) {
   Counted counted;
   for (std::size_t begin = 0; begin < bytes.size();) {
     const std::size_t end = std::min(bytes.find("\r\n", begin), bytes.size());
     const std::string line = bytes.substr(begin, end - begin);
-    if (is_settings_line(line)) {
+    if (line.starts_with("3P4W,Hz=") && line.size() == 32) {
       ++counted.blocks;
       counted.records = 0;
-    } else if (is_record(line)) {
+    } else if (line.size() == record_length && line[2] == '-' && line[10] == ',' && line.back() == ',') {
       ++counted.records;
-    } else if (!is_column_line(line)) {
+    } else if (!line.starts_with("      DATE,") || !line.ends_with("VA(MD)")) {
       ++counted.torn;
       EXPECT_LT(line.size(), record_length) << "two lines in one: " << line;
     }
@@ -51,42 +41,28 @@ Counted count_lines(const std::string& bytes) {
   return counted;
 }
 
-// The last number the recorder told.
-std::size_t last_told(const std::string& output, std::size_t otherwise) {
-  const std::size_t end = output.rfind('\n');  // a number may have been cut
-  if (end == std::string::npos || end == 0) return otherwise;
-  const std::size_t begin = output.rfind('\n', end - 1) + 1;
-  return std::stoul(output.substr(begin, end - begin));
-}
-
 // Kills a recorder that has told of a few records, a random moment later; how many it told of in all.
 std::size_t record_until_killed(const std::string& path, std::mt19937& random) {
   Process recorder({"halden-test-recorder", path});
+  const std::size_t enough = 1 + random() % 20;
   std::size_t told = 0;
-  const auto enough = std::uniform_int_distribution<std::size_t>(1, 20)(random);
-  while (told < enough) {
-    const auto line = recorder.read_line();
-    if (!line) return 0;
+  while (const auto line = recorder.read_line()) {
     told = std::stoul(*line);
+    if (told != enough) continue;
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
+    recorder.send_signal(SIGKILL);
   }
-  // No waiting for anything: the moment of the kill is what is tried.
-  const std::chrono::microseconds moment(std::uniform_int_distribution<int>(0, 3000)(random));
-  for (const auto until = std::chrono::steady_clock::now() + moment;
-       std::chrono::steady_clock::now() < until;)
-    std::this_thread::yield();
-  recorder.send_signal(SIGKILL);
   EXPECT_EQ(recorder.exit_code(), -SIGKILL);
-  return last_told(recorder.rest_of_output(), told);
+  return told;
 }
 
 TEST(KilledRecording, LosesNoLineThatWasWritten) {
   TempFolder folder;
-  const std::string path = folder / "a.csv";
   std::mt19937 random(20261123);
   std::string before;
   std::size_t torn_by_us = 0;
   for (std::size_t round = 0; round < rounds; ++round) {
-    const std::size_t told = record_until_killed(path, random);
+    const std::size_t told = record_until_killed(folder / "a.csv", random);
     ASSERT_GT(told, 0u);
     const std::string bytes = folder.read("a.csv");
     ASSERT_EQ(bytes.compare(0, before.size(), before), 0) << "what stood there has changed";
@@ -96,8 +72,8 @@ TEST(KilledRecording, LosesNoLineThatWasWritten) {
     ASSERT_LE(counted.torn, torn_by_us + round + 1);
     before = bytes;
     if (round % 2 == 0) {  // and a power cut that takes a part of the last line along
-      before.resize(bytes.size() - std::uniform_int_distribution<std::size_t>(1, 300)(random));
-      std::filesystem::resize_file(path, before.size());
+      before.resize(bytes.size() - 1 - random() % 300);
+      std::filesystem::resize_file(folder / "a.csv", before.size());
       ++torn_by_us;
     }
   }

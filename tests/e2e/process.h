@@ -3,21 +3,17 @@
 
 #include <sys/types.h>
 
+#include <cstdio>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace halden {
 
-struct Surroundings {
-  std::vector<std::string> set;    // "NAME=VALUE"
-  std::vector<std::string> unset;  // "NAME"
-  std::string folder;              // to start in; that of the test when empty
-};
+// What env(1) takes in front of a program: "NAME=VALUE", "-u", "NAME" or "-C", "FOLDER".
+using Surroundings = std::vector<std::string>;
 
-// Enough for the slowest step of any test on a busy machine; steps end as soon as they can.
-inline constexpr double patience_s = 25.0;
-
+// A process that runs far too long is killed, so that nothing below waits for ever.
 class Process {
  public:
   // The program is a path, or the name of one that was built with the tests.
@@ -30,35 +26,32 @@ class Process {
 
   void write_line(const std::string& line);
 
-  // The next line of standard output without its end; nothing when none came in time.
-  std::optional<std::string> read_line(double limit_s = patience_s);
+  // The next line of standard output without its end; nothing when the output ended before.
+  std::optional<std::string> read_line();
 
   // Closes our end of standard output, as a reader does that has seen enough.
   void stop_reading();
 
   void send_signal(int signal);
 
-  // Waits for the end. The negative signal for a process that was killed; nothing when it still runs.
-  std::optional<int> exit_code(double limit_s = patience_s);
+  // Waits for the end. The negative signal for a process that was killed.
+  int exit_code();
 
-  // Everything not read yet; for a process that has ended.
+  // Everything not read yet, up to the end.
   std::string rest_of_output();
   std::string errors();
 
  private:
-  void run(const std::vector<std::string>& arguments, const Surroundings& surroundings);
-
   pid_t pid_ = -1;
   std::optional<int> exit_code_;
   int input_ = -1;
-  int output_ = -1;
-  int errors_ = -1;
-  std::string pending_;
+  std::FILE* output_ = nullptr;
+  std::FILE* errors_ = nullptr;
 };
 
 // How a program ended and what it said, for those that need no company.
 struct Ended {
-  std::optional<int> exit_code;
+  int exit_code;
   std::string output;
   std::string errors;
 };

@@ -2,6 +2,7 @@
 #include <signal.h>
 
 #include <regex>
+#include <sstream>
 
 #include "meter_process.h"
 
@@ -19,13 +20,8 @@ TEST(Status, PrintsWhatTheMeterSays) {
   EXPECT_EQ(ended.exit_code, 0);
   EXPECT_EQ(ended.errors, "");
   const std::regex expected(
-      R"(\{"meter_mode":0,"harmonic_channel":4,"wiring_system":2,"frequency_code":1,"pt_ratio":1,"ct_ratio":1,)"
-      R"("sample_seconds":2,"harmonic_order":1,"md_period":15,"logger_data_type":1,"logger_channel":0,)"
-      R"("logger_system":3,"logger_frequency_code":1,"logger_current_range":1,"logger_pt_ratio":1,)"
-      R"("logger_ct_ratio":1,"logger_sample_seconds":2,"logger_clamp_flags":0,"current_range":1,)"
-      R"("meter_flags_27":0,"current_scale":1\.0,"logger_file_index":0,"logger_file_index_text":"00",)"
-      R"("meter_year":"2\d{3}","meter_month":"\d\d","meter_day":"\d\d","meter_hour":"\d\d",)"
-      R"("meter_minute":"\d\d","meter_second":"\d\d","logger_file_count":0\}\n)");
+      R"(\{"meter_mode":0,"harmonic_channel":4,"wiring_system":2,"frequency_code":1,.*"current_scale":1\.0,)"
+      R"(.*"meter_year":"2\d{3}","meter_month":"\d\d",.*"meter_second":"\d\d","logger_file_count":0\}\n)");
   EXPECT_TRUE(std::regex_match(ended.output, expected)) << ended.output;
   EXPECT_EQ(meter.command("log"), "2 \"? \"") << "one request, and one for the poll that follows it";
 }
@@ -39,63 +35,76 @@ TEST(Status, ASilentMeterIsAFailure) {
             "Meter status could not be obtained, please check connections, com port, etc, and try again.\n");
 }
 
+TEST(Status, WhileItWaitsThePortIsInUseAndAnInterruptionIsAFailure) {
+  MeterProcess meter;
+  Process status({"haldenctl", "status", "--port", meter.port()});
+  meter.wait_for_request();
+  const Ended second = run_to_end({"haldenctl", "live", "--port", meter.port()});
+  EXPECT_EQ(second.exit_code, 1);
+  EXPECT_EQ(second.output, "");
+  EXPECT_EQ(second.errors, meter.port() + " is in use by another program.\n");
+  status.send_signal(SIGINT);
+  EXPECT_EQ(status.exit_code(), 1);
+  EXPECT_EQ(status.rest_of_output(), "");
+  EXPECT_EQ(status.errors(), "It was interrupted before the meter had answered.\n");
+}
+
 TEST(Set, SendsOneCharacterAtATimeAndPrintsWhatTheMeterHolds) {
   MeterProcess meter;
-  Process set({"haldenctl", "set", "--port", meter.port(), "ct=7", "--format", "json"});
-  EXPECT_EQ(set.exit_code(2 * patience_s), 0) << set.errors();  // twice the status and a setting take 25 s
-  EXPECT_EQ(set.rest_of_output(), R"({"ct":"7","pt":"1","md":"15","sec":"2","hz":"50"})"
-                                  "\n");
+  const Ended set = run_to_end({"haldenctl", "set", "--port", meter.port(), "ct=7", "--format", "json"});
+  EXPECT_EQ(set.exit_code, 0) << set.errors;
+  EXPECT_EQ(set.output, "{\"ct\":\"7\",\"pt\":\"1\",\"md\":\"15\",\"sec\":\"2\",\"hz\":\"50\"}\n");
   const std::string log = meter.command("log");
   EXPECT_TRUE(std::regex_search(log, std::regex(R"re("\? +C7\\r\? +")re"))) << log;
 }
 
-TEST(Live, PrintsTheWorkedLoad) {
-  MeterProcess meter;
-  meter.fix_worked_load();
-  Process live({"haldenctl", "live", "--port", meter.port(), "--count", "3", "--format", "json"});
-  ASSERT_EQ(live.exit_code(), 0) << live.errors();
-  const std::regex time(R"(\{"time":"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}",)");
-  // The first frame comes with the first sampling instant of 2 s: 8338 x 2 / 3600 = 4.6 -> 5,
-  // -1960 x 2 / 3600 = -1.1, 8565.3 x 2 / 3600 = 4.8 -> 5.
-  const std::string energies =
-      R"("WH_sys_value":"0.005KWH","VAH_sys_value":"0.005KVAH","VARH_sys_value":"-0.001KVARH",)"
-      R"("PFH_sys_value":"0.97H","W_AD_value":"","VA_AD_value":"","W_MD_value":"------","VA_MD_value":"------",)";
-  for (int frame = 0; frame < 3; ++frame) {
-    const std::string line = live.read_line().value_or("");
-    std::smatch found;
-    ASSERT_TRUE(std::regex_search(line, found, time, std::regex_constants::match_continuous)) << line;
-    const std::string values = found.suffix();
-    EXPECT_EQ(values.substr(0, std::string(worked_load_json).size()), worked_load_json);
-    if (frame == 0) {
-      EXPECT_TRUE(contains(values, energies)) << values;
-      EXPECT_TRUE(contains(values, R"("v2_phasor_angle":"-120.0","i2_phasor_angle":"-133.2")")) << values;
-    }
-  }
-  EXPECT_EQ(live.rest_of_output(), "");
-  EXPECT_EQ(live.errors(), "");
-}
-
-// A desktop that writes commas. The locale is made for the test where the system can make it.
-TEST(Live, PrintsTheSameUnderAGermanLocale) {
-  MeterProcess meter;
-  const std::string name = "de_DE.UTF-8";
-  Surroundings german{{"LC_ALL=" + name}, {}, {}};
-  const Ended made = run_to_end({"/usr/bin/localedef", "-i", "de_DE", "-f", "UTF-8", meter.folder() / name});
-  if (made.exit_code == 0) german.set.push_back("LOCPATH=" + meter.folder().path());
-  const Ended point = run_to_end({"/usr/bin/locale", "decimal_point"}, german);
-  if (point.output != ",\n") GTEST_SKIP() << "no German locale on this system";
-  meter.fix_worked_load();
-  const Ended ended =
-      run_to_end({"haldenctl", "live", "--port", meter.port(), "--count", "1", "--format", "json"}, german);
+// The load of the live power scenario, where every digit is worked out by hand.
+void expect_worked_load(MeterProcess& meter, const Surroundings& surroundings) {
+  const std::string panels =
+      R"("V1_value":"230.1V","I1_value":"12.34A","W1_value":"2.781KW","VA1_value":"2.839KVA",)"
+      R"("VAR1_value":"-0.570KVAR","PF1_value":"0.98","Phase1_value":"-011.6",)"
+      R"("V2_value":"229.8V","I2_value":"11.87A","W2_value":"2.655KW","VA2_value":"2.727KVA",)"
+      R"("VAR2_value":"-0.622KVAR","PF2_value":"0.97","Phase2_value":"-013.2",)"
+      R"("V3_value":"230.6V","I3_value":"13.02A","W3_value":"2.902KW","VA3_value":"3.002KVA",)"
+      R"("VAR3_value":"-0.768KVAR","PF3_value":"0.96","Phase3_value":"-014.8",)"
+      R"("V12_value":"398.2V","V23_value":"398.7V","V31_value":"398.9V",)"
+      R"("W_sys_value":"8.338KW","VA_sys_value":"8.565KVA","VAR_sys_value":"-1.960KVAR",)"
+      R"("PF_sys_value":"0.97",)";
+  const Ended ended = run_to_end(
+      {"haldenctl", "live", "--port", meter.port(), "--count", "3", "--format", "json"}, surroundings);
   EXPECT_EQ(ended.exit_code, 0);
   EXPECT_EQ(ended.errors, "");
-  EXPECT_TRUE(contains(ended.output, worked_load_json)) << ended.output;
+  const std::regex time(R"(\{"time":"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}",)");
+  std::istringstream lines(ended.output);
+  int frames = 0;
+  for (std::string line; std::getline(lines, line); ++frames) {
+    EXPECT_TRUE(std::regex_search(line, time, std::regex_constants::match_continuous)) << line;
+    EXPECT_EQ(line.substr(line.find(',') + 1, panels.size()), panels);
+    EXPECT_TRUE(contains(line, R"("v2_phasor_angle":"-120.0","i2_phasor_angle":"-133.2")")) << line;
+  }
+  EXPECT_EQ(frames, 3);
+}
+
+// The second time on a desktop that writes commas. Its locale is made for the test where the system can.
+TEST(Live, PrintsTheWorkedLoadUnderAnyLocale) {
+  MeterProcess meter;
+  for (const char* raw : {"raw 1 2301 12340 2781 0 116", "raw 2 2298 11870 2655 1200 1332",
+                          "raw 3 2306 13020 2902 -1200 -1052"})
+    EXPECT_EQ(meter.command(raw), "ok") << raw;
+  expect_worked_load(meter, {});
+  const std::string name = "de_DE.UTF-8";
+  Surroundings german = {"LC_ALL=" + name};
+  const Ended made = run_to_end({"/usr/bin/localedef", "-i", "de_DE", "-f", "UTF-8", meter.folder() / name});
+  if (made.exit_code == 0) german.push_back("LOCPATH=" + meter.folder().path());
+  const Ended point = run_to_end({"/usr/bin/locale", "decimal_point"}, german);
+  if (point.output != ",\n") GTEST_SKIP() << "no German locale on this system";
+  expect_worked_load(meter, german);
 }
 
 // The reading that ends the wait is one the meter did not give before the adapter was pulled.
-TEST(Live, GoesOnByItselfWhenTheAdapterIsBack) {
+TEST(Live, GoesOnByItselfWhenTheAdapterIsBackAndEndsBetweenTwoReadings) {
   MeterProcess meter;
-  meter.fix_worked_load();
+  EXPECT_EQ(meter.command("raw 1 2301 12340 2781 0 116"), "ok");
   Process live({"haldenctl", "live", "--port", meter.port(), "--format", "json"});
   ASSERT_TRUE(contains(live.read_line().value_or(""), R"("V1_value":"230.1V")"));
   EXPECT_EQ(meter.command("unplug 1"), "ok");
@@ -106,15 +115,16 @@ TEST(Live, GoesOnByItselfWhenTheAdapterIsBack) {
     line = live.read_line().value_or("");
   } while (contains(line, R"("V1_value":"230.1V")"));
   EXPECT_TRUE(contains(line, R"("V1_value":"222.2V")")) << line;
-  live.send_signal(SIGINT);
+  live.send_signal(SIGTERM);
   EXPECT_EQ(live.exit_code(), 0);
+  const std::string rest = live.rest_of_output();
+  EXPECT_TRUE(rest.empty() || rest.back() == '\n') << rest;
   EXPECT_EQ(live.errors(), "");
 }
 
 TEST(Live, EndsQuietlyWhenItsReaderHasSeenEnough) {
   Process live({"haldenctl", "live", "--port", "demo"});
-  const std::string first = live.read_line().value_or("");
-  EXPECT_EQ(first.substr(0, 5), "time=");
+  EXPECT_EQ(live.read_line().value_or("").substr(0, 5), "time=");
   live.stop_reading();
   EXPECT_EQ(live.exit_code(), 0);
   EXPECT_EQ(live.errors(), "");
@@ -125,45 +135,6 @@ TEST(Live, ResultsThatCannotBeWrittenAreAFailure) {
   const Ended ended = run_to_end({"/bin/sh", "-c", command});
   EXPECT_EQ(ended.exit_code, 1);
   EXPECT_EQ(ended.errors, "The results could not be written.\n");
-}
-
-TEST(Live, ATerminationEndsItCleanlyBetweenTwoReadings) {
-  Process live({"haldenctl", "live", "--port", "demo", "--format", "json"});
-  ASSERT_TRUE(live.read_line());
-  live.send_signal(SIGTERM);
-  EXPECT_EQ(live.exit_code(), 0);
-  const std::string rest = live.rest_of_output();
-  EXPECT_TRUE(rest.empty() || rest.back() == '\n') << rest;
-  EXPECT_EQ(live.errors(), "");
-}
-
-// The meter's log tells when a program has opened the port for good and waits for the status, a wait that
-// takes no input.
-void wait_for_request(MeterProcess& meter, Process& program) {
-  while (meter.command("log") == "0 \"\"") ASSERT_FALSE(program.exit_code(0.05)) << program.errors();
-}
-
-TEST(Status, AnInterruptionIsAFailure) {
-  MeterProcess meter;
-  Process status({"haldenctl", "status", "--port", meter.port()});
-  wait_for_request(meter, status);
-  status.send_signal(SIGINT);
-  EXPECT_EQ(status.exit_code(), 1);
-  EXPECT_EQ(status.rest_of_output(), "");
-  EXPECT_EQ(status.errors(), "It was interrupted before the meter had answered.\n");
-}
-
-TEST(Live, APortInUseIsRefusedToTheSecondProgram) {
-  MeterProcess meter;
-  Process first({"haldenctl", "live", "--port", meter.port()});
-  wait_for_request(meter, first);
-  const Ended second = run_to_end({"haldenctl", "live", "--port", meter.port()});
-  EXPECT_EQ(second.exit_code, 1);
-  EXPECT_EQ(second.output, "");
-  EXPECT_EQ(second.errors, meter.port() + " is in use by another program.\n");
-  first.send_signal(SIGINT);
-  EXPECT_EQ(first.exit_code(), 0);
-  EXPECT_EQ(first.rest_of_output() + first.errors(), "");
 }
 
 }  // namespace
