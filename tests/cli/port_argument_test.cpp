@@ -5,25 +5,20 @@
 namespace halden {
 namespace {
 
-TEST(PortArgument, NumbersDevicesAndTheDemo) {
-  struct Case {
-    const char* text;
-    bool simulated;
-    int number;
-    const char* device;
-  };
-  for (const Case& c : {Case{"1", false, 1, ""}, Case{"16", false, 16, ""}, Case{"demo", true, 1, ""},
-                        Case{"/dev/ttyUSB3", false, 1, "/dev/ttyUSB3"},
-                        Case{"links/the meter", false, 1, "links/the meter"}}) {
-    const auto port = parse_port_argument(c.text);
-    ASSERT_TRUE(port) << c.text;
-    EXPECT_EQ(port->simulated, c.simulated) << c.text;
-    EXPECT_EQ(port->number, c.number) << c.text;
-    EXPECT_EQ(port->device, c.device) << c.text;
+TEST(PortArgument, NumbersDevicesTheDemoAndNothingElse) {
+  const std::tuple<const char*, bool, int, const char*> rows[] = {
+      {"1", false, 1, ""},
+      {"16", false, 16, ""},
+      {"demo", true, 1, ""},
+      {"/dev/ttyUSB3", false, 1, "/dev/ttyUSB3"},
+      {"links/the meter", false, 1, "links/the meter"}};
+  for (const auto& [text, simulated, number, device] : rows) {
+    const auto port = parse_port_argument(text);
+    ASSERT_TRUE(port) << text;
+    EXPECT_EQ(port->simulated, simulated) << text;
+    EXPECT_EQ(port->number, number) << text;
+    EXPECT_EQ(port->device, device) << text;
   }
-}
-
-TEST(PortArgument, AnythingElseIsRefused) {
   for (const char* text : {"", "0", "17", "-1", "1 ", " 1", "1x", "ttyUSB0", "Demo", "99999999999"})
     EXPECT_FALSE(parse_port_argument(text)) << text;
 }

@@ -16,29 +16,25 @@ TEST(SetCommand, KnowsItsNames) {
 }
 
 TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {
-  struct Case {
-    std::vector<TypedSetting> settings;
-    std::string ended;
-  };
-  const std::vector<Case> cases = {
+  const std::pair<std::vector<TypedSetting>, std::string> rows[] = {
       {{{"ct", "040"}, {"pt", "7"}, {"md", "30"}, {"sec", "4"}, {"hz", "auto"}}, "done"},
       {{{"sec", "3"}}, "Sampling time must be an even number (2, 4, 6, ...), please re-enter !"},
       {{{"ct", "0"}, {"pt", "9"}}, "The meter did not take ct=0; it holds 40."}};
   Journey journey;
   journey.start(1);
-  for (const Case& one : cases) {
+  const auto last_message = [&journey] {
+    const auto texts = journey.world.dialogs.message_texts();
+    return texts.empty() ? std::string() : texts.back();
+  };
+  std::vector<std::string> printed;
+  for (const auto& [settings, ended] : rows) {
     NotedTerminal terminal;
     journey.world.dialogs.messages.clear();
-    const auto last_message = [&] {
-      const auto& messages = journey.world.dialogs.messages;
-      return messages.empty() ? std::string() : messages.back().text;
-    };
-    send_settings(*journey.companion, one.settings, Format::text, last_message, terminal);
-    EXPECT_EQ(terminal.ended, one.ended);
-    if (one.ended == "done") {
-      EXPECT_EQ(terminal.printed[0], "ct=40\npt=7\nmd=30\nsec=4\nhz=Auto\n");
-    }
+    send_settings(*journey.companion, settings, Format::text, last_message, terminal);
+    EXPECT_EQ(terminal.ended, ended);
+    printed.insert(printed.end(), terminal.printed.begin(), terminal.printed.end());
   }
+  EXPECT_EQ(printed, std::vector<std::string>{"ct=40\npt=7\nmd=30\nsec=4\nhz=Auto\n"});
   EXPECT_EQ(journey.meter.settings().pt_ratio, 7) << "nothing is sent after a failure";
 }
 
