@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@
 #include "simulator/simulated_port.h"
 
 namespace halden {
+
+// What the user is told when the meter does not answer a status query.
+inline const std::string status_failed =
+    "Meter status could not be obtained, please check connections, com port, etc, and try again.";
 
 struct Journey {
   explicit Journey(double time_of_day_s = 12 * 3600.0, MeterSettings settings = {})
@@ -32,12 +37,24 @@ struct Journey {
     start();
   }
 
+  // Clicks and runs until what the click began is over.
+  void click(const std::string& control) { companion->click(control); }
+
   void click_after(double seconds, const std::string& control) {
     world.user_does(seconds, [this, control] { companion->click(control); });
   }
 
   const Window& window() const { return companion->screen().meter_rec; }
   const std::string& text(const std::string& control) const { return window()[control].text; }
+  // The texts of the value panels with these names, "V1 I1", each followed by a bar.
+  std::string values(const std::string& names) const {
+    std::istringstream panels(names);
+    std::string texts;
+    for (std::string panel; panels >> panel;) texts += text(panel + "_value") + "|";
+    return texts;
+  }
+
+  double now_s() const { return world.clock.monotonic_s(); }
   Program& program() { return companion->program(); }
 
   // The bytes the meter received from this moment of virtual time on.
@@ -50,6 +67,13 @@ struct Journey {
 
   // Holds phase 1, 2 or 3 of the meter's load at these raw numbers.
   void fix_phase(int phase, RawPhase raw) { meter.load().fix_raw(phase, raw); }
+
+  // One with every displayed digit worked out on paper where its texts are expected.
+  void fix_worked_load() {
+    fix_phase(1, {2301, 12340, 2781, 0, 116});
+    fix_phase(2, {2298, 11870, 2655, 1200, 1332});
+    fix_phase(3, {2306, 13020, 2902, -1200, -1052});
+  }
 
   VirtualWorld world;
   Meter meter;
