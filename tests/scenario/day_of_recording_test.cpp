@@ -1,6 +1,4 @@
 // A day of recording, held against what the meter itself wrote down that it sent.
-#include <array>
-
 #include "companion_test_base.h"
 
 namespace halden {
@@ -11,22 +9,18 @@ constexpr std::size_t sampling_time_s = 2;
 constexpr std::size_t record_length = 418 + 2;
 constexpr std::size_t v1_field = 5 * 11;  // behind DATE, TIME and the three line voltages
 
-// One frame as the meter sent it: when it was asked for, and its three voltages as they are shown.
+// One frame as the meter sent it: when it was asked for, and its three voltages as they are recorded.
 struct Sent {
   double time_s;
-  std::array<std::string, 3> voltages;
+  std::string voltages;
 };
 
 // "V2=  2298" in a group of 53 characters is 229.8V.
-std::string shown_voltage(const std::string& frame, std::size_t phase) {
-  const std::string digits = frame.substr(53 * phase + 5, 4);
-  return digits.substr(0, 3) + "." + digits.substr(3) + "V";
-}
-
-bool holds(const std::string& record, const Sent& frame) {
-  for (std::size_t phase = 0; phase < 3; ++phase)
-    if (record.compare(v1_field + 11 * phase, 11, "    " + frame.voltages[phase] + ",") != 0) return false;
-  return true;
+std::string recorded_voltages(const std::string& frame) {
+  std::string fields;
+  for (std::size_t group = 0; group < 3; ++group)
+    fields += "    " + frame.substr(53 * group + 5, 3) + "." + frame.substr(53 * group + 8, 1) + "V,";
+  return fields;
 }
 
 int seconds_of(const std::string& record) {
@@ -39,17 +33,17 @@ TEST(DayOfRecording, OneRecordPerSamplingInstantAndNoneDoubled) {
   Journey journey(start_of_day_s);
   std::vector<Sent> ledger;
   journey.meter.on_frame = [&](double time_s, const std::string& frame) {
-    ledger.push_back({time_s, {shown_voltage(frame, 0), shown_voltage(frame, 1), shown_voltage(frame, 2)}});
+    ledger.push_back({time_s, recorded_voltages(frame)});
   };
   journey.start_on_port(1);
   journey.world.run_for(5);
   journey.world.dialogs.file_answers = {"d/day.csv"};
-  journey.companion->click("FileName");
+  journey.click("FileName");
   const std::size_t header = journey.world.files.contents["d/day.csv"].size();
-  journey.companion->click("auto_record");
+  journey.click("auto_record");
   ledger.clear();
   journey.world.run_for(day_s);
-  journey.companion->click("FileStop");
+  journey.click("FileStop");
 
   const std::string& bytes = journey.world.files.contents["d/day.csv"];
   const std::size_t records = (bytes.size() - header) / record_length;
@@ -67,8 +61,12 @@ TEST(DayOfRecording, OneRecordPerSamplingInstantAndNoneDoubled) {
     if (k == 0) first_s = of_day_s;
     const double instant_s = first_s + static_cast<double>(k * sampling_time_s);
     ASSERT_EQ(of_day_s, instant_s < day_s ? instant_s : instant_s - day_s) << record;
+    ASSERT_EQ(record.substr(0, 11), instant_s < day_s ? "11-22-2026," : "11-23-2026,") << record;
+    const auto holds = [&record](const Sent& frame) {
+      return record.compare(v1_field, frame.voltages.size(), frame.voltages) == 0;
+    };
     while (next < ledger.size() && ledger[next].time_s < instant_s - start_of_day_s - 0.5) ++next;
-    while (next < ledger.size() && !holds(record, ledger[next])) ++next;
+    while (next < ledger.size() && !holds(ledger[next])) ++next;
     ASSERT_LT(next, ledger.size()) << "no frame holds " << record;
     ASSERT_LT(ledger[next].time_s, instant_s - start_of_day_s + 0.5) << record;
     ++next;
