@@ -1,6 +1,5 @@
 // The phasor window beside the simulated meter.
 #include <cmath>
-#include <map>
 
 #include "companion_test_base.h"
 
@@ -9,18 +8,17 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-struct PhasorTest : testing::Test {
-  void start(Wiring wiring = Wiring::w3p4w) {
-    journey.meter.settings().wiring = wiring;
-    journey.fix_phase(1, {2000, 10000, 2000, 0, 300});
-    journey.fix_phase(2, {1000, 5000, 500, 1200, 1200});
-    journey.fix_phase(3, {2000, 10000, 2000, -1200, -1200});
-    journey.start_on_port(1);
-    journey.companion->click("phasor_button");
-    journey.world.run_for(1);
+struct PhasorTest : testing::Test, Journey {
+  PhasorTest() {
+    fix_phase(1, {2000, 10000, 2000, 0, 300});
+    fix_phase(2, {1000, 5000, 500, 1200, 1200});
+    fix_phase(3, {2000, 10000, 2000, -1200, -1200});
+    start_on_port(1);
+    click("phasor_button");
+    world.run_for(1);
   }
 
-  const Window& form() const { return journey.companion->screen().phasor_form; }
+  const Window& form() const { return companion->screen().phasor_form; }
 
   // "x,y" of the end of a vector, rounded.
   std::string end_of(const std::string& vector) const {
@@ -29,27 +27,25 @@ struct PhasorTest : testing::Test {
            std::to_string(std::lround(line.top + line.height));
   }
 
-  std::string visible(const Texts& names) const {
+  // One digit for each of these: 1 when it is shown.
+  std::string visible() const {
     std::string state;
-    for (const std::string& name : names) state += form()[name].visible ? '1' : '0';
+    for (const char* name :
+         {"V1_vector", "v2_circle", "v3_vector_label", "I1_square", "i2_vector_label", "I3_vector",
+          "v12_vector", "V31_vector_label", "In_value", "angle_v1v2", "vxy", "v_only"})
+      state += form()[name].visible ? '1' : '0';
     return state;
   }
-
-  Journey journey;
 };
-
-const Texts watched = {"V1_vector", "v2_circle",  "v3_vector_label",  "I1_square", "i2_vector_label",
-                       "I3_vector", "v12_vector", "V31_vector_label", "In_value",  "angle_v1v2",
-                       "vxy",       "v_only"};
 
 // The largest voltage, 200.0 V, reaches 1900 from (7480, 3560), the largest current 1500:
 //   V1 at 0 degrees: 9380, 3560
 //   V2 half as long at -120 degrees: 7480 - 950 x 0.5 = 7005, 3560 + 950 x 0.86603 = 4382.7
 //   V3 at 120 degrees: 7480 - 950 = 6530, 3560 - 1645.5 = 1914.5
 //   I1 lags by 30 degrees: 7480 + 1299.0 = 8779, 3560 + 750 = 4310
-//   V12 = V1 - V2: 7480 + 2375 = 9855, 3560 - 822.7 = 2737.3
+//   V12 = V1 - V2: 7480 + 2375 = 9855, 3560 - 822.7 = 2737.3; at 19.1 degrees its label, 2600 from the
+//   origin, begins at 7480 + 2456.8, 3560 - 851.1
 TEST_F(PhasorTest, VectorsMarkersAndLabelsStandWhereTheReadingPutsThem) {
-  start();
   EXPECT_EQ(end_of("V1_vector"), "9380,3560");
   EXPECT_EQ(end_of("V2_vector"), "7005,4383");
   EXPECT_EQ(end_of("V3_vector"), "6530,1915");
@@ -66,97 +62,81 @@ TEST_F(PhasorTest, VectorsMarkersAndLabelsStandWhereTheReadingPutsThem) {
   EXPECT_NEAR(label.left + label.width, 6455, 1);
   EXPECT_NEAR(label.top, 5335.4, 1);
   EXPECT_EQ(label.tag, "right");
+  EXPECT_NEAR(form()["V12_vector_label"].left, 9936.8, 1);
+  EXPECT_NEAR(form()["V12_vector_label"].top, 2708.9, 1);
   EXPECT_EQ(form()["angle_v1v2"].text, "120.0");
   EXPECT_EQ(form()["angle_v2v3"].text, "120.0");
   EXPECT_EQ(form()["angle_i1i2"].text, "90.0");
-  EXPECT_EQ(form()["VUR_value"].text, journey.text("VUR_value"));
+  EXPECT_EQ(form()["VUR_value"].text, text("VUR_value"));
   EXPECT_EQ(form()["In_label"].text, "In");
 }
 
 TEST_F(PhasorTest, WiringAndCommandsDecideWhatIsShown) {
-  const std::map<Wiring, std::string> by_wiring = {{Wiring::w1p2w, "100100000001"},
-                                                   {Wiring::w1p3w, "110110000001"},
-                                                   {Wiring::w3p3w, "111111111111"},
-                                                   {Wiring::w3p4w, "111111111111"}};
-  for (const auto& [wiring, expected] : by_wiring) {
-    Journey fresh;
-    fresh.meter.settings().wiring = wiring;
-    fresh.start_on_port(1);
-    fresh.companion->click("phasor_button");
-    fresh.world.run_for(1);
-    std::string state;
-    for (const std::string& name : watched)
-      state += fresh.companion->screen().phasor_form[name].visible ? '1' : '0';
-    EXPECT_EQ(state, expected);
-    if (wiring == Wiring::w3p3w) {
-      EXPECT_EQ(fresh.companion->screen().phasor_form["In_label"].text, "Ing");
-    }
+  for (const auto& [wiring, expected] : {std::pair(Wiring::w1p2w, "100100000001"),
+                                         {Wiring::w1p3w, "110110000001"},
+                                         {Wiring::w3p3w, "111111111111"},
+                                         {Wiring::w3p4w, "111111111111"}}) {
+    meter.settings().wiring = wiring;
+    click("get_hz");
+    world.run_for(1);
+    EXPECT_EQ(visible(), expected);
+    EXPECT_EQ(form()["In_label"].text == "Ing", wiring == Wiring::w3p3w);
   }
-  start();
-  const std::vector<std::pair<std::string, std::string>> commands = {{"v_only", "111000001111"},
-                                                                     {"i_only", "000111001111"},
-                                                                     {"vxy", "000000111111"},
-                                                                     {"vi_all", "111111111111"},
-                                                                     {"hide_vxy", "111111001111"}};
-  for (const auto& [command, expected] : commands) {
-    journey.companion->click(command);
-    journey.world.run_for(1);
-    EXPECT_EQ(visible(watched), expected) << command;
+  for (const auto& [command, expected] : {std::pair("v_only", "111000001111"),
+                                          {"i_only", "000111001111"},
+                                          {"vxy", "000000111111"},
+                                          {"vi_all", "111111111111"},
+                                          {"hide_vxy", "111111001111"}}) {
+    click(command);
+    world.run_for(1);
+    EXPECT_EQ(visible(), expected) << command;
   }
-  // Another wiring of the meter takes the vectors of the other phases away.
-  journey.meter.settings().wiring = Wiring::w1p2w;
-  journey.click_after(0, "get_hz");
-  journey.world.run_for(15);
-  EXPECT_EQ(visible(watched), "100100000001");
 }
 
 TEST_F(PhasorTest, EachFrameRedrawsOnceWhileTheWindowIsVisible) {
-  start();
   bool empty = form()["Text1"].text.empty();
   for (int frame = 0; frame < 6; ++frame) {
-    const double from_s = journey.world.clock.monotonic_s();
+    const double from_s = now_s();
     const std::string before = form()["Text1"].text;
-    ASSERT_TRUE(journey.world.run_until([&] { return form()["Text1"].text != before; }, 2));
+    ASSERT_TRUE(world.run_until([&] { return form()["Text1"].text != before; }, 2));
     EXPECT_NE(form()["Text1"].text.empty(), empty);
     empty = !empty;
-    EXPECT_LT(journey.world.clock.monotonic_s() - from_s, 0.6);
+    EXPECT_LT(now_s() - from_s, 0.6);
   }
-  journey.companion->phasor_form_closed();
+  companion->phasor_form_closed();
   const std::string before = form()["Text1"].text;
-  journey.fix_phase(1, {1500, 1, 1, 0, 0});
-  EXPECT_FALSE(journey.world.run_until([&] { return form()["Text1"].text != before; }, 2));
+  fix_phase(1, {1500, 1, 1, 0, 0});
+  EXPECT_FALSE(world.run_until([&] { return form()["Text1"].text != before; }, 2));
   EXPECT_EQ(form()["v1_vector_label"].text, "V1 < 200.0V, 0.0 >") << "the last picture stays";
-  journey.companion->click("phasor_button");
-  journey.world.run_for(1);
+  click("phasor_button");
+  world.run_for(1);
   EXPECT_EQ(form()["v1_vector_label"].text, "V1 < 150.0V, 0.0 >");
 }
 
 TEST_F(PhasorTest, WithoutVoltageTheVectorsHaveNoLength) {
-  start();
-  for (int phase = 1; phase <= 3; ++phase) journey.fix_phase(phase, {0, 0, 0, 0, 0});
-  journey.world.run_for(1);
+  for (int phase = 1; phase <= 3; ++phase) fix_phase(phase, {0, 0, 0, 0, 0});
+  world.run_for(1);
   for (const char* vector : {"V1_vector", "V3_vector", "I2_vector", "v23_vector"})
     EXPECT_EQ(end_of(vector), "7480,3560") << vector;
   EXPECT_EQ(form()["d2_v_value"].text, "OL %");
 }
 
 TEST_F(PhasorTest, OpensOnlyInPowerModeAndPrintsInLandscape) {
-  start();
-  journey.companion->click("print_phasor");
-  ASSERT_EQ(journey.world.printer.documents.size(), 1u);
-  EXPECT_EQ(journey.world.printer.documents[0][0].orientation, Orientation::landscape);
-  EXPECT_EQ(journey.world.printer.documents[0][0].windows, Texts{"PhasorForm"});
-  journey.world.printer.failure = PrintFailure::failed;
-  journey.companion->click("print_phasor");
+  click("print_phasor");
+  ASSERT_EQ(world.printer.documents.size(), 1u);
+  EXPECT_EQ(world.printer.documents[0][0].orientation, Orientation::landscape);
+  EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"PhasorForm"});
+  world.printer.failure = PrintFailure::failed;
+  click("print_phasor");
   EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
-  journey.world.printer.failure = PrintFailure::none;
-  journey.companion->click("print_phasor");
+  world.printer.failure = PrintFailure::none;
+  click("print_phasor");
   EXPECT_EQ(form()["status_hint"].text, "");
-  journey.companion->phasor_form_closed();
-  journey.program().status.meter_mode = harmonics_mode;
-  journey.companion->click("phasor_button");
+  companion->phasor_form_closed();
+  program().status.meter_mode = harmonics_mode;
+  click("phasor_button");
   EXPECT_FALSE(form().visible());
-  EXPECT_EQ(journey.world.dialogs.message_texts(), Texts{"Not in power mode, please press the POWER button"});
+  EXPECT_EQ(world.dialogs.message_texts(), Texts{"Not in power mode, please press the POWER button"});
 }
 
 }  // namespace
