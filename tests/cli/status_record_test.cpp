@@ -12,9 +12,8 @@ TEST(StatusRecord, EveryValueUnderItsNameInTheOrderOfTheReply) {
   MeterStatus status;
   ASSERT_TRUE(read_status_reply(
       "E00000 00005 00002 00001 00000 00004 00300 00010 00000 00007 00000 00015 00001 00003 00001 00002 "
-      "00383 "
-      "00022 00033 00060 16384 00000 00000 00003 00000 00000 01536 00026 00026 00011 00022 00009 00030 00007 "
-      "00012 ",
+      "00383 00022 00033 00060 16384 00000 00000 00003 00000 00000 01536 00026 00026 00011 00022 00009 "
+      "00030 00007 00012 ",
       status));
   EXPECT_EQ(formatted(status_record(status), Format::text),
             "meter_mode=0\nharmonic_channel=5\nwiring_system=2\nfrequency_code=1\npt_ratio=4\n"
