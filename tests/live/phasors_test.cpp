@@ -8,15 +8,12 @@
 namespace halden {
 namespace {
 
-struct Direction {
-  double x, y, tenths;
-};
-
 TEST(Phasors, OwnAtanKnowsAllFourQuadrants) {
-  const std::vector<Direction> directions = {{1, 0, 0},     {1, 1, 450},   {0, 2, 900},
-                                             {-1, 1, 1350}, {-3, 0, 1800}, {-1, -1, -1350},
-                                             {0, -2, -900}, {1, -1, -450}, {0, 0, 0}};
-  for (const Direction& to : directions)
+  const struct {
+    double x, y, tenths;
+  } directions[] = {{1, 0, 0},       {1, 1, 450},   {0, 2, 900},   {-1, 1, 1350}, {-3, 0, 1800},
+                    {-1, -1, -1350}, {0, -2, -900}, {1, -1, -450}, {0, 0, 0}};
+  for (const auto& to : directions)
     EXPECT_NEAR(static_cast<double>(own_atan(to.x, to.y)), to.tenths, 0.003) << to.x << ", " << to.y;
 }
 
@@ -30,8 +27,8 @@ TEST(Phasors, AnglesAreCountedFromV1AndBroughtIntoRangeOnce) {
 }
 
 struct Supply : testing::Test {
-  // Angles of V2 and V3 are -120 and 120 degrees.
-  void apply(PerPhase<double> v, PerPhase<std::int32_t> lines, PerPhase<double> i) {
+  // The unbalance texts and the neutral values, with V2 and V3 at -120 and 120 degrees.
+  std::string shown(PerPhase<double> v, PerPhase<std::int32_t> lines, PerPhase<double> i) {
     raw.v_raw = v;
     raw.line_raw = lines;
     raw.i_raw = i;
@@ -39,20 +36,12 @@ struct Supply : testing::Test {
     raw.i_angle = {0, 1200, -1200};
     angles = calculate_vi_angles(raw);
     calculate_unbalance(raw, angles, scaling, screen.meter_rec, screen.phasor_form);
-  }
-
-  std::string shown() {
     std::string texts;
     for (const Panel& panel : unbalance_panels()) texts += screen.meter_rec[panel.value].text + "|";
     return texts + screen.phasor_form["Vn_value"].text + "|" + screen.phasor_form["In_value"].text;
   }
 
-  Scaling scaling = [] {
-    Scaling one;
-    one.ct_ratio = one.pt_ratio = 1;
-    one.current_range = 1;
-    return one;
-  }();
+  const Scaling scaling{1, 1, 1.0F, 1};
   LiveReadings raw;
   PhasorAngles angles;
   Screen screen;
@@ -68,21 +57,20 @@ struct Supply : testing::Test {
 // Raw currents 100, 99 and 102.5: their mean of 100.5 is a tie that goes to the even 100, IUR = 2.5 / 100;
 //   sum 100 - 49.5 - 51.25 = -0.75 and (102.5 - 99) x 0.8660 = 3.031, together 3.12; 3.12 / 301.5 = 1.04 %
 TEST_F(Supply, AnUnbalancedOneWorkedOutOnPaper) {
-  apply({2300, 2200, 2100}, {3897, 3724, 3811}, {100, 99, 102.5});
-  EXPECT_EQ(shown(), "2.27%|2.62%|2.62%|2.50%|1.04%|1.04%|017.3V|0.003A");
+  EXPECT_EQ(shown({2300, 2200, 2100}, {3897, 3724, 3811}, {100, 99, 102.5}),
+            "2.27%|2.62%|2.62%|2.50%|1.04%|1.04%|017.3V|0.003A");
   EXPECT_NEAR(static_cast<double>(angles.v12_phasor_angle), 292.6, 0.1);
   EXPECT_NEAR(static_cast<double>(angles.v23_phasor_angle), -907.7, 0.1);
   EXPECT_EQ(angles.v31_phasor_angle, 1515);
 }
 
 TEST_F(Supply, BalancedDeadAndOneSided) {
-  apply({2300, 2300, 2300}, {3983, 3983, 3983}, {5000, 5000, 5000});
-  EXPECT_EQ(shown(), "0.00%|0.00%|0.00%|0.00%|0.00%|0.00%|000.0V|0.000A");
-  apply({0, 0, 0}, {0, 0, 0}, {0, 0, 0});
-  EXPECT_EQ(shown(), "OL %|OL %|OL %|OL %|OL %|OL %|000.0V|0.000A");
+  EXPECT_EQ(shown({2300, 2300, 2300}, {3983, 3983, 3983}, {5000, 5000, 5000}),
+            "0.00%|0.00%|0.00%|0.00%|0.00%|0.00%|000.0V|0.000A");
+  EXPECT_EQ(shown({0, 0, 0}, {0, 0, 0}, {0, 0, 0}), "OL %|OL %|OL %|OL %|OL %|OL %|000.0V|0.000A");
   // One phase alone: all three components are equal, and the mean deviation is twice the mean.
-  apply({2300, 0, 0}, {2300, 0, 2300}, {5000, 0, 0});
-  EXPECT_EQ(shown(), "OL %|OL %|OL %|OL %|OL %|OL %|230.0V|5.000A");
+  EXPECT_EQ(shown({2300, 0, 0}, {2300, 0, 2300}, {5000, 0, 0}),
+            "OL %|OL %|OL %|OL %|OL %|OL %|230.0V|5.000A");
 }
 
 }  // namespace
