@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 
 #include "screen/main_window.h"
+#include "screen/menus.h"
 
 namespace halden {
 namespace {
@@ -53,6 +55,19 @@ TEST(Captions, ControlsStartWithTheirDesignedTexts) {
             "Portuguese|V7.00|&Plot Power Data|close|");
   for (const char* hidden : {"Warning", "hold", "record_button", "Harmo_Graph1", "HScroll1", "CF_value"})
     EXPECT_FALSE(screen.meter_rec[hidden].visible) << hidden;
+}
+
+TEST(Menus, ParentsStandBeforeTheirChildren) {
+  std::map<std::string, int> children{{"", 0}};
+  for (const MenuEntry& entry : menu_entries()) {
+    ASSERT_TRUE(children.count(std::string(entry.parent))) << entry.name;
+    ++children[std::string(entry.parent)];
+    EXPECT_TRUE(children.emplace(entry.name, 0).second) << "twice: " << entry.name;
+  }
+  EXPECT_EQ(children[""], 6);
+  EXPECT_EQ(children["zmenu"], 9);
+  EXPECT_EQ(children["comm_port"], 16);
+  EXPECT_EQ(children["HelpUserManual"], 6);
 }
 
 }  // namespace
