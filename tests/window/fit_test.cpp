@@ -1,9 +1,11 @@
 // Nothing is clipped: every text of the main window fits its place in both languages, for all wiring systems,
-// from the smallest window to a very large one.
+// from the smallest window to a very large one; so does every text of the phasor window.
 
 #include <QAbstractButton>
 #include <QFontMetricsF>
 
+#include "live/ui/phasor_diagram.h"
+#include "live/ui/phasor_form.h"
 #include "meter_rec_fixture.h"
 #include "screen/captions.h"
 #include "screen/panels.h"
@@ -12,39 +14,27 @@ namespace halden {
 
 namespace {
 
+void expect_fits(const QWidget* shown, const std::string& where) {
+  ASSERT_NE(shown, nullptr) << where;
+  if (!shown->isVisible()) return;
+  constexpr int button_frame = 14;  // line and padding on both sides
+  const int frame = qobject_cast<const QAbstractButton*>(shown) != nullptr ? button_frame : 0;
+  const QString text = shown->property("text").toString();
+  const QFontMetricsF metrics(shown->font());
+  EXPECT_LE(metrics.horizontalAdvance(text), shown->width() - frame) << where;
+  EXPECT_LE(metrics.tightBoundingRect(text).height(), shown->height()) << where;
+}
+
 struct FitTest : MeterRecTest {
   void fill_with_widest() {
     for (const DesignedControl& designed : main_window_design())
       if (!designed.widest.empty()) values[designed.name].text = designed.widest;
   }
 
-  void show_language(std::int16_t language) {
-    apply_captions(language, screen);
-    values["PQA_mode"].text = language == chinese ? "諧波與波形" : "Harmo. and Waveform";
-    values["power_system"].text = language == chinese ? "三相四線" : "3P4W";
-    values["Label1_1"].text = "3600.0 SEC";
-    values["Label1_3"].text = "12:30:44";
-    values["Label1_5"].text = "2026-11-22";
-    for (const char* hidden : {"hold", "Warning", "record_button"}) values[hidden].visible = true;
-  }
-
   void expect_nothing_clipped(const std::string& where) {
     for (const DesignedControl& designed : main_window_design())
       if (designed.kind != ControlKind::menu_item && designed.kind != ControlKind::status)
-        expect_fits(designed, where);
-  }
-
-  void expect_fits(const DesignedControl& designed, const std::string& where) {
-    QWidget* const shown = widget(designed.name);
-    ASSERT_NE(shown, nullptr) << designed.name;
-    if (!shown->isVisible()) return;
-    constexpr int button_frame = 14;  // line and padding on both sides
-    const bool is_button = qobject_cast<QAbstractButton*>(shown) != nullptr;
-    const QString text = shown->property("text").toString();
-    const QFontMetricsF metrics(shown->font());
-    EXPECT_LE(metrics.horizontalAdvance(text), shown->width() - (is_button ? button_frame : 0))
-        << designed.name << where;
-    EXPECT_LE(metrics.tightBoundingRect(text).height(), shown->height()) << designed.name << where;
+        expect_fits(widget(designed.name), designed.name + where);
   }
 
   int digits(std::string_view value) { return widget(value)->font().pixelSize(); }
@@ -52,8 +42,17 @@ struct FitTest : MeterRecTest {
 
 TEST_F(FitTest, NoTextIsClippedAtAnySize) {
   fill_with_widest();
+  for (const auto& panels : {harmonic_cursor_panels(), wave_summary_panels()})
+    for (const Panel& panel : panels) values[panel.value].visible = values[panel.label].visible = true;
+  for (const char* hidden : {"hold", "Warning", "record_button", "Harmo_Graph1"})
+    values[hidden].visible = true;
+  values["Label1_1"].text = "3600.0 SEC";
+  values["Label1_3"].text = "12:30:44";
+  values["Label1_5"].text = "2026-11-22";
   for (const std::int16_t language : {english, chinese}) {
-    show_language(language);
+    apply_captions(language, screen);
+    values["PQA_mode"].text = language == chinese ? "諧波與波形" : "Harmo. and Waveform";
+    values["power_system"].text = language == chinese ? "三相四線" : "3P4W";
     for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1024, 1400), QSize(3840, 2160)})
       for (int system = 0; system <= 3; ++system) {
         arrange_for_system(system, values, columns);
@@ -64,23 +63,17 @@ TEST_F(FitTest, NoTextIsClippedAtAnySize) {
   }
 }
 
-TEST_F(FitTest, HarmonicsViewIsNotClipped) {
-  fill_with_widest();
-  show_language(chinese);
-  for (const auto& panels : {harmonic_cursor_panels(), wave_summary_panels()})
-    for (const Panel& panel : panels) values[panel.value].visible = values[panel.label].visible = true;
-  values["Harmo_Graph1"].visible = true;
-  resize(1024, 700);
-  expect_nothing_clipped(" in the harmonics view");
-}
-
-TEST_F(FitTest, DigitsGrowWithTheWindowAndAreEquallyLargeInAGroup) {
+TEST_F(FitTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
   fill_with_widest();
   resize(1024, 700);
+  const QSize panel = widget("V12_value")->parentWidget()->size();
   const int small = digits("VAR1_value");
   EXPECT_GE(small, 14);
   for (const char* caption : {"V1_label", "Q1_label", "VUR_label", "Phase3_label", "system_label"})
     EXPECT_GE(digits(caption), 11) << caption;
+  resize(1024, 1400);
+  EXPECT_EQ(widget("V12_value")->parentWidget()->width(), panel.width());
+  EXPECT_GT(widget("V12_value")->parentWidget()->height(), 2 * panel.height());
   resize(2048, 1400);
   EXPECT_GE(digits("VAR1_value"), 2 * small - 2);
   for (int phase = 0; phase < phase_count; ++phase)
@@ -100,6 +93,44 @@ TEST_F(FitTest, ATextLongerThanExpectedShrinksAlone) {
   values["W1_value"].text = "1.000KW";
   rec.show_changes();
   EXPECT_EQ(digits("W1_value"), usual);
+}
+
+TEST(PhasorFit, NoTextIsClippedAtAnySize) {
+  apply_to_application(Look::light);
+  Window values = make_phasor_form();
+  PhasorForm form(values, {[](std::string_view) {}, [] {}, [] {}, [] { return false; }}, Look::light);
+  std::vector<std::string_view> names;
+  for (const PhasorButton& button : phasor_buttons()) names.push_back(button.name);
+  for (const PhasorPair& pair : phasor_pairs()) {
+    names.insert(names.end(), {pair.caption_name, pair.value});
+    values[pair.value].text = "-000.0";
+  }
+  for (const Panel& panel : phasor_panels()) {
+    names.insert(names.end(), {panel.label, panel.value});
+    values[panel.value].text = "000.0KV";
+  }
+  // Both ways a label can extend from the outermost ring, at the height of the origin.
+  for (const PhasorVector& vector : phasor_vectors()) {
+    Control& label = values[vector.label];
+    const bool leftward = vector.phase == 1;
+    label.text = widest_vector_label;
+    label.tag = leftward ? right_end_tag : "";
+    label.left = leftward ? 7480 - 2600 - label.width : 7480 + 2600;
+    label.top = 3560;
+  }
+  values.show();
+  form.show_changes();
+  for (const QSize size : {QSize(800, 560), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
+    form.resize(size);
+    QCoreApplication::sendPostedEvents();
+    for (const std::string_view name : names)
+      expect_fits(form.findChild<QWidget*>(to_qt(name)), std::string(name));
+    const auto* const diagram = form.findChild<PhasorDiagram*>();
+    for (const DiagramLabel& label : diagram->labels()) {
+      EXPECT_TRUE(QRectF(diagram->rect()).contains(label.place)) << size.width();
+      EXPECT_LE(QFontMetricsF(diagram->label_font()).horizontalAdvance(label.text), label.place.width());
+    }
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The notice window, the status line, the colours, the paper, and the demo's buttons.
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -64,8 +65,18 @@ TEST(LinkLight, StatesDifferInShape) {
   const std::array tags = {"ok", "idle", "lost"};
   for (const char* one : tags)
     for (const char* other : tags) EXPECT_EQ(shape_of(one) == shape_of(other), one == other) << one << other;
-  EXPECT_EQ(link_mark(""), LinkMark::none);
 }
+
+// Counts the windows that come to the screen.
+class ShownWindows : public QObject {
+ public:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    count += event->type() == QEvent::Show && watched->isWidgetType() &&
+             static_cast<QWidget*>(watched)->isWindow();
+    return false;
+  }
+  int count = 0;
+};
 
 // The colours of the window, the bar at the left edge of a panel, and the panel.
 std::array<QString, 3> colours(const QImage& window, const QWidget& panel, const QWidget& top) {
@@ -74,17 +85,24 @@ std::array<QString, 3> colours(const QImage& window, const QWidget& panel, const
           window.pixelColor(left + QPoint(panel.width() / 2, 0)).name()};
 }
 
-TEST(Colours, PanelsFollowTheLookAndPaperIsLight) {
+TEST(Colours, PanelsFollowTheLookAndPaperIsLightAndOpensNoWindow) {
   const std::array dark = {QStringLiteral("#14171a"), QStringLiteral("#4cd3a2"), QStringLiteral("#1d2126")};
   const std::array light = {QStringLiteral("#eef0f2"), QStringLiteral("#047857"), QStringLiteral("#ffffff")};
   for (const Look look : {Look::dark, Look::light}) {
     apply_to_application(look);
     Screen screen;
+    screen.meter_rec.show();
     MeterRec rec(screen.meter_rec, {[](std::string_view) {}, [] {}, [] {}}, look);
+    rec.show_changes();
     const QWidget* const panel = rec.findChild<QWidget*>(QStringLiteral("V2_value"))->parentWidget();
     const auto& shown = look == Look::dark ? dark : light;
     EXPECT_EQ(colours(rec.grab().toImage(), *panel, rec), shown);
-    EXPECT_EQ(colours(rec.paper_image(), *panel, rec), light);
+    ShownWindows others;
+    qApp->installEventFilter(&others);
+    const QImage paper = rec.paper_image();
+    EXPECT_EQ(others.count, 0);
+    EXPECT_EQ(paper.deviceIndependentSize().toSize(), rec.size());
+    EXPECT_EQ(colours(paper, *panel, rec), light);
     EXPECT_EQ(colours(rec.grab().toImage(), *panel, rec), shown);
   }
 }
@@ -98,14 +116,12 @@ TEST(DemoPanel, ButtonsActOnTheMeter) {
   const auto button = [&panel](const char* name) {
     return panel.findChild<QPushButton*>(QLatin1String(name));
   };
-  button("demo_harmonics")->click();
+  for (const char* pressed : {"demo_harmonics", "demo_3p3w", "demo_i2"}) button(pressed)->click();
   EXPECT_EQ(meter.settings().mode, MeterMode::harmonics);
+  EXPECT_EQ(meter.settings().wiring, Wiring::w3p3w);
+  EXPECT_EQ(meter.settings().channel, 3);
   button("demo_power")->click();
   EXPECT_EQ(meter.settings().mode, MeterMode::power);
-  button("demo_3p3w")->click();
-  EXPECT_EQ(meter.settings().wiring, Wiring::w3p3w);
-  button("demo_i2")->click();
-  EXPECT_EQ(meter.settings().channel, 3);
   for (const PortState state : {PortState::vanished, PortState::open}) {
     button("demo_cable_out")->click();
     EXPECT_EQ(port.state(), state);

@@ -52,23 +52,21 @@ class QtDialogsTest : public testing::Test {
   QtDialogs dialogs_{world_};
 };
 
+// Title, text and icon: 0 is none, 1 information, 2 a warning.
 TEST_F(QtDialogsTest, AMessageShowsExactlyItsText) {
-  const std::tuple<Message, const char*, QMessageBox::Icon> rows[] = {
-      {{"Press <b>HARMO</b> & wait\n\nagain", "", Icon::none}, "Halden", QMessageBox::NoIcon},
-      {{"COM 3 not available", "Port", Icon::exclamation}, "Port", QMessageBox::Warning},
-      {{"電力", "About", Icon::information}, "About", QMessageBox::Information}};
-  for (const auto& [message, title, icon] : rows) {
-    bool seen = false;
-    when_open<QMessageBox>([&, &message = message, title = title, icon = icon](QMessageBox& box) {
-      seen = true;
-      EXPECT_EQ(box.text().toStdString(), message.text);
+  const std::pair<Message, const char*> rows[] = {
+      {{"Press <b>HARMO</b> & wait\n\nagain", "", Icon::none}, "Halden|Press <b>HARMO</b> & wait\n\nagain|0"},
+      {{"COM 3 not available", "Port", Icon::exclamation}, "Port|COM 3 not available|2"},
+      {{"電力", "About", Icon::information}, "About|電力|1"}};
+  for (const auto& [message, expected] : rows) {
+    QString seen;
+    when_open<QMessageBox>([&seen](QMessageBox& box) {
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
-      EXPECT_EQ(box.windowTitle().toStdString(), title);
-      EXPECT_EQ(box.icon(), icon);
+      seen = QStringLiteral("%1|%2|%3").arg(box.windowTitle(), box.text()).arg(box.icon());
       box.button(QMessageBox::Ok)->click();
     });
     dialogs_.message(message);
-    EXPECT_TRUE(seen);
+    EXPECT_EQ(seen.toStdString(), expected);
   }
 }
 
@@ -126,41 +124,33 @@ TEST_F(QtDialogsTest, InputGivesTheEditedTextOrNothing) {
   }
 }
 
-class FileQuestionTest : public QtDialogsTest {
- protected:
-  // What the dialog gives when `name` is typed and accepted.
-  std::optional<std::string> type(const QString& name) {
-    when_open<QFileDialog>([this, name](QFileDialog& box) {
-      filters_ = box.nameFilters();
-      box.setDirectory(folder_.path());
-      box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-      QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
-    });
-    return dialogs_.save_file({{{"csv Files(*.csv)", "*.csv"}, {"All Files", "*.*"}}, ".csv", "20260131"});
-  }
-
-  std::string path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)).toStdString(); }
-
-  QTemporaryDir folder_;
-  QStringList filters_;
-};
-
 // The logic asks about an existing file in its own words; a second question would hang this test.
-TEST_F(FileQuestionTest, ANameThatIsNotAFileYetGetsTheDefaultExtension) {
+TEST_F(QtDialogsTest, ANameThatIsNotAFileYetGetsTheDefaultExtension) {
+  const QTemporaryDir folder;
+  const auto path = [&](const char* name) { return folder.filePath(QString::fromUtf8(name)); };
   for (const char* name : {"old.csv", "without_extension"})
-    ASSERT_TRUE(QFile(QString::fromStdString(path(name))).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile(path(name)).open(QIODevice::WriteOnly));
   const std::pair<const char*, const char*> rows[] = {{"load.txt", "load.txt"},
                                                       {"two words", "two words.csv"},
                                                       {"紀錄", "紀錄.csv"},
                                                       {"old.csv", "old.csv"},
                                                       {"without_extension", "without_extension"}};
-  for (const auto& [typed, chosen] : rows) EXPECT_EQ(type(QString::fromUtf8(typed)), path(chosen)) << typed;
-  EXPECT_EQ(filters_, QStringList({QStringLiteral("csv Files(*.csv)"), QStringLiteral("All Files (*.*)")}));
+  for (const auto& [typed, chosen] : rows) {
+    when_open<QFileDialog>([&folder, name = QString::fromUtf8(typed)](QFileDialog& box) {
+      EXPECT_EQ(box.nameFilters(),
+                QStringList({QStringLiteral("csv Files(*.csv)"), QStringLiteral("All Files (*.*)")}));
+      box.setDirectory(folder.path());
+      box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+      QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
+    });
+    const FileQuestion question = {{{"csv Files(*.csv)", "*.csv"}, {"All Files", "*.*"}}, ".csv", "20260131"};
+    EXPECT_EQ(dialogs_.save_file(question), path(chosen).toStdString()) << typed;
+  }
   const auto in_folder = with_default_extension(QStringLiteral("/site.v2/load"), QStringLiteral(".csv"));
   EXPECT_EQ(in_folder, QStringLiteral("/site.v2/load.csv"));
 }
 
-TEST_F(FileQuestionTest, CancellingGivesNothing) {
+TEST_F(QtDialogsTest, CancellingAFileQuestionGivesNothing) {
   for (const bool saving : {true, false}) {
     when_open<QFileDialog>([](QFileDialog& box) { box.reject(); });
     EXPECT_EQ(saving ? dialogs_.save_file({}) : dialogs_.open_file({}), std::nullopt);
@@ -234,15 +224,21 @@ class QtPrinterTest : public testing::Test {
   QtPrinter printer_;
 };
 
-TEST_F(QtPrinterTest, PrintsLinesOnPages) {
+TEST_F(QtPrinterTest, PrintsLinesAndWindowsOnPages) {
+  QImage image(400, 300, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  printer_.add_window("MeterRec", [&] { return image; });
+  printer_.add_window("Empty", [] { return QImage(); });
   printer_.set_orientation(Orientation::landscape);
   printer_.set_font({"Courier New", 10.0, true});
   printer_.print_line(600, 600, "V12 電壓 230.1");
   printer_.new_page();
-  printer_.print_line(600, 600, "second page");
-  expect_printed(2, 0);
-  printer_.print_line(0, 0, "a new document");
-  expect_printed(1, 0);
+  printer_.print_window("MeterRec");
+  expect_printed(2, 1);
+  for (const char* name : {"Empty", "no such window"}) {
+    printer_.print_window(name);
+    EXPECT_EQ(printer_.finish(), PrintFailure::failed) << name;
+  }
 }
 
 // The paper is A4 or US Letter: 8.27 x 11.69 or 8.5 x 11 inch of 1440 units each.
@@ -261,19 +257,6 @@ TEST_F(QtPrinterTest, MeasuresInUnitsOf1440ToTheInch) {
   EXPECT_LT(width, 12 * 1440);
   printer_.set_font({"", 36.0, false});
   EXPECT_NEAR(printer_.text_width("MMMMMMMMMM"), width / 2, width / 50);
-}
-
-TEST_F(QtPrinterTest, PrintsTheImageOfAWindow) {
-  QImage image(400, 300, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  printer_.add_window("MeterRec", [&] { return image; });
-  printer_.add_window("Empty", [] { return QImage(); });
-  printer_.print_window("MeterRec");
-  expect_printed(1, 1);
-  for (const char* name : {"Empty", "no such window"}) {
-    printer_.print_window(name);
-    EXPECT_EQ(printer_.finish(), PrintFailure::failed) << name;
-  }
 }
 
 TEST_F(QtPrinterTest, AFailureIsToldOnceAndTheNextDocumentIsPrinted) {
