@@ -13,19 +13,6 @@ bool contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-TEST(Status, PrintsWhatTheMeterSays) {
-  MeterProcess meter({"--wiring", "3P3W", "--mode", "harmonics"});
-  EXPECT_EQ(meter.command("channel 4"), "ok");
-  const Ended ended = run_to_end({"haldenctl", "status", "--port", meter.port(), "--format", "json"});
-  EXPECT_EQ(ended.exit_code, 0);
-  EXPECT_EQ(ended.errors, "");
-  const std::regex expected(
-      R"(\{"meter_mode":0,"harmonic_channel":4,"wiring_system":2,"frequency_code":1,.*"current_scale":1\.0,)"
-      R"(.*"meter_year":"2\d{3}","meter_month":"\d\d",.*"meter_second":"\d\d","logger_file_count":0\}\n)");
-  EXPECT_TRUE(std::regex_match(ended.output, expected)) << ended.output;
-  EXPECT_EQ(meter.command("log"), "2 \"? \"") << "one request, and one for the poll that follows it";
-}
-
 TEST(Status, ASilentMeterIsAFailure) {
   MeterProcess meter({"--fault", "silence"});
   const Ended ended = run_to_end({"haldenctl", "status", "--port", meter.port()});
