@@ -45,6 +45,31 @@ TEST(Set, SendsOneCharacterAtATimeAndPrintsWhatTheMeterHolds) {
   EXPECT_TRUE(std::regex_search(log, std::regex(R"re("\? +C7\\r\? +")re"))) << log;
 }
 
+// A block of a file: two header lines of 32 and 417 characters, then records of 418; the second one is
+// interrupted.
+TEST(Record, WritesWholeLinesAndAppendsOnlyWhenTold) {
+  constexpr std::size_t headers = 32 + 2 + 417 + 2, record = 418 + 2;
+  MeterProcess meter;
+  const std::string file = meter.folder() / "電力 1.csv";
+  const auto recorded = [&meter] { return meter.folder().read("電力 1.csv").size(); };
+  const auto with = [&](const std::string& option, const std::string& value) {
+    return std::vector<std::string>{"haldenctl", "record", "--port", meter.port(),
+                                    "--out",     file,     option,   value};
+  };
+  const Ended first = run_to_end(with("--records", "2"));
+  EXPECT_EQ(first.output, "file=" + file + "\nrecords=2\n") << first.errors;
+  EXPECT_EQ(recorded(), headers + 2 * record);
+  EXPECT_EQ(run_to_end(with("--records", "2")).errors,
+            file + " exists. Give --append to write behind what it holds.\n");
+  Process second(with("--append", "--sample=2"));
+  for (int looks = 0; looks < 1500 && recorded() < 2 * headers + 3 * record; ++looks)
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  second.send_signal(SIGINT);
+  EXPECT_EQ(second.exit_code(), 0) << second.errors();
+  EXPECT_EQ((recorded() - 2 * headers) % record, 0u);
+  EXPECT_GE(recorded(), 2 * headers + 3 * record);
+}
+
 // The load of the live power scenario, where every digit is worked out by hand.
 void expect_worked_load(MeterProcess& meter, const Surroundings& surroundings) {
   const std::string panels =
