@@ -2,6 +2,8 @@
 
 #include <array>
 #include <span>
+#include <string_view>
+#include <vector>
 
 #include "formats/record_field.h"
 #include "screen/panels.h"
@@ -80,13 +82,6 @@ std::string power_column_line(std::int16_t wiring_system) {
   std::string line;
   for (const ColumnGroup& group : columns_of(wiring_system)) line += group.names;
   return line;
-}
-
-std::vector<std::string_view> power_panels(std::int16_t wiring_system) {
-  Panels panels;
-  for (const ColumnGroup& group : columns_of(wiring_system))
-    panels.insert(panels.end(), group.panels.begin(), group.panels.end());
-  return panels;
 }
 
 std::string power_record(std::int16_t wiring_system, const Date& date, const Window& meter_rec) {

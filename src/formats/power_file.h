@@ -11,8 +11,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "platform/clock.h"
 #include "screen/window.h"
@@ -21,9 +19,6 @@ namespace halden {
 
 // The line of the column names; empty for a wiring system other than 0 to 3.
 std::string power_column_line(std::int16_t wiring_system);
-
-// The panels of a record in the order of their columns, without DATE and TIME; none for an unknown system.
-std::vector<std::string_view> power_panels(std::int16_t wiring_system);
 
 // One record without its line end: the texts that the main window shows. Empty for an unknown system.
 std::string power_record(std::int16_t wiring_system, const Date& date, const Window& meter_rec);

@@ -91,6 +91,8 @@ TEST_F(PhasorTest, WiringAndCommandsDecideWhatIsShown) {
     world.run_for(1);
     EXPECT_EQ(visible(), expected) << command;
   }
+  companion->phasor_form_resized();
+  EXPECT_EQ(visible(), "111111111111") << "as after loading";
 }
 
 TEST_F(PhasorTest, EachFrameRedrawsOnceWhileTheWindowIsVisible) {

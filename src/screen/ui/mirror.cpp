@@ -119,10 +119,4 @@ bool Mirror::show_changes() {
   return moved;
 }
 
-void Mirror::show_all() {
-  for (Tie& tie : ties_) tie.fresh = true;
-  shown_revision_ = 0;
-  show_changes();
-}
-
 }  // namespace halden

@@ -45,9 +45,6 @@ class Mirror {
   // Brings all widgets up to date. True when the place or the visibility of some control has changed.
   bool show_changes();
 
-  // The same for all controls, also those that did not change.
-  void show_all();
-
  private:
   struct Tie {
     std::string control;
