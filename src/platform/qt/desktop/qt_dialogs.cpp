@@ -32,13 +32,12 @@ void fill(QMessageBox& box, const Message& message) {
   box.setIcon(box_icons[static_cast<int>(message.icon)]);
 }
 
-// A caption that shows its pattern already stays as it is.
+// The pattern behind each caption is not shown. To Qt "*.*" means names with a dot only.
 QStringList name_filters(const std::vector<FileFilter>& filters) {
   QStringList result;
   for (const auto& filter : filters) {
-    const QString caption = QString::fromStdString(filter.caption);
-    const QString shown_pattern = QStringLiteral("(%1)").arg(QString::fromStdString(filter.pattern));
-    result << (caption.endsWith(shown_pattern) ? caption : caption + QLatin1Char(' ') + shown_pattern);
+    const std::string pattern = filter.pattern == "*.*" ? "*" : filter.pattern;
+    result << QString::fromStdString(filter.caption + "(" + pattern + ")");
   }
   return result;
 }
@@ -130,6 +129,7 @@ std::optional<std::string> QtDialogs::save_file(const FileQuestion& question) {
 std::optional<std::string> QtDialogs::choose_file(QFileDialog& box, const FileQuestion& question) {
   box.setObjectName(QStringLiteral("file_box"));
   if (!folder_.isEmpty()) box.setDirectory(folder_);
+  box.setOption(QFileDialog::HideNameFilterDetails);
   if (!question.filters.empty()) box.setNameFilters(name_filters(question.filters));
   if (!question.suggested_name.empty()) box.selectFile(QString::fromStdString(question.suggested_name));
   if (wait_for_answer(box) != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
