@@ -129,7 +129,10 @@ void Companion::connect_recording() {
 
 void Companion::connect_phasors() {
   Program& on = *program_;
-  actions_["phasor_button"] = [&on] { on.phasors.open(); };
+  actions_["phasor_button"] = [&on] {
+    on.screen.phasor_form["status_hint"].text.clear();
+    on.phasors.open();
+  };
   actions_["v_only"] = [&on] { on.phasors.v_only(); };
   actions_["i_only"] = [&on] { on.phasors.i_only(); };
   actions_["vi_all"] = [&on] { on.phasors.vi_all(); };

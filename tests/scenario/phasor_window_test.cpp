@@ -128,12 +128,14 @@ TEST_F(PhasorTest, OpensOnlyInPowerModeAndPrintsInLandscape) {
   ASSERT_EQ(world.printer.documents.size(), 1u);
   EXPECT_EQ(world.printer.documents[0][0].orientation, Orientation::landscape);
   EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"PhasorForm"});
-  world.printer.failure = PrintFailure::failed;
-  click("print_phasor");
-  EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
-  world.printer.failure = PrintFailure::none;
-  click("print_phasor");
-  EXPECT_EQ(form()["status_hint"].text, "");
+  for (const char* gone_with : {"print_phasor", "phasor_button"}) {
+    world.printer.failure = PrintFailure::failed;
+    click("print_phasor");
+    EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
+    world.printer.failure = PrintFailure::none;
+    click(gone_with);
+    EXPECT_EQ(form()["status_hint"].text, "") << gone_with;
+  }
   companion->phasor_form_closed();
   program().status.meter_mode = harmonics_mode;
   click("phasor_button");

@@ -93,6 +93,20 @@ TEST_F(SettingsTest, EnergiesAndDemandsStartAnewAfterEverySetting) {
   }
 }
 
+// Windows take no typing while an exchange runs: what slips into its last turns is overwritten.
+TEST_F(SettingsTest, TheExchangeLastsUntilTheBoxesAreFilledAgain) {
+  bool ran = false;
+  click_after(0, "set_ct");
+  world.user_does(0.2, [&] {
+    ran = companion->exchange_runs();
+    type("md_value", "99");
+  });
+  world.run_for(30);
+  EXPECT_TRUE(ran);
+  EXPECT_FALSE(companion->exchange_runs());
+  EXPECT_EQ(values("md"), "15|");
+}
+
 // PT alone lets pending events run once, directly after its letter.
 TEST_F(SettingsTest, OnlyPtLetsEventsThroughAndOnlyOnce) {
   for (const bool pt : {true, false}) {
