@@ -1,7 +1,10 @@
 # How a room becomes a target.
 #
-# Logic rooms are C++20 and the standard library. They never link Qt, and Qt's include folders come only with
-# its targets: a Qt include in a logic room does not compile. That is the wall between logic and widgets.
+# Two walls keep the rooms apart, and both stop the build:
+# - Logic rooms are C++20 and the standard library. They never link Qt, and Qt's include folders come only with
+#   its targets: a Qt include in a logic room does not compile.
+# - A room may include only its own headers and those of the rooms that its USES names
+#   (cmake/check_includes.cmake).
 
 add_library(halden_warnings INTERFACE)
 target_compile_options(halden_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
@@ -14,6 +17,28 @@ if(HALDEN_SANITIZE)
   target_link_options(halden_warnings INTERFACE -fsanitize=address,undefined)
 endif()
 
+# halden_check_includes(TARGET FOLDER USES rooms... FILES files...): before the target is built, its files are
+# searched for includes of headers of other rooms.
+function(halden_check_includes target folder)
+  cmake_parse_arguments(CHECK "" "" "USES;FILES" ${ARGN})
+  set(allowed ${folder})
+  foreach(room ${CHECK_USES})
+    get_target_property(used halden_${room} HALDEN_FOLDER)
+    list(APPEND allowed ${used})
+  endforeach()
+  set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}.includes)
+  file(GENERATE OUTPUT ${stamp}.args CONTENT "${PROJECT_SOURCE_DIR}/src\n${allowed}\n${CHECK_FILES}\n")
+  add_custom_command(
+    OUTPUT ${stamp}
+    COMMAND ${CMAKE_COMMAND} -P ${PROJECT_SOURCE_DIR}/cmake/check_includes.cmake ${stamp}.args
+    COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+    DEPENDS ${CHECK_FILES} ${stamp}.args ${PROJECT_SOURCE_DIR}/cmake/check_includes.cmake
+    COMMENT "Checking the includes of ${target}"
+    VERBATIM)
+  add_custom_target(${target}_includes DEPENDS ${stamp})
+  add_dependencies(${target} ${target}_includes)
+endfunction()
+
 # halden_room(NAME [FOLDER dir] [USES rooms...]): a logic library from the .cpp files in the root of its folder.
 function(halden_room name)
   cmake_parse_arguments(ROOM "" "FOLDER" "USES" ${ARGN})
@@ -22,8 +47,11 @@ function(halden_room name)
   endif()
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "main\\.cpp$")
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ROOM_FOLDER}/*.h)
   add_library(halden_${name} STATIC ${sources})
+  set_target_properties(halden_${name} PROPERTIES HALDEN_FOLDER ${ROOM_FOLDER})
   target_include_directories(halden_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  halden_check_includes(halden_${name} ${ROOM_FOLDER} USES ${ROOM_USES} FILES ${sources} ${headers})
   list(TRANSFORM ROOM_USES PREPEND halden_)
   target_link_libraries(halden_${name} PUBLIC ${ROOM_USES} PRIVATE halden_warnings)
 endfunction()

@@ -21,11 +21,9 @@ std::optional<std::string> Configuration::first_line(const char* name) const {
   return piece.bytes.substr(0, piece.bytes.find_first_of(std::string_view("\r\n\0", 3)));
 }
 
-std::optional<std::int16_t> Configuration::read_language() const {
+Language Configuration::read_language() const {
   const std::optional<std::string> line = first_line(language_file);
-  if (!line) return std::nullopt;
-  const char first = line->empty() ? ' ' : line->front();
-  return first >= '0' && first <= '9' ? static_cast<std::int16_t>(first - '0') : std::int16_t{0};
+  return line && line->starts_with('1') ? Language::chinese : Language::english;
 }
 
 std::optional<std::string> Configuration::read_port() const {
@@ -36,12 +34,19 @@ std::optional<std::string> Configuration::read_port() const {
   return line->substr(begin, line->find_last_not_of(" \t") - begin + 1);
 }
 
-bool Configuration::write_language(std::int16_t language) {
-  return files_.replace(path(language_file), language == 1 ? "1\r\n" : "0\r\n") == FileFailure::none;
+bool Configuration::write_language(Language language) {
+  const std::string_view line = language == Language::chinese ? "1\r\n" : "0\r\n";
+  return files_.replace(path(language_file), line) == FileFailure::none;
 }
 
 bool Configuration::write_port(int number) {
   return files_.replace(path(port_file), std::to_string(number) + "\r\n") == FileFailure::none;
+}
+
+std::string_view not_kept_hint(bool kept, Language language) {
+  constexpr Text not_kept = {"The choice could not be kept: the working folder cannot be written.",
+                             "無法寫入工作資料夾，此選擇未能保存。"};
+  return kept ? std::string_view() : not_kept.in(language);
 }
 
 }  // namespace halden

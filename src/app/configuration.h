@@ -2,12 +2,12 @@
 // commport.dat (the port number in decimal digits).
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/files.h"
+#include "screen/language.h"
 
 namespace halden {
 
@@ -19,16 +19,15 @@ class Configuration {
   Configuration(Files& files, std::string work_folder)
       : files_(files), work_folder_(std::move(work_folder)) {}
 
-  // The first character of language.pha as a number; anything but a digit gives 0. Nothing when the file is
-  // missing.
-  std::optional<std::int16_t> read_language() const;
+  // Chinese when language.pha begins with "1"; English for any other character and where it is missing.
+  Language read_language() const;
 
   // The text on the first line of commport.dat without the blanks around it. Nothing when the file is
   // missing; empty when it cannot be read.
   std::optional<std::string> read_port() const;
 
   // Both write the file anew and return whether that went well.
-  bool write_language(std::int16_t language);
+  bool write_language(Language language);
   bool write_port(int number);
 
  private:
@@ -38,5 +37,8 @@ class Configuration {
   Files& files_;
   std::string work_folder_;
 };
+
+// What the status line says when a choice could not be kept; empty when it was.
+std::string_view not_kept_hint(bool kept, Language language);
 
 }  // namespace halden

@@ -5,6 +5,8 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "readings/numbers.h"
+#include "screen/failure_texts.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -16,47 +18,57 @@ constexpr double open_limit_s = 2.0;
 
 }  // namespace
 
+void PortChoice::connect() {
+  window_.on_click("comm_port", [this] { describe_ports(); });
+  for (int port = first_port_number; port <= last_port_number; ++port)
+    link_.gate.connect(window_, element("port_number", port), [this, port] { choose(port); });
+}
+
 void PortChoice::open_stored(int first_port) {
   std::optional<std::string> stored = configuration_.read_port();
   if (!stored && first_port != 0) stored = std::to_string(first_port);
-  if (!stored) {
+  if (stored)
+    link_.exchange.run([&] { return try_stored(*stored); });
+  else
     platform_.dialogs.message({"Select COM port from the OPTION menu", "", Icon::none});
-    return;
-  }
-  const int number = to_int16(leading_number(*stored)).value_or(0);
+}
+
+Afterwards PortChoice::try_stored(const std::string& stored) {
+  const int number = to_int16(leading_number(stored)).value_or(0);
   const PortRefusal refusal = open(number);
-  waits_.timed_wait(after_open_s, Yield::no);
+  link_.waits.timed_wait(after_open_s, Yield::no);
   if (refusal != PortRefusal::none) {
-    status_line_.tell_refusal(number, refusal);
-    platform_.dialogs.message({"Users select comm port " + *stored + " is not available", "", Icon::none});
-    return;
+    tell_refusal(number, refusal);
+    platform_.dialogs.message({"Users select comm port " + stored + " is not available", "", Icon::none});
+    return Afterwards::just_poll;
   }
   show_chosen(number);
-  state_.port_ready = 1;
+  link_.state.port_ready = 1;
   wait_until_open();
-  query_.query_meter_status();
-  polling_.resume_polling(1);
+  return Afterwards::read_status;
 }
 
 void PortChoice::choose(int number) {
-  polling_.stop_polling();
+  const Afterwards afterwards = link_.exchange.run([&] { return try_chosen(number); });
+  if (afterwards == Afterwards::read_status) link_.polling.resume_polling(1);
+}
+
+Afterwards PortChoice::try_chosen(int number) {
   int old = 0;
-  if (state_.port_ready == 1) {
+  if (link_.state.port_ready == 1) {
     old = number_;
     platform_.port.close();
   }
   if (const PortRefusal refusal = open(number); refusal != PortRefusal::none) {
-    status_line_.tell_refusal(number, refusal);
+    tell_refusal(number, refusal);
     fall_back(number, old);
-    return;
+    return Afterwards::just_poll;
   }
   show_chosen(number);
-  status_line_.tell_saved(configuration_.write_port(number));
-  state_.port_ready = 1;
+  window_.set_text(status_hint, not_kept_hint(configuration_.write_port(number), link_.state.language));
+  link_.state.port_ready = 1;
   wait_until_open();
-  query_.query_meter_status();
-  polling_.resume_polling(1);
-  polling_.resume_polling(1);
+  return Afterwards::read_status;
 }
 
 PortRefusal PortChoice::open(int number) {
@@ -65,17 +77,23 @@ PortRefusal PortChoice::open(int number) {
   return refusal;
 }
 
+void PortChoice::tell_refusal(int number, PortRefusal refusal) {
+  std::string device = platform_.port.device_name(number);
+  if (device.empty()) device = "COM " + std::to_string(number);
+  window_.set_text(status_hint, refusal_sentence(refusal, device, link_.state.language));
+}
+
 void PortChoice::fall_back(int number, int old) {
   platform_.dialogs.message({"COM " + std::to_string(number) + " not available", "", Icon::none});
-  if (open(old) != PortRefusal::none && state_.port_ready == 1) platform_.port.keep_looking(old);
-  polling_.resume_polling(1);
+  if (open(old) != PortRefusal::none && link_.state.port_ready == 1) platform_.port.keep_looking(old);
 }
 
 void PortChoice::show_chosen(int number) {
-  window_["comm_port"].text = "COM " + std::to_string(number);
+  window_.set_text("comm_port", "COM " + std::to_string(number));
   for (int port = first_port_number; port <= last_port_number; ++port)
-    window_[element("port_number", port)].checked = port == number;
-  status_line_.tell_port(number);
+    window_.set_checked(element("port_number", port), port == number);
+  status_line_.set_port(number);
+  window_.set_text(status_hint, "");
 }
 
 void PortChoice::wait_until_open() {
@@ -87,8 +105,8 @@ void PortChoice::wait_until_open() {
 void PortChoice::describe_ports() {
   for (int port = first_port_number; port <= last_port_number; ++port) {
     const bool present = platform_.port.present(port);
-    window_[element("port_number", port)].tooltip =
-        platform_.port.device_name(port) + (present ? " (present)" : " (not there)");
+    window_.set_tooltip(element("port_number", port),
+                        platform_.port.device_name(port) + (present ? " (present)" : " (not there)"));
   }
 }
 

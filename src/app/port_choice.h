@@ -5,10 +5,7 @@
 
 #include "app/configuration.h"
 #include "app/status_line.h"
-#include "link/link_state.h"
-#include "link/polling.h"
-#include "link/status_query.h"
-#include "link/waits.h"
+#include "link/link.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "screen/window.h"
@@ -17,16 +14,16 @@ namespace halden {
 
 class PortChoice {
  public:
-  PortChoice(const Platform& platform, Waits& waits, Polling& polling, StatusQuery& query, LinkState& state,
-             Configuration& configuration, StatusLine& status_line, Window& meter_rec)
+  PortChoice(const Platform& platform, Link& link, Configuration& configuration, StatusLine& status_line,
+             Window& meter_rec)
       : platform_(platform),
-        waits_(waits),
-        polling_(polling),
-        query_(query),
-        state_(state),
+        link_(link),
         configuration_(configuration),
         status_line_(status_line),
         window_(meter_rec) {}
+
+  // The COM menu of the main window.
+  void connect();
 
   // The last part of the start-up: opens the stored port (or `first_port` where none is stored), asks the
   // meter for its status and starts polling. Without a port, or when it does not open, the user is told and
@@ -40,16 +37,16 @@ class PortChoice {
   void describe_ports();
 
  private:
+  Afterwards try_stored(const std::string& stored);
+  Afterwards try_chosen(int number);
   PortRefusal open(int number);
+  void tell_refusal(int number, PortRefusal refusal);
   void fall_back(int number, int old);
   void show_chosen(int number);
   void wait_until_open();
 
   Platform platform_;
-  Waits& waits_;
-  Polling& polling_;
-  StatusQuery& query_;
-  LinkState& state_;
+  Link& link_;
   Configuration& configuration_;
   StatusLine& status_line_;
   Window& window_;

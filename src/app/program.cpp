@@ -1,50 +1,63 @@
 #include "app/program.h"
 
-#include "live/unbalance.h"
+#include "platform/timer.h"
 
 namespace halden {
 
-Program::Program(Platform outside, const std::string& work_folder, const std::string& temporary_folder)
+namespace {
+
+// Designer periods of the two timers of the main window.
+constexpr int designed_clock_period_ms = 2000;
+constexpr int designed_poll_period_ms = 250;
+
+}  // namespace
+
+Shared::Shared() {
+  windows.add(meter_rec);
+  windows.add(notice);
+}
+
+Live::Live(const Platform& platform, Shared& shared, Link& link, const StartOptions& options)
+    : chain(link.status),
+      sample_clock(platform.clock, platform.timer1, shared.meter_rec),
+      phasors(platform, shared.windows, shared.meter_rec, link.state, link.status, chain.raw),
+      power(platform.clock, link.waits, link.polling, link.state, link.status, chain, sample_clock, phasors,
+            shared.meter_rec),
+      harmonics(RecordKind::harmonics, link.polling, link.state, link.status, harmonics_options,
+                shared.meter_rec),
+      waveform(RecordKind::waveform, link.polling, link.state, link.status, harmonics_options,
+               shared.meter_rec),
+      views{link.state, link.status, power, harmonics, waveform},
+      monitor(platform.clock, views, sample_clock),
+      poll(platform, link.waits, link.polling, link.state, shared.meter_rec, monitor),
+      selection(link.exchange, link.polling, link.state, link.status, harmonics_options, shared.meter_rec),
+      rescue(platform.files, options.work_folder, options.temporary_folder),
+      recording(platform, link.state, views, sample_clock, shared.meter_rec, shared.notice, rescue),
+      settings(platform, link, power, shared.meter_rec) {
+  sample_clock.connect(platform.dialogs);
+  power.connect();
+  recording.connect();
+  settings.connect();
+  monitor.add_listener(recording);
+}
+
+Program::Program(const Platform& outside, const StartOptions& options)
     : platform(outside),
-      gate(platform.clock),
-      waits(platform.clock, platform.port),
-      polling(platform, waits, link),
-      query(platform, waits, polling, link, status, screen, label_column_left),
-      sample_clock(platform.clock, platform.timer1, screen.meter_rec),
-      power(waits, polling, link, status, readings, raw, screen.meter_rec, power_frame_steps),
-      monitor(platform.clock, polling, link, power, sample_clock, readings, screen.meter_rec, live_steps),
-      rescue(platform.files, work_folder, temporary_folder),
-      recording(platform, {link, status, harmonics_view, monitor.last_sample_time}, sample_clock, screen,
-                rescue),
-      live_poll(platform, waits, polling, link, screen.meter_rec, monitor),
-      phasors(platform, status, raw, phasor_angles, phasor_geometry, screen),
-      views(polling, link, status, harmonics_view, screen.meter_rec),
-      settings(platform, waits, polling, query, status, readings, screen.meter_rec, label_column_left),
-      configuration(platform.files, work_folder),
-      status_line(platform, link, monitor.frame_rate(), recording, screen.meter_rec),
-      port_choice(platform, waits, polling, query, link, configuration, status_line, screen.meter_rec) {
-  connect_steps();
+      link(platform, shared.meter_rec, shared.notice, shared.label_column_left),
+      live(platform, shared, link, options),
+      logger(shared.windows, link.query, link.status),
+      desk(platform, options, shared.windows, shared.meter_rec, shared.notice, shared.label_column_left, link,
+           live.sample_clock, live.monitor, live.selection, live.recording) {
   platform.timer1.set_period_ms(designed_clock_period_ms);
   platform.timer2.set_period_ms(designed_poll_period_ms);
   platform.timer1.on_tick([this] {
-    sample_clock.tick();
-    status_line.refresh();
+    live.sample_clock.tick();
+    desk.refresh_status_line();
   });
   platform.timer2.on_tick([this] {
-    gate.run_tick([this] { live_poll.tick(); });
-    status_line.refresh();
+    link.gate.run_tick([this] { live.poll.tick(); });
+    desk.refresh_status_line();
   });
-}
-
-// What follows each frame.
-void Program::connect_steps() {
-  power_frame_steps.calculate_vi_angles = [this] { phasor_angles = calculate_vi_angles(raw); };
-  power_frame_steps.calculate_unbalance = [this] {
-    calculate_unbalance(raw, phasor_angles, status, screen.meter_rec, screen.phasor_form);
-  };
-  power_frame_steps.update_phasors = [this] { phasors.update_phasors(); };
-  live_steps.record = [this] { recording.recording_step(); };
-  live_steps.record_lost_line = [this] { recording.no_communication_step(); };
 }
 
 }  // namespace halden

@@ -1,82 +1,76 @@
-// Every object of the program in the order it is built; each is handed its neighbours by reference.
+// The whole program without its windows on the screen: every object in the order it is built, each handed its
+// neighbours by reference.
+//
+// Desktop, tests and haldenctl drive it the same way: start_up once, then what the user does, through the
+// windows; what is to be seen stands in them. Timer ticks come from the platform.
 #pragma once
 
-#include "app/configuration.h"
-#include "app/port_choice.h"
-#include "app/status_line.h"
-#include "link/exchange_gate.h"
-#include "link/link_state.h"
+#include "app/desk.h"
+#include "link/link.h"
 #include "link/live_poll.h"
-#include "link/meter_status.h"
-#include "link/polling.h"
-#include "link/status_query.h"
-#include "link/waits.h"
 #include "live/live_monitor.h"
-#include "live/live_readings.h"
-#include "live/phasor_geometry.h"
-#include "live/phasor_window.h"
-#include "live/phasors.h"
-#include "live/power_monitor.h"
-#include "live/recording.h"
-#include "live/rescue.h"
+#include "live/live_views.h"
+#include "live/phasors/phasor_window.h"
+#include "live/power/power_view.h"
+#include "live/recording/recording.h"
 #include "live/sample_clock.h"
-#include "live/settings_panel.h"
+#include "live/settings/settings_panel.h"
+#include "live/unshown_view.h"
 #include "live/view_selection.h"
+#include "logger/logger_window.h"
 #include "platform/platform.h"
-#include "readings/readings.h"
-#include "screen/columns.h"
-#include "screen/main_window.h"
+#include "readings/power_chain.h"
+#include "screen/meter_rec/columns.h"
+#include "screen/meter_rec/main_window.h"
+#include "screen/windows.h"
 
 namespace halden {
 
-// How the plot of stored harmonics starts.
-struct HarmonicsPlot {
-  std::int16_t plot_harmo_mode = 0;
-  std::int16_t harmonics_shown = 100;
+// The values that several rooms write to.
+struct Shared {
+  Shared();
+  Shared(const Shared&) = delete;
+  Shared& operator=(const Shared&) = delete;
+
+  Window meter_rec = make_main_window();
+  Window notice = make_notice_window();
+  Windows windows;  // these two, and those that the rooms add
+  const LabelColumns label_column_left = read_label_columns(meter_rec);
 };
 
-// Designer periods of the two timers of the main window.
-inline constexpr int designed_clock_period_ms = 2000;
-inline constexpr int designed_poll_period_ms = 250;
+// The live views, and what follows their frames.
+struct Live {
+  Live(const Platform& platform, Shared& shared, Link& link, const StartOptions& options);
+  Live(const Live&) = delete;
+  Live& operator=(const Live&) = delete;
 
-struct Program {
-  Program(Platform outside, const std::string& work_folder, const std::string& temporary_folder);
-
-  void connect_steps();
-
-  Platform platform;
-
-  // The program-wide values.
-  Screen screen;
-  LinkState link;
-  MeterStatus status;
-  LabelColumns label_column_left{};
-  PhasorGeometry phasor_geometry;
-  HarmonicsView harmonics_view;
-  HarmonicsPlot harmonics_plot;
-  LiveReadings raw;
-  PhasorAngles phasor_angles;
-  Readings readings{status};
-  PowerFrameSteps power_frame_steps;
-  LiveSteps live_steps;
-
-  // What works on them.
-  ExchangeGate gate;
-  Waits waits;
-  Polling polling;
-  StatusQuery query;
+  HarmonicsOptions harmonics_options;
+  PowerChain chain;
   SampleClock sample_clock;
-  PowerMonitor power;
+  PhasorWindow phasors;
+  PowerView power;
+  UnshownView harmonics;
+  UnshownView waveform;
+  LiveViews views;
   LiveMonitor monitor;
+  LivePoll poll;
+  ViewSelection selection;
   Rescue rescue;
   Recording recording;
-  LivePoll live_poll;
-  PhasorWindow phasors;
-  ViewSelection views;
   SettingsPanel settings;
-  Configuration configuration;
-  StatusLine status_line;
-  PortChoice port_choice;
+};
+
+struct Program {
+  Program(const Platform& outside, const StartOptions& options);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  Platform platform;
+  Shared shared;
+  Link link;
+  Live live;
+  LoggerWindow logger;
+  Desk desk;
 };
 
 }  // namespace halden

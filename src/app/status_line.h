@@ -1,16 +1,16 @@
-// The status line of the main window: port, link state, frames per second, recording state, and one hint that
-// says why something did not go as asked. All of it is beside the messages and captions, never in them.
+// The status line of the main window: port, link state, frames per second, recording state. Beside them stands
+// one hint, which whoever has something to say writes into the control status_hint. All of it is beside the
+// messages and captions, never in them.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <utility>
 
 #include "link/link_state.h"
 #include "live/frame_rate.h"
-#include "live/recording.h"
+#include "live/recording/recording.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
+#include "screen/language.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -25,41 +25,26 @@ class StatusLine {
         recording_(recording),
         window_(meter_rec) {}
 
-  // Brings the fields up to date; touches only what changed.
+  // Brings the fields up to date.
   void refresh();
 
   // The port that is open from now on.
-  void tell_port(int number);
-
-  // Why a port did not open.
-  void tell_refusal(int number, PortRefusal refusal);
-
-  // Whether a choice could be kept in the working folder.
-  void tell_saved(bool saved);
-
-  // A setting is on its way to the meter.
-  void tell_sending(std::string_view setting);
-
-  // A sentence of another part of the program; empty takes the last one away.
-  void tell(std::string hint) { hint_ = std::move(hint); }
+  void set_port(int number) { number_ = number; }
 
  private:
   struct Link {
-    std::string_view text;
+    Text text;
     std::string_view tag;
   };
 
-  Link link() const;
-  std::string_view in_language(std::string_view english_text, std::string_view chinese_text) const;
-  void show(std::string_view control, std::string text);
+  Link link(double frames_per_s) const;
 
   Platform platform_;
   const LinkState& state_;
   const FrameRate& frame_rate_;
   const Recording& recording_;
   Window& window_;
-  int number_ = 0;
-  std::string hint_;
+  int number_ = 0;  // 0 while no port was opened
 };
 
 }  // namespace halden

@@ -6,6 +6,7 @@
 
 #include "cli/port_argument.h"
 #include "cli/record.h"
+#include "cli/session.h"
 
 namespace CLI {
 class App;
@@ -13,8 +14,8 @@ class App;
 
 namespace halden {
 
-// The command that was typed, ready to run; returns the exit code.
-using ChosenCommand = std::function<int()>;
+// The command that was typed, ready to run on sessions it opens; returns the exit code.
+using ChosenCommand = std::function<int(const OpenSession& open)>;
 
 // Every command adds itself to the command line, and puts itself into `chosen` when it is the one typed.
 void add_status_command(CLI::App& app, ChosenCommand& chosen);

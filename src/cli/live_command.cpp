@@ -1,7 +1,6 @@
 #include "cli/live_command.h"
 
 #include <CLI/CLI.hpp>
-#include <QTimer>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,9 +9,8 @@
 #include <utility>
 
 #include "cli/command.h"
-#include "cli/session.h"
 #include "readings/patterns.h"
-#include "screen/panels.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -24,14 +22,11 @@ constexpr int ms_per_day = 86'400'000;
 
 std::string padded(int number, const char* zeros) { return format_pattern(number, zeros); }
 
-int run_live(const CommonOptions& common, const LiveOptions& options) {
-  Session session(common.port, Interruption::ends_it);
-  LiveReport report(session.program(), options, session);
-  QTimer silence_watch;
-  QObject::connect(&silence_watch, &QTimer::timeout, &session.world(),
-                   [&] { session.world().run([&] { report.check_silence(); }); });
-  silence_watch.start(silence_check_ms);
-  return session.run([&] { report.start(); });
+int run_live(const OpenSession& open, const CommonOptions& common, const LiveOptions& options) {
+  const auto session = open(common.port, Interruption::ends_it, FileAccess::none);
+  LiveReport report(session->program(), options, *session);
+  session->every(silence_check_ms, [&] { report.check_silence(); });
+  return session->run([&] { report.start(); });
 }
 
 }  // namespace
@@ -40,13 +35,13 @@ LiveReport::LiveReport(Program& program, const LiveOptions& options, Terminal& t
     : program_(program), options_(options), terminal_(terminal) {}
 
 void LiveReport::start() {
-  if (program_.status.meter_mode == harmonics_mode) {
+  if (program_.link.status.meter_mode == harmonics_mode) {
     terminal_.failed("The meter is in harmonics mode: press its POWER button and try again.");
     return;
   }
   started_ = true;
   last_frame_s_ = program_.platform.clock.monotonic_s();
-  program_.live_steps.after_power_frame = [this] { print_frame(); };
+  program_.live.monitor.add_listener(*this);
 }
 
 void LiveReport::check_silence() {
@@ -55,11 +50,11 @@ void LiveReport::check_silence() {
     terminal_.failed("The meter has sent no readings for 30 seconds.");
 }
 
-void LiveReport::print_frame() {
+void LiveReport::frame_shown() {
   if (frames_ == options_.count) return;
   last_frame_s_ = program_.platform.clock.monotonic_s();
-  Record record = live_record(program_.screen.meter_rec, local_time_text(program_.platform.clock));
-  add_phasor_angles(program_.phasor_angles, program_.status.wiring_system, record);
+  Record record = live_record(program_.shared.meter_rec, local_time_text(program_.platform.clock));
+  add_phasor_angles(program_.live.phasors.angles(), program_.link.status.wiring_system, record);
   const char* const block_end = options_.format == Format::text ? "\n" : "";
   terminal_.print(formatted(record, options_.format) + block_end);
   if (++frames_ == options_.count) terminal_.done();
@@ -71,26 +66,26 @@ Record live_record(const Window& meter_rec, const std::string& time) {
     const Control& value = meter_rec[panel.value];
     if (value.visible) record[panel.value] = value.text;
   };
-  for (int phase = 0; phase < phase_count; ++phase)
+  for (std::size_t phase = 0; phase < phase_count; ++phase)
     for (const PhaseQuantity quantity : phase_quantities) add(phase_panel(quantity, phase));
-  for (int line = 0; line < phase_count; ++line) add(line_panel(line));
+  for (std::size_t line = 0; line < phase_count; ++line) add(line_panel(line));
   for (const Panel& panel : system_panels()) add(panel);
   for (const Panel& panel : unbalance_panels()) add(panel);
   return record;
 }
 
-void add_phasor_angles(const PhasorAngles& angles, std::int16_t wiring_system, Record& record) {
+void add_phasor_angles(const PhasorAngles& angles, Wiring wiring_system, Record& record) {
   const auto add = [&record](const std::string& vector, double tenths) {
     record[vector + "_phasor_angle"] = format_pattern(tenths / 10, "##0.0");
   };
-  const int phases = phases_in_use(wiring_system);
-  for (std::size_t p = 0; std::cmp_less(p, phases); ++p) {
+  for (std::size_t p = 0; p < phases_in_use(wiring_system); ++p) {
     const std::string digit = std::to_string(p + 1);
     add("v" + digit, angles.v_phasor_angle[p]);
     add("i" + digit, angles.i_phasor_angle[p]);
   }
+  if (!is_three_phase(wiring_system)) return;
   constexpr std::array lines = {"v12", "v23", "v31"};
-  for (std::size_t p = 0; phases == phase_count && p < lines.size(); ++p) add(lines[p], angles.line_angle(p));
+  for (std::size_t p = 0; p < lines.size(); ++p) add(lines[p], angles.line_angle(p));
 }
 
 std::string local_time_text(const Clock& clock) {
@@ -119,7 +114,9 @@ void add_live_command(CLI::App& app, ChosenCommand& chosen) {
       ->type_name("N")
       ->check(CLI::Range(1, most_frames).description(""));
   command->callback([typed, &chosen] {
-    chosen = [typed] { return run_live(typed->common, {typed->count, typed->common.format}); };
+    chosen = [typed](const OpenSession& open) {
+      return run_live(open, typed->common, {typed->count, typed->common.format});
+    };
   });
 }
 

@@ -6,8 +6,9 @@
 
 #include "app/program.h"
 #include "cli/record.h"
-#include "cli/terminal.h"
+#include "cli/session.h"
 #include "platform/clock.h"
+#include "readings/wiring.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -21,7 +22,7 @@ struct LiveOptions {
 inline constexpr double longest_silence_s = 30.0;
 
 // Prints what the power view shows after each frame. The program has been started up and polls the meter.
-class LiveReport {
+class LiveReport : public LiveListener {
  public:
   // All outlive the report.
   LiveReport(Program& program, const LiveOptions& options, Terminal& terminal);
@@ -32,9 +33,9 @@ class LiveReport {
   // Looks whether the meter has been silent for too long; to be called now and then.
   void check_silence();
 
- private:
-  void print_frame();
+  void frame_shown() override;
 
+ private:
   Program& program_;
   LiveOptions options_;
   Terminal& terminal_;
@@ -47,7 +48,7 @@ class LiveReport {
 Record live_record(const Window& meter_rec, const std::string& time);
 
 // Adds the angles of the vectors in use, "v2_phasor_angle" and so on, in degrees.
-void add_phasor_angles(const PhasorAngles& angles, std::int16_t wiring_system, Record& record);
+void add_phasor_angles(const PhasorAngles& angles, Wiring wiring_system, Record& record);
 
 // The clock's local time as "2026-11-22T12:30:44.250".
 std::string local_time_text(const Clock& clock);

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/command.h"
-#include "cli/session.h"
+#include "cli/qt/qt_session.h"
 
 int main(int argc, char** argv) {
   CLI::App app("Companion of the Halden power and harmonics analyzer, without windows", "haldenctl");
@@ -21,5 +21,5 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& end) {
     return app.exit(end) == 0 ? halden::exit_done : halden::exit_wrong_usage;
   }
-  return chosen();
+  return chosen(halden::open_qt_session);
 }

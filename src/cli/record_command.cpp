@@ -1,17 +1,13 @@
 #include "cli/record_command.h"
 
 #include <CLI/CLI.hpp>
-#include <QTimer>
 #include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
 
 #include "cli/command.h"
-#include "cli/recorded_files.h"
-#include "cli/session.h"
-#include "live/sampling_time.h"
-#include "screen/captions.h"
+#include "screen/failure_texts.h"
 
 namespace halden {
 
@@ -26,17 +22,14 @@ int refuse(const std::string& file) {
   return exit_failed;
 }
 
-int run_record(const PortArgument& port, const RecordOptions& options) {
-  RecordedFiles files;
-  if (options.existing == ExistingFile::refused && files.exists(options.file)) return refuse(options.file);
-  Session session(port, Interruption::spoils_it, files);
-  RecordRun run(session.program(), options, session);
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, &session.world(),
-                   [&] { session.world().run([&] { run.look_after(); }); });
-  look.start(look_period_ms);
-  return session.run([&] {
-    session.on_interruption([&] { run.finish(); });
+int run_record(const OpenSession& open, const PortArgument& port, const RecordOptions& options) {
+  const auto session = open(port, Interruption::spoils_it, FileAccess::disk);
+  if (options.existing == ExistingFile::refused && session->program().platform.files.exists(options.file))
+    return refuse(options.file);
+  RecordRun run(session->program(), options, *session);
+  session->every(look_period_ms, [&] { run.look_after(); });
+  return session->run([&] {
+    session->on_interruption([&] { run.finish(); });
     run.start();
   });
 }
@@ -47,47 +40,48 @@ RecordRun::RecordRun(Program& program, const RecordOptions& options, Terminal& t
     : program_(program), options_(options), terminal_(terminal) {}
 
 void RecordRun::start() {
-  if (program_.status.meter_mode != power_mode) {
+  if (program_.link.status.meter_mode != power_mode) {
     terminal_.failed("The meter is in harmonics mode: press its POWER button and try again.");
     return;
   }
-  for (const std::string& path : program_.rescue.found()) terminal_.note(rescued_sentence(path, english));
-  set_sampling_time(options_.sample_s, program_.sample_clock, program_.screen.meter_rec);
-  program_.recording.begin_data_file(options_.file);
-  if (program_.recording.file().failure() != FileFailure::none) {
-    terminal_.failed(options_.file + ": " + write_failure_text(program_.recording.file().failure(), english) +
-                     ".");
+  for (const std::string& path : program_.live.rescue.found())
+    terminal_.note(rescued_sentence(path, Language::english));
+  program_.live.sample_clock.set_sampling_time(options_.sample_s);
+  Recording& recording = program_.live.recording;
+  recording.begin_data_file(options_.file);
+  if (const FileFailure failure = recording.file().failure(); failure != FileFailure::none) {
+    terminal_.failed(options_.file + ": " + std::string(write_failure_text(failure, Language::english)) + ".");
     return;
   }
-  program_.recording.start_automatic();
-  program_.live_steps.after_power_frame = [this] { stop_at_the_last_record(); };
+  recording.start_automatic();
+  program_.live.monitor.add_listener(*this);
   began_s_ = program_.platform.clock.monotonic_s();
   runs_ = true;
 }
 
-void RecordRun::stop_at_the_last_record() {
-  if (options_.records && std::cmp_greater_equal(program_.recording.records(), *options_.records)) finish();
+void RecordRun::frame_shown() {
+  if (options_.records && std::cmp_greater_equal(program_.live.recording.records(), *options_.records)) finish();
 }
 
 void RecordRun::look_after() {
   if (!runs_) return;
-  const DataFile& file = program_.recording.file();
+  const DataFile& file = program_.live.recording.file();
   if (std::exchange(lines_wait_, file.lines_waiting() > 0) != lines_wait_)
-    terminal_.note(recording_status_text(program_.recording.state(), file, english));
+    terminal_.note(recording_status_text(program_.live.recording.state(), file, Language::english));
   if (options_.duration_s && program_.platform.clock.monotonic_s() - began_s_ >= *options_.duration_s)
     finish();
 }
 
 void RecordRun::finish() {
   if (!std::exchange(runs_, false)) return;
-  const std::string elsewhere = program_.recording.end_recording();
-  const DataFile& file = program_.recording.file();
+  const std::string elsewhere = program_.live.recording.end_recording();
+  const DataFile& file = program_.live.recording.file();
   if (file.lines_waiting() > 0) {
-    terminal_.failed(recording_status_text(program_.recording.state(), file, english));
+    terminal_.failed(recording_status_text(program_.live.recording.state(), file, Language::english));
     return;
   }
   terminal_.print(
-      formatted({{"file", options_.file}, {"records", program_.recording.records()}}, options_.format));
+      formatted({{"file", options_.file}, {"records", program_.live.recording.records()}}, options_.format));
   if (elsewhere.empty())
     terminal_.done();
   else
@@ -122,7 +116,7 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
       "Write behind what the file holds already");
   command->callback([typed, &chosen] {
     typed->record.format = typed->common.format;
-    chosen = [typed] { return run_record(typed->common.port, typed->record); };
+    chosen = [typed](const OpenSession& open) { return run_record(open, typed->common.port, typed->record); };
   });
 }
 

@@ -8,7 +8,7 @@
 
 #include "app/program.h"
 #include "cli/record.h"
-#include "cli/terminal.h"
+#include "cli/session.h"
 
 namespace halden {
 
@@ -23,7 +23,7 @@ struct RecordOptions {
   Format format = Format::text;      // of the summary
 };
 
-class RecordRun {
+class RecordRun : public LiveListener {
  public:
   // All outlive the run. Without a number of records and a duration it goes on until finish().
   RecordRun(Program& program, const RecordOptions& options, Terminal& terminal);
@@ -37,9 +37,10 @@ class RecordRun {
   // To be called twice a second: ends when it is time, and says when lines have to wait.
   void look_after();
 
- private:
-  void stop_at_the_last_record();
+  // Ends at the last record.
+  void frame_shown() override;
 
+ private:
   Program& program_;
   RecordOptions options_;
   Terminal& terminal_;

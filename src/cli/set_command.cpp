@@ -1,34 +1,22 @@
 #include "cli/set_command.h"
 
 #include <CLI/CLI.hpp>
-#include <array>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "app/program.h"
 #include "cli/command.h"
-#include "cli/session.h"
 #include "readings/numbers.h"
+#include "screen/meter_rec/settings.h"
 
 namespace halden {
 
 namespace {
 
-struct Names {
-  std::string_view name, box, button;
-};
-
-constexpr std::array<Names, 5> all_names = {{{"ct", "ct_value", "set_ct"},
-                                             {"pt", "pt_value", "set_pt"},
-                                             {"md", "md_value", "set_md"},
-                                             {"sec", "sec_value", "set_sec"},
-                                             {"hz", "HZ_value", "set_hz"}}};
-
 constexpr std::size_t longest_value = 10;
 
-const Names* names_of(std::string_view name) {
-  for (const Names& names : all_names)
+const SettingNames* names_of(std::string_view name) {
+  for (const SettingNames& names : meter_settings)
     if (names.name == name) return &names;
   return nullptr;
 }
@@ -39,11 +27,11 @@ double meant_by(std::string_view name, std::string_view text) {
   return name == "hz" && number != 50 && number != 60 ? 0 : number;
 }
 
-int run_set(const CommonOptions& common, const std::vector<TypedSetting>& settings) {
-  Session session(common.port, Interruption::spoils_it);
-  return session.run([&] {
+int run_set(const OpenSession& open, const CommonOptions& common, const std::vector<TypedSetting>& settings) {
+  const auto session = open(common.port, Interruption::spoils_it, FileAccess::none);
+  return session->run([&] {
     send_settings(
-        session.companion(), settings, common.format, [&] { return session.last_message(); }, session);
+        session->program(), settings, common.format, [&] { return session->last_message(); }, *session);
   });
 }
 
@@ -58,22 +46,23 @@ std::optional<TypedSetting> parse_setting(std::string_view text) {
 
 Record settings_record(const Window& meter_rec) {
   Record record;
-  for (const Names& names : all_names) record[std::string(names.name)] = meter_rec[names.box].text;
+  for (const SettingNames& names : meter_settings)
+    record[std::string(names.name)] = meter_rec[names.box].text;
   return record;
 }
 
-void send_settings(Companion& companion, const std::vector<TypedSetting>& settings, Format format,
+void send_settings(Program& program, const std::vector<TypedSetting>& settings, Format format,
                    const std::function<std::string()>& last_message, Terminal& terminal) {
-  Window& window = companion.screen().meter_rec;
+  Window& window = program.shared.meter_rec;
   for (const TypedSetting& setting : settings) {
-    const Names& names = *names_of(setting.name);
-    window[names.box].text = setting.value;
-    companion.click(names.button);
+    const SettingNames& names = *names_of(setting.name);
+    window.set_text(names.box, setting.value);
+    window.click(names.button);
     if (const std::string refusal = last_message(); !refusal.empty()) {
       terminal.failed(refusal);
       return;
     }
-    const std::string held = std::as_const(window)[names.box].text;
+    const std::string held = window[names.box].text;
     if (meant_by(setting.name, held) != meant_by(setting.name, setting.value)) {
       terminal.failed("The meter did not take " + setting.name + "=" + setting.value + "; it holds " + held +
                       ".");
@@ -103,10 +92,10 @@ void add_set_command(CLI::App& app, ChosenCommand& chosen) {
                    : "expected ct, pt, md, sec or hz, \"=\" and at most 10 characters, not " + text;
       });
   command->callback([typed, &chosen] {
-    chosen = [typed] {
+    chosen = [typed](const OpenSession& open) {
       std::vector<TypedSetting> settings;
       for (const std::string& text : typed->texts) settings.push_back(*parse_setting(text));
-      return run_set(typed->common, settings);
+      return run_set(open, typed->common, settings);
     };
   });
 }

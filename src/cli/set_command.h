@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/companion.h"
+#include "app/program.h"
 #include "cli/record.h"
-#include "cli/terminal.h"
+#include "cli/session.h"
 
 namespace halden {
 
@@ -28,7 +28,7 @@ Record settings_record(const Window& meter_rec);
 // Sends the settings one after the other; afterwards prints what the meter holds. Fails when a setting was
 // refused, when the meter did not answer, and when it holds another value than the one sent. `last_message`
 // gives the text of the last message shown, empty when there was none.
-void send_settings(Companion& companion, const std::vector<TypedSetting>& settings, Format format,
+void send_settings(Program& program, const std::vector<TypedSetting>& settings, Format format,
                    const std::function<std::string()>& last_message, Terminal& terminal);
 
 }  // namespace halden

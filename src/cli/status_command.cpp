@@ -5,8 +5,8 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "app/program.h"
 #include "cli/command.h"
-#include "cli/session.h"
 
 namespace halden {
 
@@ -22,11 +22,11 @@ Record number(double value) {
   return value;
 }
 
-int run_status(const CommonOptions& options) {
-  Session session(options.port, Interruption::spoils_it);
-  return session.run([&] {
-    session.print(formatted(status_record(session.program().status), options.format));
-    session.done();
+int run_status(const OpenSession& open, const CommonOptions& options) {
+  const auto session = open(options.port, Interruption::spoils_it, FileAccess::none);
+  return session->run([&] {
+    session->print(formatted(status_record(session->program().link.status), options.format));
+    session->done();
   });
 }
 
@@ -35,7 +35,7 @@ int run_status(const CommonOptions& options) {
 Record status_record(const MeterStatus& status) {
   return {{"meter_mode", status.meter_mode},
           {"harmonic_channel", status.harmonic_channel},
-          {"wiring_system", status.wiring_system},
+          {"wiring_system", static_cast<int>(status.wiring_system)},
           {"frequency_code", status.frequency_code},
           {"pt_ratio", status.pt_ratio},
           {"ct_ratio", status.ct_ratio},
@@ -69,7 +69,9 @@ void add_status_command(CLI::App& app, ChosenCommand& chosen) {
   const auto options = std::make_shared<CommonOptions>();
   CLI::App* const command = app.add_subcommand("status", "Ask the meter for its status and print it");
   add_common_options(*command, *options);
-  command->callback([options, &chosen] { chosen = [options] { return run_status(*options); }; });
+  command->callback([options, &chosen] {
+    chosen = [options](const OpenSession& open) { return run_status(open, *options); };
+  });
 }
 
 }  // namespace halden

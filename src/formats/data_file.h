@@ -13,6 +13,9 @@
 
 namespace halden {
 
+// What a data file holds.
+enum class RecordKind { power, harmonics, waveform };
+
 class DataFile {
  public:
   explicit DataFile(Files& files) : files_(files) {}

@@ -14,7 +14,7 @@ constexpr int sample_count = 1024;
 // The five settings, with the blank or comma that stands before each.
 std::string settings_part(std::string_view separator, const SettingTexts& settings) {
   std::string part;
-  const auto add = [&](std::string_view name, const std::string& text) {
+  const auto add = [&](std::string_view name, std::string_view text) {
     part += separator;
     part += name;
     part += text;
@@ -41,15 +41,9 @@ const char* option_text(const WaveSource& source) { return source.harmonic_optio
 
 }  // namespace
 
-SettingTexts setting_texts(const Window& meter_rec) {
-  return {meter_rec["HZ_value"].text, meter_rec["md_value"].text, meter_rec["sec_value"].text,
-          meter_rec["ct_value"].text, meter_rec["pt_value"].text};
-}
-
-std::string_view wiring_text(std::int16_t wiring_system) {
+std::string_view wiring_text(Wiring wiring_system) {
   constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
-  const bool known = wiring_system >= 0 && wiring_system < static_cast<int>(texts.size());
-  return known ? texts[static_cast<std::size_t>(wiring_system)] : "????,";
+  return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
 }
 
 std::string_view channel_name(std::int16_t harmonic_channel) {
@@ -59,13 +53,17 @@ std::string_view channel_name(std::int16_t harmonic_channel) {
 }
 
 // The wiring text brings the comma before the first setting along.
-std::string power_settings_line(std::int16_t wiring_system, const SettingTexts& settings) {
+std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings) {
   return std::string(wiring_text(wiring_system)) + settings_part(",", settings).substr(1);
 }
 
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings) {
   return "HARMO" + settings_part(",", settings) + source_part(",", source) +
          ",NO.=" + std::to_string(order_count) + " ,OPTION=" + option_text(source);
+}
+
+std::string header_lines(std::string settings, const std::string& columns) {
+  return settings.append(line_end).append(columns).append(line_end);
 }
 
 std::string harmonics_column_line() {

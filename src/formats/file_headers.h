@@ -6,35 +6,36 @@
 #include <string>
 #include <string_view>
 
-#include "screen/window.h"
+#include "readings/wiring.h"
 
 namespace halden {
 
-// The settings boxes of the main window as they stand.
+// The meter's settings as they are shown.
 struct SettingTexts {
-  std::string hz, md, sec, ct, vt;
+  std::string_view hz, md, sec, ct, vt;
 };
 
-SettingTexts setting_texts(const Window& meter_rec);
-
-// "3P4W," with its comma; "????," for anything but 0 to 3.
-std::string_view wiring_text(std::int16_t wiring_system);
+// "3P4W," with its comma; "????," for an unknown system.
+std::string_view wiring_text(Wiring wiring_system);
 
 // "V1", "I1", ... "I3" for 0 to 5; empty for anything else.
 std::string_view channel_name(std::int16_t harmonic_channel);
 
 // What a file of harmonics or waveforms tells of its source.
 struct WaveSource {
-  std::int16_t wiring_system = 0;
+  Wiring wiring_system = Wiring::w1p2w;
   std::int16_t harmonic_channel = 0;
   std::int16_t harmonic_option = 0;  // 0 percentages, anything else phase angles
 };
 
 // "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1"
-std::string power_settings_line(std::int16_t wiring_system, const SettingTexts& settings);
+std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings);
 
 // "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=%"; "OPTION=D" with phase angles.
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings);
+
+// Two header lines as they stand in a file, each with its line end.
+std::string header_lines(std::string settings, const std::string& columns);
 
 // Nine names and the orders 0 to 99.
 std::string harmonics_column_line();

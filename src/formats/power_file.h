@@ -1,5 +1,5 @@
 // The columns of the power data file, by wiring system: their names as they stand in the file's second line,
-// and the value panels whose texts a record stores.
+// and the quantities whose texts a record stores.
 //
 //   3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1
 //         DATE,      TIME,       V12,       V23, ...     VA(MD)
@@ -9,18 +9,21 @@
 // characters, 20 of 3P3W 220, 28 of 1P3W 308, 17 of 1P2W 187.
 #pragma once
 
-#include <cstdint>
 #include <string>
+#include <string_view>
 
+#include "formats/quantities.h"
 #include "platform/clock.h"
-#include "screen/window.h"
+#include "readings/wiring.h"
 
 namespace halden {
 
-// The line of the column names; empty for a wiring system other than 0 to 3.
-std::string power_column_line(std::int16_t wiring_system);
+// The line of the column names; empty for an unknown wiring system.
+std::string power_column_line(Wiring wiring_system);
 
-// One record without its line end: the texts that the main window shows. Empty for an unknown system.
-std::string power_record(std::int16_t wiring_system, const Date& date, const Window& meter_rec);
+// One record without its line end. `time` is the sampling instant as it is shown ("12:30:44"). Empty for an
+// unknown wiring system.
+std::string power_record(Wiring wiring_system, const Date& date, std::string_view time,
+                         const PowerTexts& texts);
 
 }  // namespace halden

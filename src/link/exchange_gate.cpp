@@ -16,7 +16,7 @@ class ExchangeGate::Busy {
   bool& flag_;
 };
 
-void ExchangeGate::run(const std::string& name, std::function<void()> exchange) {
+void ExchangeGate::run(const std::string& name, const std::function<void()>& exchange) {
   if (!busy_) {
     run_now(exchange);
     run_kept();
@@ -24,7 +24,7 @@ void ExchangeGate::run(const std::string& name, std::function<void()> exchange) 
   }
   const bool known =
       std::any_of(kept_.begin(), kept_.end(), [&name](const auto& waiting) { return waiting.first == name; });
-  if (!known) kept_.emplace_back(name, std::move(exchange));
+  if (!known) kept_.emplace_back(name, exchange);
 }
 
 void ExchangeGate::run_tick(const std::function<void()>& tick) {
@@ -34,6 +34,11 @@ void ExchangeGate::run_tick(const std::function<void()>& tick) {
   }
   run_now(tick);
   if (!kept_.empty()) clock_.run_later([this] { run_kept(); });
+}
+
+void ExchangeGate::connect(Window& window, std::string_view control, std::function<void()> exchange) {
+  const std::string name = window.name() + "." + std::string(control);
+  window.on_click(control, [this, name, exchange = std::move(exchange)] { run(name, exchange); });
 }
 
 void ExchangeGate::run_now(const std::function<void()>& work) {

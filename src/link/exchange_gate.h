@@ -4,10 +4,12 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/clock.h"
+#include "screen/window.h"
 
 namespace halden {
 
@@ -17,11 +19,14 @@ class ExchangeGate {
 
   // Runs `exchange` now, or keeps it under `name` when something runs. A name that is kept already is not
   // kept twice.
-  void run(const std::string& name, std::function<void()> exchange);
+  void run(const std::string& name, const std::function<void()>& exchange);
 
   // Runs a live tick: exchanges started while it lets events run follow it in a handler of their own, so that
   // ticks go on during them. A tick inside an exchange, or inside another tick, just runs.
   void run_tick(const std::function<void()>& tick);
+
+  // A click on the control runs the exchange, or keeps it.
+  void connect(Window& window, std::string_view control, std::function<void()> exchange);
 
   bool busy() const { return busy_; }
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "screen/language.h"
+
 namespace halden {
 
 // display_mode: which live view runs.
@@ -13,7 +15,7 @@ inline constexpr std::int16_t power_view = 1;
 inline constexpr std::int16_t waveform_view = 2;
 
 struct LinkState {
-  std::int16_t language = 0;       // 0 English, 1 Traditional Chinese
+  Language language = Language::english;
   std::int16_t port_ready = 0;     // 1 once a port opened
   std::int16_t logger_active = 0;  // 1 while all stored files are downloaded in one run
   std::int16_t display_mode = power_view;

@@ -43,17 +43,17 @@ void LivePoll::tick() {
   state_.link_lost = 0;
   waits_.drain(live_buffer(state_));
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
-  views_.frame_complete();
+  frames_.frame_complete();
 }
 
 void LivePoll::count_missed_poll() {
   ++state_.missed_polls;
   if (state_.missed_polls % request_again_every == 0) polling_.send_live_request();
   if (state_.missed_polls > lost_after) {
-    meter_rec_["Warning"].visible = true;
+    meter_rec_.set_visible("Warning", true);
     let_events_run(platform_.clock);
     state_.link_lost = 1;
-    views_.no_communication();
+    frames_.no_communication();
   }
   if (state_.missed_polls > give_up_after) {
     platform_.shell.beep();

@@ -10,10 +10,10 @@
 
 namespace halden {
 
-// What the live poll hands over.
-class LiveViews {
+// Takes what the live poll hands over.
+class LiveFrames {
  public:
-  virtual ~LiveViews() = default;
+  virtual ~LiveFrames() = default;
 
   // A complete frame stands in poll_buffer or wave_buffer, whichever belongs to the current display_mode.
   virtual void frame_complete() = 0;
@@ -25,13 +25,13 @@ class LiveViews {
 class LivePoll {
  public:
   LivePoll(const Platform& platform, Waits& waits, Polling& polling, LinkState& state, Window& meter_rec,
-           LiveViews& views)
+           LiveFrames& frames)
       : platform_(platform),
         waits_(waits),
         polling_(polling),
         state_(state),
         meter_rec_(meter_rec),
-        views_(views) {}
+        frames_(frames) {}
 
   void tick();
 
@@ -43,7 +43,7 @@ class LivePoll {
   Polling& polling_;
   LinkState& state_;
   Window& meter_rec_;
-  LiveViews& views_;
+  LiveFrames& frames_;
 };
 
 // Whether the live buffer of the current view holds a complete frame: power at least 51 characters; harmonics

@@ -37,6 +37,10 @@ std::uint64_t bit_pattern(std::string_view field) {
   return static_cast<std::uint64_t>(static_cast<std::int64_t>(round_half_even(number)));
 }
 
+void set_wiring(MeterStatus& status, std::string_view field) {
+  if (const auto system = to_int16(leading_number(field))) status.wiring_system = static_cast<Wiring>(*system);
+}
+
 void set_recorded_range(MeterStatus& status, std::string_view field) {
   status.logger_current_range = static_cast<std::int16_t>((bit_pattern(field) & 0xFFFF) / 256);
 }
@@ -58,7 +62,7 @@ void set_file_index(MeterStatus& status, std::string_view field) {
 const std::array<Destination, field_count> destinations = {
     &MeterStatus::meter_mode,
     &MeterStatus::harmonic_channel,
-    &MeterStatus::wiring_system,
+    &set_wiring,
     &MeterStatus::frequency_code,
     Skipped{},
     &MeterStatus::pt_ratio,

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "readings/scaling.h"
+#include "readings/raw_values.h"
 
 namespace halden {
 

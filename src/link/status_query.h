@@ -5,26 +5,30 @@
 // meanwhile.
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "link/link_state.h"
 #include "link/meter_status.h"
 #include "link/polling.h"
 #include "link/waits.h"
 #include "platform/platform.h"
-#include "screen/columns.h"
-#include "screen/main_window.h"
+#include "screen/meter_rec/columns.h"
+#include "screen/window.h"
 
 namespace halden {
 
 class StatusQuery {
  public:
   StatusQuery(const Platform& platform, Waits& waits, Polling& polling, LinkState& state, MeterStatus& status,
-              Screen& screen, const LabelColumns& label_column_left)
+              Window& meter_rec, Window& notice, const LabelColumns& label_column_left)
       : platform_(platform),
         waits_(waits),
         polling_(polling),
         state_(state),
         status_(status),
-        screen_(screen),
+        window_(meter_rec),
+        notice_(notice),
         label_column_left_(label_column_left) {}
 
   // A reply that is too short resumes polling, tells the user and leaves the status as it was.
@@ -32,6 +36,9 @@ class StatusQuery {
 
   // Whether the last query got a reply.
   bool succeeded() const { return succeeded_; }
+
+  // Called after each successful query, once its values are shown.
+  void on_status_read(std::function<void()> handler) { status_read_.push_back(std::move(handler)); }
 
  private:
   void show_splash();
@@ -44,13 +51,15 @@ class StatusQuery {
   Polling& polling_;
   LinkState& state_;
   MeterStatus& status_;
-  Screen& screen_;
+  Window& window_;
+  Window& notice_;
   const LabelColumns& label_column_left_;
   bool succeeded_ = false;
+  std::vector<std::function<void()>> status_read_;
 };
 
-// The captions of the mode label and the wiring panel, in Chinese for `language` 1.
-std::string_view mode_caption(std::int16_t meter_mode, std::int16_t language);
-std::string_view wiring_caption(std::int16_t wiring_system, std::int16_t language);
+// The captions of the mode label and the wiring panel.
+std::string_view mode_caption(std::int16_t meter_mode, Language language);
+std::string_view wiring_caption(Wiring wiring_system, Language language);
 
 }  // namespace halden

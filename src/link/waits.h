@@ -2,7 +2,6 @@
 // reply.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "platform/clock.h"
@@ -18,9 +17,6 @@ class Waits {
   // anew, so a wait across midnight lasts up to `seconds` again after it. Throws ProgramEnded when the
   // program ends meanwhile.
   void timed_wait(double seconds, Yield yield);
-
-  // The same in whole seconds without yielding.
-  void wait_seconds(const std::int16_t& seconds) { timed_wait(seconds, Yield::no); }
 
   // Appends everything received to a live buffer, of which the newest live_buffer_limit bytes are kept.
   void drain(std::string& buffer);

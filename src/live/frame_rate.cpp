@@ -13,8 +13,6 @@ void FrameRate::count(double now_s) {
   while (now_s - times_s_.front() > window_s) times_s_.pop_front();
 }
 
-bool FrameRate::alive(double now_s) const { return !times_s_.empty() && now_s - times_s_.back() <= window_s; }
-
 // Between n frames lie n - 1 gaps; a gap that is still open counts too, so the rate falls while the meter is
 // silent.
 double FrameRate::per_second(double now_s) const {

@@ -10,9 +10,6 @@ class FrameRate {
   // A frame was complete at this monotonic time in seconds.
   void count(double now_s);
 
-  // Whether a frame came lately.
-  bool alive(double now_s) const;
-
   // Frames per second over the last few seconds before `now_s`; 0 when none came.
   double per_second(double now_s) const;
 

@@ -1,16 +1,25 @@
 #include "live/sample_clock.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "readings/numbers.h"
 #include "readings/patterns.h"
-#include "screen/panels.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
 namespace {
 
 constexpr int shortest_period_ms = 100;
+constexpr std::int16_t whole_seconds_ms = 1000;
+
+constexpr double shortest_s = 2;
+constexpr double longest_s = 32767;
+
+constexpr const char* title = "Input Sampling Time";
+constexpr const char* prompt =
+    "Enter the SAMPLING TIME in seconds\r\n\r\nThe value can be 2 or any other integer (max. 32767).";
 
 }  // namespace
 
@@ -18,6 +27,12 @@ std::string time_of_day_text(double seconds_since_midnight) {
   const int whole = static_cast<int>(seconds_since_midnight);
   return format_pattern(whole / 3600, "#00") + ":" + format_pattern(whole / 60 % 60, "#00") + ":" +
          format_pattern(whole % 60, "#00");
+}
+
+void SampleClock::connect(Dialogs& dialogs) {
+  const auto ask = [this, &dialogs] { ask_sampling_time(dialogs); };
+  window_.on_click("SampleRate", ask);
+  for (int label = 0; label < clock_label_count; ++label) window_.on_click(element("Label1", label), ask);
 }
 
 void SampleClock::tick() {
@@ -28,9 +43,9 @@ void SampleClock::tick() {
   align(now_s);
 }
 
-double SampleClock::sample_time_s() const {
-  return leading_number(static_cast<const Window&>(window_)[sample_time_label].text);
-}
+double SampleClock::sample_time_s() const { return leading_number(window_[sample_time_label].text); }
+
+const std::string& SampleClock::sampling_instant() const { return window_[sample_clock_label].text; }
 
 bool SampleClock::sampling_instant_reached(double sample_time_s) {
   if (sample_counting != 1) return true;
@@ -41,11 +56,11 @@ bool SampleClock::sampling_instant_reached(double sample_time_s) {
 }
 
 void SampleClock::mark_sampling_instant(double now_s, double sample_time_s) {
-  Control& label = window_[sample_clock_label];
-  if (sample_time_s != 0) label.tag = format_pattern(std::floor(now_s / sample_time_s + 0.5), "#0");
-  window_["hold"].visible = false;
-  window_["Warning"].visible = false;
-  label.text = time_of_day_text(now_s);
+  if (sample_time_s != 0)
+    window_.set_tag(sample_clock_label, format_pattern(std::floor(now_s / sample_time_s + 0.5), "#0"));
+  window_.set_visible("hold", false);
+  window_.set_visible("Warning", false);
+  window_.set_text(sample_clock_label, time_of_day_text(now_s));
 }
 
 // The next tick falls on a whole multiple of clock_tick_ms since midnight.
@@ -59,7 +74,27 @@ void SampleClock::align(double now_s) {
 void SampleClock::show_date() {
   if (clock_.today() == shown_date_) return;
   shown_date_ = clock_.today();
-  window_[date_label].text = clock_.short_date();
+  window_.set_text(date_label, clock_.short_date());
+}
+
+void SampleClock::ask_sampling_time(Dialogs& dialogs) {
+  std::string answer = dialogs.input(prompt, title, format_pattern(sample_time_s(), "#0"));
+  if (answer.empty()) return;
+  if (const std::size_t comma = answer.find(','); comma != std::string::npos) answer[comma] = '.';
+  const double typed_s = leading_number(answer);
+  if (typed_s < shortest_s) dialogs.message({"Sampling time must be > 2 seconds", "", Icon::none});
+  set_sampling_time(static_cast<std::int16_t>(std::clamp(typed_s, shortest_s, longest_s)));
+}
+
+void SampleClock::set_sampling_time(std::int16_t time_s) {
+  sample_counting = 1;
+  clock_tick_ms = whole_seconds_ms;
+  window_.set_text(sample_time_label, format_pattern(time_s, "#0") + " SEC");
+  start_counting_anew();
+}
+
+void SampleClock::start_counting_anew() {
+  sample_tick_count = static_cast<std::int16_t>(static_cast<int>(sample_time_s()) - 1);
 }
 
 }  // namespace halden

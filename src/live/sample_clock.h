@@ -3,9 +3,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <string>
 
 #include "platform/clock.h"
+#include "platform/dialogs.h"
 #include "platform/timer.h"
 #include "screen/window.h"
 
@@ -16,6 +17,9 @@ class SampleClock {
   SampleClock(const Clock& clock, Timer& timer1, Window& meter_rec)
       : clock_(clock), timer_(timer1), window_(meter_rec) {}
 
+  // "Sample Rate" and a double click on a label of the clock ask for the sampling time.
+  void connect(Dialogs& dialogs);
+
   void tick();
 
   // Writes today's date into the date label when it is not the one shown.
@@ -24,11 +28,28 @@ class SampleClock {
   // The sampling time in seconds: the leading number of sample_time_label.
   double sample_time_s() const;
 
+  // The text of sample_clock_label.
+  const std::string& sampling_instant() const;
+
+  // Whether the label has changed since the live poll saw it last; and that it has seen it now.
+  bool new_instant() const { return sampling_instant() != last_sample_time; }
+  void remember_instant() { last_sample_time = sampling_instant(); }
+
+  // Whole seconds from 2 to 32767. The next whole second is a sampling instant.
+  void set_sampling_time(std::int16_t time_s);
+
+  // The next whole second is a sampling instant.
+  void start_counting_anew();
+
+  std::string last_sample_time;
   std::int16_t sample_counting = 1;    // 1 while ticks are counted
   std::int16_t sample_tick_count = 0;  // seconds since the last sampling instant
   std::int16_t clock_tick_ms = 1000;
 
  private:
+  // What lies outside the range is brought to its nearer end, and a fraction is cut off. An empty answer
+  // changes nothing.
+  void ask_sampling_time(Dialogs& dialogs);
   bool sampling_instant_reached(double sample_time_s);
   void mark_sampling_instant(double now_s, double sample_time_s);
   void align(double now_s);

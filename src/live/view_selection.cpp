@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "screen/panels.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -13,14 +13,14 @@ constexpr std::int16_t offered_orders = 51;
 
 void show_panels(Window& window, std::span<const Panel> panels, bool visible) {
   for (const Panel& panel : panels) {
-    window[panel.label].visible = visible;
-    window[panel.value].visible = visible;
+    window.set_visible(panel.label, visible);
+    window.set_visible(panel.value, visible);
   }
 }
 
 void show_graph(Window& window, bool visible) {
-  window["HScroll1"].visible = visible;
-  window["Harmo_Graph1"].visible = visible;
+  window.set_visible("HScroll1", visible);
+  window.set_visible("Harmo_Graph1", visible);
 }
 
 // Of the summary block without date and time, which come with the first frame.
@@ -36,29 +36,28 @@ void ViewSelection::select_by_meter_mode() {
 }
 
 void ViewSelection::close_view() {
-  state_.display_mode = power_view;
-  polling_.stop_polling();
-  show_graph(window_, false);
-  show_panels(window_, harmonic_cursor_panels(), false);
-  show_panels(window_, wave_summary_panels(), false);
-  polling_.set_live_timer();
-  polling_.resume_polling(1);
+  exchange_.run([this] {
+    state_.display_mode = power_view;
+    show_graph(window_, false);
+    show_panels(window_, harmonic_cursor_panels(), false);
+    show_panels(window_, wave_summary_panels(), false);
+    polling_.set_live_timer();
+    return Afterwards::just_poll;
+  });
 }
 
 void ViewSelection::open_harmonics() {
-  view_ = {offered_orders, 0};
+  options_ = {offered_orders, 0};
   state_.display_mode = harmonics_view;
   if (status_.harmonic_order == 0) status_.harmonic_order = 1;
-  Control& cursor = window_["HScroll1"];
-  cursor.minimum = 1;
-  cursor.maximum = offered_orders;
-  cursor.value = std::clamp<std::int16_t>(status_.harmonic_order, 1, offered_orders);
+  window_.set_range("HScroll1", 1, offered_orders);
+  window_.set_value("HScroll1", std::clamp<std::int16_t>(status_.harmonic_order, 1, offered_orders));
   show_graph(window_, true);
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_of_harmonics(), true);
   const bool frequency_known = status_.frequency_code != 0;
-  window_["har_hz_label"].visible = frequency_known;
-  window_["har_hz_value"].visible = frequency_known;
+  window_.set_visible("har_hz_label", frequency_known);
+  window_.set_visible("har_hz_value", frequency_known);
   polling_.set_live_timer();
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "link/exchange.h"
 #include "link/link_state.h"
 #include "link/meter_status.h"
 #include "link/polling.h"
@@ -10,16 +11,16 @@
 
 namespace halden {
 
-struct HarmonicsView {
+struct HarmonicsOptions {
   std::int16_t harmonic_count = 99;  // highest order offered: 51 or 99
   std::int16_t harmonic_option = 0;  // 0 percentages, 1 phase angles
 };
 
 class ViewSelection {
  public:
-  ViewSelection(Polling& polling, LinkState& state, MeterStatus& status, HarmonicsView& view,
+  ViewSelection(Exchange& exchange, Polling& polling, LinkState& state, MeterStatus& status, HarmonicsOptions& options,
                 Window& meter_rec)
-      : polling_(polling), state_(state), status_(status), view_(view), window_(meter_rec) {}
+      : exchange_(exchange), polling_(polling), state_(state), status_(status), options_(options), window_(meter_rec) {}
 
   // A meter in power mode closes the harmonics or waveform view; one in harmonics mode opens the harmonics
   // view with 51 orders in percent.
@@ -31,10 +32,11 @@ class ViewSelection {
  private:
   void open_harmonics();
 
+  Exchange& exchange_;
   Polling& polling_;
   LinkState& state_;
   MeterStatus& status_;
-  HarmonicsView& view_;
+  HarmonicsOptions& options_;
   Window& window_;
 };
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "readings/numbers.h"
-#include "readings/over_range.h"
+#include "readings/raw_values.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
 
@@ -13,13 +13,12 @@ namespace {
 
 constexpr double seconds_per_minute = 60.0;
 
-// Keeps and shows the average; on an overflow neither changes.
-void show_demand(const Scaling& scaling, double average, const UnitTable& units, double& kept,
-                 std::string& text) {
+// Shows the average; on an overflow the text stays, and false says so.
+bool show_demand(const Scaling& scaling, double average, const UnitTable& units, std::string& text) {
   auto new_text = power_text_of(scaling, average, Division::real, units);
-  if (!new_text) return;
-  kept = average;
+  if (!new_text) return false;
   text = std::move(*new_text);
+  return true;
 }
 
 }  // namespace
@@ -41,7 +40,7 @@ void Readings::advance_maximum_demand_w(double t) {
   demand_w_sum += system_w_raw;
   if (!demand_period_complete(t)) return;
   const double average = demand_w_sum / demand_samples;
-  if (average >= max_demand_w) show_demand(scaling_, average, w_units, max_demand_w, demand_w_text);
+  if (average >= max_demand_w && show_demand(scaling_, average, w_units, demand_w_text)) max_demand_w = average;
 }
 
 void Readings::advance_maximum_demand_va(double t) {
@@ -52,7 +51,8 @@ void Readings::advance_maximum_demand_va(double t) {
   demand_va_sum += system_va_raw;
   if (!demand_period_complete(t)) return;
   const double average = demand_va_sum / demand_samples;
-  if (average >= max_demand_va) show_demand(scaling_, average, va_units, max_demand_va, demand_va_text);
+  if (average >= max_demand_va && show_demand(scaling_, average, va_units, demand_va_text))
+    max_demand_va = average;
 }
 
 void Readings::advance_average_demand_w(double t) {
@@ -62,7 +62,7 @@ void Readings::advance_average_demand_w(double t) {
   }
   average_w_sum += system_w_raw;
   if (!demand_period_complete(t)) return;
-  show_demand(scaling_, average_w_sum / demand_samples, w_units, average_demand_w, average_w_text);
+  show_demand(scaling_, average_w_sum / demand_samples, w_units, average_w_text);
 }
 
 void Readings::advance_average_demand_va(double t) {
@@ -74,8 +74,7 @@ void Readings::advance_average_demand_va(double t) {
   if (!sum) return;
   average_va_sum = *sum;
   if (!demand_period_complete(t)) return;
-  show_demand(scaling_, static_cast<double>(average_va_sum) / demand_samples, va_units, average_demand_va,
-              average_va_text);
+  show_demand(scaling_, static_cast<double>(average_va_sum) / demand_samples, va_units, average_va_text);
 }
 
 void Readings::reset_demand_period(double t) {

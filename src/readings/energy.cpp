@@ -1,7 +1,7 @@
 // Energy as running sums of raw system powers.
 #include <string>
 
-#include "readings/over_range.h"
+#include "readings/raw_values.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
 
@@ -38,11 +38,10 @@ void Readings::advance_energy_vah(double t) {
 
 void Readings::reset_energy_and_demand() {
   energy_wh = energy_varh = energy_vah = 0.0;
-  energy_pf_raw = 0;
   demand_samples = 0;
   demand_w_sum = demand_va_sum = average_w_sum = 0.0;
   average_va_sum = 0;
-  max_demand_w = max_demand_va = average_demand_w = average_demand_va = 0.0;
+  max_demand_w = max_demand_va = 0.0;
   demand_w_text = demand_va_text = no_demand_text;
   average_w_text.clear();
   average_va_text.clear();

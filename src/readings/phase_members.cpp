@@ -4,9 +4,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "readings/angles.h"
+#include "readings/raw_values.h"
 #include "readings/numbers.h"
-#include "readings/over_range.h"
 #include "readings/patterns.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
@@ -15,8 +14,8 @@ namespace halden {
 
 namespace {
 
-// Half a count less, so that the rounding to a whole count that follows cuts instead. Rounding errors and a W
-// above VA put the radicand of a vanishing magnitude below 0.
+// The raw value is cut, not rounded: floor(x) == round(x - 0.5). Rounding errors and a W above VA put the
+// radicand of a vanishing magnitude below 0.
 double derived_magnitude(double square) { return std::sqrt(std::max(square, 0.0)) - 0.5; }
 
 // V x I counts 0.01 mVA x 10^range.
@@ -91,7 +90,6 @@ void Readings::reactive_power(double va, double w, double angle_v, double angle_
   const double raw = round_half_even(sign * static_cast<double>(magnitude));
   auto text = power_text_of(scaling_, raw, Division::real, var_units);
   if (!text) return;
-  var_magnitude = magnitude;
   var_raw = raw;
   var_text = std::move(*text);
 }

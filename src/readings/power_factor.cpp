@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "readings/numbers.h"
-#include "readings/over_range.h"
+#include "readings/raw_values.h"
 #include "readings/patterns.h"
 #include "readings/readings.h"
 
@@ -41,8 +41,7 @@ void Readings::power_factor(double w, double va) {
   const auto ratio = ratio_in_thousandths(w, va);
   if (!ratio) return;
   pf_raw = *ratio;
-  pf_value = hundredths(pf_raw);
-  pf_text = format_pattern(pf_value, "0.00");
+  pf_text = format_pattern(hundredths(pf_raw), "0.00");
 }
 
 void Readings::system_power_factor() {
@@ -61,7 +60,6 @@ void Readings::energy_power_factor() {
   if (any_over_range({system_w_raw, system_va_raw})) return;
   const auto ratio = ratio_in_thousandths(energy_wh, energy_vah);
   if (!ratio) return;
-  energy_pf_raw = *ratio;
   energy_pf_text = format_pattern(hundredths(*ratio), "0.00H");
 }
 

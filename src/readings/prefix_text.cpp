@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "readings/numbers.h"
-#include "readings/over_range.h"
+#include "readings/raw_values.h"
 #include "readings/patterns.h"
 
 namespace halden {

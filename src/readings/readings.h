@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "readings/scaling.h"
+#include "readings/raw_values.h"
 
 namespace halden {
 
@@ -45,17 +45,14 @@ struct Readings {
   double va_raw = 0;
   void apparent_power(double v, double i, double w);
 
-  // Positive when the voltage leads; va and w are checked. var_magnitude is the unsigned value before
-  // rounding; over range leaves it.
+  // Positive when the voltage leads; va and w are checked.
   std::string var_text;
   double var_raw = 0;
-  float var_magnitude = 0;
   void reactive_power(double va, double w, double angle_v, double angle_i);
 
-  // pf_raw in thousandths, at most 1000; pf_value in whole hundredths, left as it is by over range.
+  // pf_raw in thousandths, at most 1000; the text shows whole hundredths.
   std::string pf_text;
   std::int32_t pf_raw = 0;
-  double pf_value = 0;
   void power_factor(double w, double va);
 
   // Voltage against current in -1800..1800; v and i are checked.
@@ -98,7 +95,6 @@ struct Readings {
 
   // From energy_wh and energy_vah; leaves text and value while the system's W or VA is over range.
   std::string energy_pf_text;
-  std::int32_t energy_pf_raw = 0;  // thousandths
   void energy_power_factor();
 
   // ---- demand: once per sampling instant, count_demand_sample first, reset_demand_period last ----
@@ -120,12 +116,10 @@ struct Readings {
   // The average of the last complete period.
   std::string average_w_text;
   double average_w_sum = 0;
-  double average_demand_w = 0;
   void advance_average_demand_w(double t);
 
   std::string average_va_text;
   std::int32_t average_va_sum = 0;  // a sum that would not fit abandons the call
-  double average_demand_va = 0;
   void advance_average_demand_va(double t);
 
   // At the end of a complete period: counter and the four sums to 0. Does nothing while t is 0.

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "readings/prefix_text.h"
-#include "readings/scaling.h"
+#include "readings/raw_values.h"
 
 namespace halden {
 

@@ -2,7 +2,7 @@
 #include <cmath>
 #include <utility>
 
-#include "readings/over_range.h"
+#include "readings/raw_values.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
 
@@ -10,12 +10,9 @@ namespace halden {
 
 namespace {
 
-constexpr int wiring_1p2w = 0;
-constexpr int wiring_1p3w = 1;
-
-double sum_of_phases(int wiring_system, double phase_1, double phase_2, double phase_3) {
-  if (wiring_system == wiring_1p2w) return phase_1;
-  if (wiring_system == wiring_1p3w) return phase_1 + phase_2;
+double sum_of_phases(Wiring wiring_system, double phase_1, double phase_2, double phase_3) {
+  if (wiring_system == Wiring::w1p2w) return phase_1;
+  if (wiring_system == Wiring::w1p3w) return phase_1 + phase_2;
   return phase_1 + phase_2 + phase_3;
 }
 

@@ -5,10 +5,10 @@
 
 namespace halden {
 
-Control& Window::add(std::string name, Control control) {
+void Window::add(std::string name, Control control) {
   index_.emplace(name, controls_.size());
+  controls_.emplace_back(std::move(name), std::move(control));
   ++revision_;
-  return controls_.emplace_back(std::move(name), std::move(control)).second;
 }
 
 std::size_t Window::index_of(std::string_view name) const {
@@ -21,26 +21,107 @@ std::size_t Window::index_of(std::string_view name) const {
   return found->second;
 }
 
-Control& Window::operator[](std::string_view name) {
-  ++revision_;
-  return controls_[index_of(name)].second;
-}
-
-const Control& Window::operator[](std::string_view name) const { return controls_[index_of(name)].second; }
-
-void Window::set_caption(std::string caption) {
-  caption_ = std::move(caption);
+template <typename Member, typename Value>
+void Window::change(Member& member, Value&& value) {
+  if (member == value) return;
+  member = std::forward<Value>(value);
   ++revision_;
 }
+
+void Window::set_text(std::string_view name, std::string_view text) {
+  change(controls_[index_of(name)].second.text, text);
+}
+
+void Window::set_visible(std::string_view name, bool visible) {
+  change(controls_[index_of(name)].second.visible, visible);
+}
+
+void Window::set_enabled(std::string_view name, bool enabled) {
+  change(controls_[index_of(name)].second.enabled, enabled);
+}
+
+void Window::set_checked(std::string_view name, bool checked) {
+  change(controls_[index_of(name)].second.checked, checked);
+}
+
+void Window::set_tag(std::string_view name, std::string_view tag) {
+  change(controls_[index_of(name)].second.tag, tag);
+}
+
+void Window::set_tooltip(std::string_view name, std::string_view tooltip) {
+  change(controls_[index_of(name)].second.tooltip, tooltip);
+}
+
+void Window::set_place(std::string_view name, const Place& place) {
+  change(static_cast<Place&>(controls_[index_of(name)].second), place);
+}
+
+void Window::set_value(std::string_view name, int value) {
+  change(controls_[index_of(name)].second.value, value);
+}
+
+void Window::set_range(std::string_view name, int minimum, int maximum) {
+  change(controls_[index_of(name)].second.minimum, minimum);
+  change(controls_[index_of(name)].second.maximum, maximum);
+}
+
+void Window::set_lines(std::string_view name, std::shared_ptr<const Lines> lines) {
+  change(controls_[index_of(name)].second.lines, std::move(lines));
+}
+
+void Window::set_chart(std::string_view name, std::shared_ptr<const Chart> chart) {
+  change(controls_[index_of(name)].second.chart, std::move(chart));
+}
+
+void Window::apply_captions(Language language) {
+  for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
+}
+
+void Window::restore_caption(std::string_view control, Language language) {
+  for (const Caption& caption : captions_)
+    if (caption.control == control) set_text(control, caption.text.in(language));
+}
+
+void Window::set_caption(std::string_view caption) { change(caption_, caption); }
 
 void Window::show() {
   ++times_shown_;
-  set_visible(true);
+  ++revision_;
+  visible_ = true;
 }
 
-void Window::set_visible(bool visible) {
-  visible_ = visible;
-  ++revision_;
+void Window::hide() { change(visible_, false); }
+
+void Window::on_click(std::string_view control, Handler handler) {
+  clicks_[controls_[index_of(control)].first] = std::move(handler);
+}
+
+void Window::on_change(std::string_view control, Handler handler) {
+  changes_[controls_[index_of(control)].first] = std::move(handler);
+}
+
+void Window::on_close(Handler handler, Closing closing) {
+  closed_ = std::move(handler);
+  closing_ = closing;
+}
+
+void Window::click(std::string_view control) const {
+  const auto handler = clicks_.find(control);
+  if (handler == clicks_.end()) return;
+  const Control& clicked = (*this)[control];
+  if (clicked.enabled && clicked.visible) handler->second();
+}
+
+void Window::changed(std::string_view control) const {
+  if (const auto handler = changes_.find(control); handler != changes_.end()) handler->second();
+}
+
+void Window::resized() const {
+  if (resized_) resized_();
+}
+
+void Window::closed() const {
+  if (closed_) closed_();
 }
 
 std::string element(std::string_view array_name, int index) {

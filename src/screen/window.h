@@ -1,34 +1,69 @@
-// A window as plain values: what each control shows, under the control's name. Logic writes here; the window
-// on the screen mirrors it, and tests and haldenctl read the same values.
+// A window as a value: what each control shows, under the control's name, and what happens when the user
+// clicks, changes, resizes or closes. Logic writes here; the window on the screen mirrors it, and tests and
+// haldenctl read the same values. Control names repeat between windows: address the window first.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "screen/language.h"
+
 namespace halden {
 
-// Positions and sizes are in 1/1440 inch of the window's design size; the window on the screen scales them.
-struct Control {
-  std::string text;
-  bool visible = true;
-  bool enabled = true;
-  bool checked = false;
+struct Chart;  // a chart as a value; this room only hands it on
+
+// In 1/1440 inch of the window's design size; the window on the screen scales it.
+struct Place {
   float left = 0;
   float top = 0;
   float width = 0;
   float height = 0;
+
+  bool operator==(const Place&) const = default;
+};
+
+// A design pixel is 1/96 inch.
+inline constexpr float units_per_pixel = 15.0F;
+
+// The entries of a list box.
+using Lines = std::vector<std::string>;
+
+struct Control : Place {
+  std::string text;
+  bool visible = true;
+  bool enabled = true;
+  bool checked = false;
   std::string tag;
   std::string tooltip;
   int value = 0;  // of a scroll bar, with its range
   int minimum = 0;
   int maximum = 0;
+  // Constant and compared by pointer, so that 100,000 entries cost nothing to compare: to change them, make
+  // new ones.
+  std::shared_ptr<const Lines> lines;
+  std::shared_ptr<const Chart> chart;
 
   bool operator==(const Control&) const = default;
 };
+
+// A control and its caption in both languages.
+struct Caption {
+  std::string_view control;
+  Text text;
+};
+
+using Handler = std::function<void()>;
+
+// When the window's close handler runs: not before a wait without input is over, or at once.
+enum class Closing { waits, at_once };
 
 class Window {
  public:
@@ -36,39 +71,73 @@ class Window {
 
   const std::string& name() const { return name_; }
 
+  // ---- controls ----
   // Adds a control; its name is new.
-  Control& add(std::string name, Control control);
+  void add(std::string name, Control control);
 
   // The control of that name. A name that does not exist is a mistake in the program and ends it.
-  Control& operator[](std::string_view name);
-  const Control& operator[](std::string_view name) const;
-
-  bool has(std::string_view name) const { return index_.find(name) != index_.end(); }
+  const Control& operator[](std::string_view name) const { return controls_[index_of(name)].second; }
 
   // All controls in the order they were added.
   const std::vector<std::pair<std::string, Control>>& controls() const { return controls_; }
 
+  // Setting what a control holds already is no change.
+  void set_text(std::string_view name, std::string_view text);
+  void set_visible(std::string_view name, bool visible);
+  void set_enabled(std::string_view name, bool enabled);
+  void set_checked(std::string_view name, bool checked);
+  void set_tag(std::string_view name, std::string_view tag);
+  void set_tooltip(std::string_view name, std::string_view tooltip);
+  void set_place(std::string_view name, const Place& place);
+  void set_value(std::string_view name, int value);
+  void set_range(std::string_view name, int minimum, int maximum);
+  void set_lines(std::string_view name, std::shared_ptr<const Lines> lines);
+  void set_chart(std::string_view name, std::shared_ptr<const Chart> chart);
+
+  // The captions that depend on the language. The table outlives the window.
+  void set_captions(std::span<const Caption> captions) { captions_ = captions; }
+  void apply_captions(Language language);
+  void restore_caption(std::string_view control, Language language);
+
+  // ---- the window itself ----
   const std::string& caption() const { return caption_; }
-  void set_caption(std::string caption);
+  void set_caption(std::string_view caption);
 
   bool visible() const { return visible_; }
   void show();
-  void hide() { set_visible(false); }
+  void hide();
 
   // Counts the calls of show(): a window that is shown again comes to the front.
   std::uint32_t times_shown() const { return times_shown_; }
 
-  // Grows whenever something may have changed, so that a mirror can skip what it has already shown.
+  // Grows with every change, so that a mirror can skip what it has already shown.
   std::uint64_t revision() const { return revision_; }
+
+  // ---- what the user does ----
+  // What they capture outlives the window. A later handler of the same control replaces the earlier one.
+  void on_click(std::string_view control, Handler handler);
+  void on_change(std::string_view control, Handler handler);  // a new value, text or selection by the user
+  void on_resize(Handler handler) { resized_ = std::move(handler); }
+  void on_close(Handler handler, Closing closing = Closing::waits);
+  Closing closing() const { return closing_; }
+
+  // Run the handlers. Nothing happens where there is none, and on a click while the control is disabled or
+  // hidden.
+  void click(std::string_view control) const;
+  void changed(std::string_view control) const;
+  void resized() const;  // shown for the first time, or a change of size has settled
+  void closed() const;
 
  private:
   struct NameHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
   };
+  using Handlers = std::map<std::string, Handler, std::less<>>;
 
   std::size_t index_of(std::string_view name) const;
-  void set_visible(bool visible);
+  template <typename Member, typename Value>
+  void change(Member& member, Value&& value);
 
   std::string name_;
   std::string caption_;
@@ -77,6 +146,12 @@ class Window {
   std::uint64_t revision_ = 1;
   std::vector<std::pair<std::string, Control>> controls_;
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
+  std::span<const Caption> captions_;
+  Handlers clicks_;
+  Handlers changes_;
+  Handler resized_;
+  Handler closed_;
+  Closing closing_ = Closing::waits;
 };
 
 // The name of one element of a control array: element("Label1", 3) is "Label1_3".

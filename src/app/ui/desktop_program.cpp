@@ -5,15 +5,15 @@
 #include <QMenuBar>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 
-#include "app/companion.h"
+#include "app/program.h"
 #include "app/ui/demo_panel.h"
-#include "app/ui/meter_rec.h"
+#include "app/ui/forms.h"
 #include "app/ui/notice_window.h"
 #include "app/ui/recording_mark.h"
 #include "app/ui/signal_watch.h"
 #include "app/ui/unattended_dialogs.h"
-#include "live/ui/phasor_form.h"
 #include "platform/qt/core/qt_clock.h"
 #include "platform/qt/core/qt_files.h"
 #include "platform/qt/core/qt_serial_port.h"
@@ -23,7 +23,6 @@
 #include "platform/qt/desktop/qt_printer.h"
 #include "platform/qt/desktop/qt_shell.h"
 #include "platform/qt/desktop/wait_cursor.h"
-#include "screen/main_window.h"
 #include "screen/ui/fonts.h"
 #include "simulator/demo_port.h"
 #include "simulator/meter.h"
@@ -88,30 +87,41 @@ struct Outside {
   WaitCursor wait_cursor{world};
 };
 
+// What the user does reaches the logic through the world, which keeps it while a wait takes no input.
+class WorldInput : public UserInput {
+ public:
+  explicit WorldInput(QtWorld& world) : world_(world) {}
+  void run_input(std::function<void()> handler) override { world_.run_input(std::move(handler)); }
+  void run_now(std::function<void()> handler) override { world_.run(handler); }
+  bool busy() const override { return world_.holding(); }
+
+ private:
+  QtWorld& world_;
+};
+
 class DesktopProgram {
  public:
   DesktopProgram(const DesktopOptions& options, Look look)
       : options_(options),
         outside_(options),
-        companion_(outside_.platform(options), start_options(options)),
-        main_window_(companion_.screen().meter_rec, events(), look),
-        phasor_form_(companion_.screen().phasor_form, phasor_events(), look),
-        notice_(companion_.screen().chkspeed, main_window_, look),
-        recording_mark_(new RecordingMark(companion_.screen().chkspeed, theme(look))),
+        program_(outside_.platform(options), start_options(options)),
+        input_(outside_.world),
+        forms_(make_forms(program_.shared.windows, input_, look)),
+        main_window_(*forms_.front()),
+        notice_(program_.shared.notice, main_window_, look),
+        recording_mark_(new RecordingMark(program_.shared.notice, theme(look))),
         demo_panel_(outside_.meter, outside_.simulated_port, &main_window_),
         signals_([this] { close_program(); }) {
     outside_.dialogs.set_parent(&main_window_);
-    outside_.printer.add_window(companion_.screen().meter_rec.name(),
-                                [this] { return main_window_.paper_image(); });
-    outside_.printer.add_window(companion_.screen().phasor_form.name(),
-                                [this] { return phasor_form_.paper_image(); });
+    for (const auto& form : forms_)
+      outside_.printer.add_window(form->window().name(), [form = form.get()] { return form->paper_image(); });
     recording_mark_->setFixedHeight(main_window_.menuBar()->sizeHint().height());
     main_window_.menuBar()->setCornerWidget(recording_mark_);
     connect_mirrors();
   }
 
   int run() {
-    QTimer::singleShot(0, &main_window_, [this] { world().run([this] { companion_.start_up(); }); });
+    QTimer::singleShot(0, &main_window_, [this] { world().run([this] { program_.desk.start_up(); }); });
     QTimer idle;
     QObject::connect(&idle, &QTimer::timeout, &idle, [this] { world().refresh(); });
     idle.start(idle_refresh_ms);
@@ -122,40 +132,24 @@ class DesktopProgram {
  private:
   QtWorld& world() { return outside_.world; }
 
-  MeterRecEvents events() {
-    return {[this](std::string_view control) { click(control); },
-            [this] { world().run([this] { companion_.main_window_resized(); }); },
-            [this] { close_program(); }, [this] { return world().holding(); }};
-  }
-
-  PhasorFormEvents phasor_events() {
-    return {[this](std::string_view control) { click(control); },
-            [this] { world().run([this] { companion_.phasor_form_resized(); }); },
-            [this] { world().run_input([this] { companion_.phasor_form_closed(); }); },
-            [this] { return world().holding(); }};
-  }
-
-  void click(std::string_view control) {
-    world().run_input([this, name = std::string(control)] { companion_.click(name); });
-  }
-
-  // At once, whatever is going on: by the window's frame or by a signal.
+  // At once, whatever is going on.
   void close_program() {
-    world().run([this] { companion_.main_window_closed(); });
-    world().end_program();
+    world().run([this] { program_.shared.meter_rec.closed(); });
   }
 
   void connect_mirrors() {
-    world().add_mirror([this] { companion_.refresh_status_line(); });
-    world().add_mirror([this] { main_window_.show_changes(); });
-    world().add_mirror([this] { phasor_form_.show_changes(); });
+    world().add_mirror([this] { program_.desk.refresh_status_line(); });
+    for (const auto& form : forms_) {
+      world().add_mirror([form = form.get()] { form->show_changes(); });
+      world().add_mirror([this, form = form.get()] {
+        if (!program_.link.gate.busy()) form->set_typing(Typing::taken);
+      });
+      QObject::connect(&world(), &QtWorld::long_wait_began, form.get(),
+                       [form = form.get()] { form->set_typing(Typing::refused); });
+    }
     world().add_mirror([this] { notice_.show_changes(); });
     world().add_mirror([this] { recording_mark_->show_changes(); });
-    world().add_mirror([this] {
-      if (!companion_.exchange_runs()) main_window_.take_typing();
-    });
     world().add_mirror([this] { follow_first_show(); });
-    QObject::connect(&world(), &QtWorld::long_wait_began, &main_window_, &MeterRec::refuse_typing);
     world().on_end([this] {
       for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
     });
@@ -182,9 +176,10 @@ class DesktopProgram {
 
   const DesktopOptions& options_;
   Outside outside_;
-  Companion companion_;
-  MeterRec main_window_;
-  PhasorForm phasor_form_;
+  Program program_;
+  WorldInput input_;
+  std::vector<std::unique_ptr<FormWindow>> forms_;
+  FormWindow& main_window_;
   NoticeWindow notice_;
   RecordingMark* recording_mark_;  // owned by the menu bar
   DemoPanel demo_panel_;

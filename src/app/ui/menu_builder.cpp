@@ -8,8 +8,8 @@
 #include <map>
 #include <string>
 
-#include "screen/menus.h"
-#include "screen/ui/mirror.h"
+#include "screen/meter_rec/menus.h"
+#include "screen/ui/form_window.h"
 
 namespace halden {
 
@@ -29,11 +29,11 @@ bool has_children(std::string_view name) {
 }
 
 // Qt marks a chosen entry by itself; whether it is marked is decided by the values.
-void tie_action(QAction& action, const std::string& name, Mirror& mirror, const Click& click) {
-  mirror.tie(name, action);
-  QObject::connect(&action, &QAction::triggered, &action, [&action, name, click](bool now_checked) {
+void tie_action(QAction& action, const std::string& name, FormWindow& form) {
+  form.mirror().tie(name, action);
+  QObject::connect(&action, &QAction::triggered, &form, [&action, name, &form](bool now_checked) {
     if (action.isCheckable()) action.setChecked(!now_checked);
-    click(name);
+    form.click(name);
   });
 }
 
@@ -44,7 +44,7 @@ void set_shortcut(QAction& action, std::string_view name) {
 
 }  // namespace
 
-void build_menus(QMenuBar& bar, Mirror& mirror, const Click& click) {
+void build_menus(QMenuBar& bar, FormWindow& form) {
   std::map<std::string, QMenu*, std::less<>> menus;
   for (const MenuEntry& entry : menu_entries()) {
     QMenu* const parent = entry.parent.empty() ? nullptr : menus.at(std::string(entry.parent));
@@ -55,11 +55,11 @@ void build_menus(QMenuBar& bar, Mirror& mirror, const Click& click) {
       menu->setToolTipsVisible(true);
       menus.emplace(entry.name, menu);
       action = menu->menuAction();
-      mirror.tie(entry.name, *action);
-      QObject::connect(menu, &QMenu::aboutToShow, menu, [name = entry.name, click] { click(name); });
+      form.mirror().tie(entry.name, *action);
+      QObject::connect(menu, &QMenu::aboutToShow, &form, [name = entry.name, &form] { form.click(name); });
     } else {
       action = parent != nullptr ? parent->addAction(QString()) : bar.addAction(QString());
-      tie_action(*action, entry.name, mirror, click);
+      tie_action(*action, entry.name, form);
       set_shortcut(*action, entry.name);
     }
     action->setObjectName(to_qt(entry.name));

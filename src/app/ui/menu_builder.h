@@ -1,21 +1,15 @@
 // Builds the menu bar of the main window from its table, and ties every entry to its values.
 #pragma once
 
-#include <functional>
-#include <string_view>
-
 class QMenuBar;
 
 namespace halden {
 
-class Mirror;
-
-// A click on a control, given by its name.
-using Click = std::function<void(std::string_view)>;
+class FormWindow;
 
 // An entry with children becomes a menu, any other an action; both carry the entry's name as object name. The
-// mirror shows an entry's texts and marks; `click` learns which entry the user chose and which menu is about
-// to open.
-void build_menus(QMenuBar& bar, Mirror& mirror, const Click& click);
+// form's mirror shows an entry's texts and marks; an entry the user chooses, and a menu about to open, are
+// clicks on the control.
+void build_menus(QMenuBar& bar, FormWindow& form);
 
 }  // namespace halden

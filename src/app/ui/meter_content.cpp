@@ -38,11 +38,12 @@ Role role_of_reading(const DesignedControl& designed) {
 
 }  // namespace
 
-MeterContent::MeterContent(Window& window, Mirror& mirror, Click click, QWidget* parent)
-    : DesignArea(window, double{design_width}, double{design_height}, parent),
-      mirror_(mirror),
-      click_(std::move(click)) {
+MeterContent::MeterContent(FormWindow& form)
+    : DesignArea(form.window(), double{design_width}, double{design_height}),
+      form_(form),
+      mirror_(form.mirror()) {
   for (const DesignedControl& designed : main_window_design()) (this->*builder_of(designed.kind))(designed);
+  connect(&form, &FormWindow::places_changed, this, &DesignArea::arrange);
   connect(this, &DesignArea::arranged, this, &MeterContent::fit_texts);
 }
 
@@ -84,7 +85,7 @@ void MeterContent::build_reading(const DesignedControl& designed) {
 
 void MeterContent::build_panel(const DesignedControl& designed) {
   const std::optional<int> phase = designed.phase >= 0 ? std::optional(designed.phase) : std::nullopt;
-  auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name), phase, this);
+  auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name), phase, form_.theme(), this);
   mirror_.tie(designed.label, panel->caption());
   mirror_.tie(designed.name, panel->value());
   mirror_.tie(designed.name, [panel](const Control& value) { panel->setVisible(value.visible); });
@@ -100,20 +101,17 @@ void MeterContent::build_edit_box(const DesignedControl& designed) {
   set_role(*field, Role::edit_box);
   field->setMaxLength(longest_setting);
   connect(field, &QLineEdit::returnPressed, this, [this, field, button = designed.label] {
-    if (!field->isReadOnly()) click_(button);
+    if (!field->isReadOnly()) form_.click(button);
   });
   mirror_.tie_edit_box(designed.name, *field);
   name_after(designed.label, *field);
   put(designed.name, *field);
   form_widgets_.push_back(field);
-  edit_boxes_.push_back(field);
 }
 
 void MeterContent::build_button(const DesignedControl& designed) {
   auto* const button = new QPushButton(this);
-  button->setObjectName(to_qt(designed.name));
-  mirror_.tie(designed.name, *button);
-  connect(button, &QPushButton::clicked, this, [this, name = designed.name] { click_(name); });
+  form_.tie_button(designed.name, *button);
   put(designed.name, *button);
   form_widgets_.push_back(button);
 }
@@ -122,7 +120,7 @@ void MeterContent::build_scroll_bar(const DesignedControl& designed) {
   auto* const bar = new QScrollBar(Qt::Horizontal, this);
   bar->setObjectName(to_qt(designed.name));
   bar->setFocusPolicy(Qt::StrongFocus);
-  mirror_.tie(designed.name, *bar, [this, name = designed.name] { click_(name); });
+  mirror_.tie(designed.name, *bar);
   put(designed.name, *bar);
 }
 
@@ -143,11 +141,8 @@ void MeterContent::build_backdrop(const DesignedControl& chart) {
   auto* const backdrop = new QWidget(this);
   backdrop->setObjectName(QStringLiteral("harmonics_backdrop"));
   backdrop->setAutoFillBackground(true);
-  Control place;
-  place.top = 60 * units_per_pixel;
-  place.width = panels_right * units_per_pixel;
-  place.height = design_height - place.top;
-  put_at(place, *backdrop);
+  constexpr float top = 60 * units_per_pixel;
+  put_at({0, top, panels_right * units_per_pixel, design_height - top}, *backdrop);
   mirror_.tie(chart.name, [backdrop](const Control& now) { backdrop->setVisible(now.visible); });
 }
 
@@ -161,7 +156,7 @@ void MeterContent::watch_double_clicks(const DesignedControl& designed, QWidget&
 
 bool MeterContent::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::MouseButtonDblClick) return DesignArea::eventFilter(watched, event);
-  click_(from_qt(watched->objectName()));
+  form_.click(from_qt(watched->objectName()));
   return true;
 }
 
@@ -173,12 +168,6 @@ void MeterContent::fit_texts() {
   for (QWidget* widget : form_widgets_)
     widget->setFont(with_pixel_size(text_font(), scaled(form_pixels, scale)));
   panels_.fit(scale);
-}
-
-void MeterContent::set_theme(const Theme& theme) { panels_.set_theme(theme); }
-
-void MeterContent::set_typing(Typing typing) {
-  for (QLineEdit* box : edit_boxes_) box->setReadOnly(typing == Typing::refused);
 }
 
 }  // namespace halden

@@ -5,29 +5,21 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
-#include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "app/ui/menu_builder.h"
 #include "app/ui/panel_groups.h"
-#include "screen/main_window.h"
+#include "screen/meter_rec/main_window.h"
 #include "screen/ui/design_area.h"
+#include "screen/ui/form_window.h"
 
 namespace halden {
-
-// Whether the edit boxes take what is typed.
-enum class Typing { taken, refused };
 
 class MeterContent : public DesignArea {
   Q_OBJECT
 
  public:
-  MeterContent(Window& window, Mirror& mirror, Click click, QWidget* parent = nullptr);
-
-  void set_theme(const Theme& theme);
-  void set_typing(Typing typing);
+  explicit MeterContent(FormWindow& form);
 
  protected:
   // A double click on a label of the sample clock.
@@ -52,13 +44,12 @@ class MeterContent : public DesignArea {
   void watch_double_clicks(const DesignedControl& designed, QWidget& widget);
   void fit_texts();
 
+  FormWindow& form_;
   Mirror& mirror_;
-  Click click_;
   PanelGroups panels_;
   std::vector<QLabel*> titles_;
   std::vector<ReadingField*> readings_;
   std::vector<QWidget*> form_widgets_;  // buttons and edit boxes
-  std::vector<QLineEdit*> edit_boxes_;
 };
 
 }  // namespace halden

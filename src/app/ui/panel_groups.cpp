@@ -4,7 +4,7 @@
 #include <cmath>
 #include <span>
 
-#include "screen/panels.h"
+#include "screen/meter_rec/panels.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/mirror.h"
 
@@ -50,11 +50,6 @@ void PanelGroups::fit(double scale) {
     for (const Member& member : group) member.panel->set_fonts(caption_font, pixels);
     if (&group == &groups_.front()) largest = static_cast<int>(pixels * at_most_of_phases);
   }
-}
-
-void PanelGroups::set_theme(const Theme& theme) {
-  for (const Group& group : groups_)
-    for (const Member& member : group) member.panel->set_theme(theme);
 }
 
 QFont PanelGroups::fit_captions(const Group& group, double scale) {

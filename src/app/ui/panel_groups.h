@@ -19,8 +19,6 @@ class PanelGroups {
   // design.
   void fit(double scale);
 
-  void set_theme(const Theme& theme);
-
  private:
   struct Member {
     ValuePanel* panel;

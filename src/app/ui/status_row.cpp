@@ -61,18 +61,13 @@ LinkMark link_mark(std::string_view tag) {
   return LinkMark::none;
 }
 
-LinkLight::LinkLight(QWidget* parent) : QWidget(parent), theme_(halden::theme(Look::light)) {
+LinkLight::LinkLight(const Theme& theme, QWidget* parent) : QWidget(parent), theme_(theme) {
   setFixedSize(light_size, light_size);
 }
 
 void LinkLight::set_mark(LinkMark mark) {
   mark_ = mark;
   setVisible(mark != LinkMark::none);
-  update();
-}
-
-void LinkLight::set_theme(const Theme& theme) {
-  theme_ = theme;
   update();
 }
 
@@ -91,8 +86,7 @@ void LinkLight::paintEvent(QPaintEvent*) {
   painter.drawLine(box.topRight(), box.bottomLeft());
 }
 
-StatusRow::StatusRow(Mirror& mirror, QWidget* parent)
-    : QWidget(parent), light_(new LinkLight), theme_(halden::theme(Look::light)) {
+StatusRow::StatusRow(Mirror& mirror, const Theme& theme) : light_(new LinkLight(theme)), theme_(theme) {
   setObjectName(QStringLiteral("status_row"));
   setFixedHeight(line_height);
   auto* const row = new QHBoxLayout(this);
@@ -120,12 +114,6 @@ ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int stretch)
     field->set_explanation(to_qt(now.tooltip));
   });
   return field;
-}
-
-void StatusRow::set_theme(const Theme& theme) {
-  theme_ = theme;
-  light_->set_theme(theme);
-  update();
 }
 
 void StatusRow::paintEvent(QPaintEvent*) {

@@ -45,10 +45,9 @@ class LinkLight : public QWidget {
   Q_OBJECT
 
  public:
-  explicit LinkLight(QWidget* parent = nullptr);
+  explicit LinkLight(const Theme& theme, QWidget* parent = nullptr);
 
   void set_mark(LinkMark mark);
-  void set_theme(const Theme& theme);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -62,9 +61,7 @@ class StatusRow : public QWidget {
   Q_OBJECT
 
  public:
-  explicit StatusRow(Mirror& mirror, QWidget* parent = nullptr);
-
-  void set_theme(const Theme& theme);
+  StatusRow(Mirror& mirror, const Theme& theme);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -11,22 +11,22 @@ void DesignArea::put(const std::string& control, QWidget& child) {
   children_.push_back({control, {}, &child});
 }
 
-void DesignArea::put_at(const Control& place, QWidget& child) { children_.push_back({{}, place, &child}); }
+void DesignArea::put_at(const Place& place, QWidget& child) { children_.push_back({{}, place, &child}); }
 
-QRect DesignArea::place(const Control& control) const {
+QRect DesignArea::in_pixels(const Place& place) const {
   const double across = width() / design_width_;
   const double down = height() / design_height_;
-  const double left = static_cast<double>(control.left);
-  const double top = static_cast<double>(control.top);
+  const double left = static_cast<double>(place.left);
+  const double top = static_cast<double>(place.top);
   const QPoint top_left(qRound(left * across), qRound(top * down));
-  const QPoint bottom_right(qRound((left + static_cast<double>(control.width)) * across),
-                            qRound((top + static_cast<double>(control.height)) * down));
+  const QPoint bottom_right(qRound((left + static_cast<double>(place.width)) * across),
+                            qRound((top + static_cast<double>(place.height)) * down));
   return QRect(top_left, bottom_right - QPoint(1, 1));
 }
 
 void DesignArea::arrange() {
   for (const Child& child : children_)
-    child.widget->setGeometry(place(child.control.empty() ? child.own_place : window_[child.control]));
+    child.widget->setGeometry(in_pixels(child.control.empty() ? child.own_place : window_[child.control]));
   Q_EMIT arranged();
 }
 

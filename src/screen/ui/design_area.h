@@ -21,10 +21,10 @@ class DesignArea : public QWidget {
   void put(const std::string& control, QWidget& child);
 
   // The child shows no control and has a place of its own.
-  void put_at(const Control& place, QWidget& child);
+  void put_at(const Place& place, QWidget& child);
 
-  // Where a control's place is now, in pixels; edges of neighbours stay aligned.
-  QRect place(const Control& control) const;
+  // Where a place is now, in pixels; edges of neighbours stay aligned.
+  QRect in_pixels(const Place& place) const;
 
   // Puts every child in its place.
   void arrange();
@@ -38,7 +38,7 @@ class DesignArea : public QWidget {
  private:
   struct Child {
     std::string control;  // empty: it stays at `own_place`
-    Control own_place;
+    Place own_place;
     QWidget* widget;
   };
 

@@ -48,8 +48,7 @@ void show_on_scroll_bar(QScrollBar& bar, const Control& control) {
 }
 
 bool same_place(const Control& a, const Control& b) {
-  return a.visible == b.visible && a.left == b.left && a.top == b.top && a.width == b.width &&
-         a.height == b.height;
+  return a.visible == b.visible && static_cast<const Place&>(a) == static_cast<const Place&>(b);
 }
 
 }  // namespace
@@ -88,28 +87,33 @@ void Mirror::tie(const std::string& control, QAction& action) {
   tie(control, [&action](const Control& now) { show_on_action(action, now); });
 }
 
-void Mirror::tie(const std::string& control, QScrollBar& bar, std::function<void()> moved) {
+void Mirror::tie(const std::string& control, QScrollBar& bar) {
   tie(control, [&bar](const Control& now) { show_on_scroll_bar(bar, now); });
-  QObject::connect(&bar, &QScrollBar::valueChanged, &bar,
-                   [this, control, moved = std::move(moved)](int value) {
-                     window_[control].value = value;
-                     moved();
-                   });
+  QObject::connect(&bar, &QScrollBar::valueChanged, &bar, [this, control](int value) {
+    window_.set_value(control, value);
+    changed_(control);
+  });
 }
 
 void Mirror::tie_edit_box(const std::string& control, QLineEdit& field) {
+  edit_boxes_.push_back(&field);
   tie(control, field);
-  QObject::connect(&field, &QLineEdit::textEdited, &field,
-                   [this, control](const QString& text) { window_[control].text = from_qt(text); });
+  QObject::connect(&field, &QLineEdit::textEdited, &field, [this, control](const QString& text) {
+    window_.set_text(control, from_qt(text));
+    changed_(control);
+  });
+}
+
+void Mirror::set_typing(Typing typing) {
+  for (QLineEdit* box : edit_boxes_) box->setReadOnly(typing == Typing::refused);
 }
 
 bool Mirror::show_changes() {
   if (window_.revision() == shown_revision_) return false;
   shown_revision_ = window_.revision();
   bool moved = false;
-  const Window& window = window_;
   for (Tie& tie : ties_) {
-    const Control& now = window[tie.control];
+    const Control& now = window_[tie.control];
     if (!tie.fresh && now == tie.shown) continue;
     moved = moved || tie.fresh || !same_place(now, tie.shown);
     tie.fresh = false;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "screen/window.h"
@@ -22,9 +23,16 @@ namespace halden {
 QString to_qt(std::string_view utf8);
 std::string from_qt(const QString& text);
 
+// Whether the edit boxes take what is typed.
+enum class Typing { taken, refused };
+
 class Mirror {
  public:
-  explicit Mirror(Window& window) : window_(window) {}
+  // `changed` learns the control whose value the user has changed, after it was written back.
+  using Changed = std::function<void(const std::string& control)>;
+  explicit Mirror(
+      Window& window, Changed changed = [](const std::string&) {})
+      : window_(window), changed_(std::move(changed)) {}
 
   // Ties a control of the window to what shows it. The widget outlives the mirror's use.
   void tie(const std::string& control, QLabel& label);
@@ -32,8 +40,8 @@ class Mirror {
   void tie(const std::string& control, QAbstractButton& button);
   void tie(const std::string& control, QAction& action);
 
-  // A scroll bar moved by the user writes its value back, then calls `moved`.
-  void tie(const std::string& control, QScrollBar& bar, std::function<void()> moved);
+  // A scroll bar moved by the user writes its value back.
+  void tie(const std::string& control, QScrollBar& bar);
 
   // For whatever shows a control in its own way.
   using Show = std::function<void(const Control&)>;
@@ -41,6 +49,7 @@ class Mirror {
 
   // An edit box: as a text field, and what is typed is written back.
   void tie_edit_box(const std::string& control, QLineEdit& field);
+  void set_typing(Typing typing);
 
   // Brings all widgets up to date. True when the place or the visibility of some control has changed.
   bool show_changes();
@@ -54,8 +63,10 @@ class Mirror {
   };
 
   Window& window_;
+  Changed changed_;
   std::uint64_t shown_revision_ = 0;
   std::vector<Tie> ties_;
+  std::vector<QLineEdit*> edit_boxes_;
 };
 
 }  // namespace halden

@@ -62,21 +62,16 @@ void ReadingField::fit() {
 }
 
 ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase,
-                       QWidget* parent)
+                       const Theme& theme, QWidget* parent)
     : QWidget(parent),
       caption_(new QLabel(this)),
       value_(new ReadingField(value_name, this)),
       phase_(phase),
-      theme_(halden::theme(Look::light)) {
+      theme_(theme) {
   caption_->setObjectName(label_name);
   caption_->setTextFormat(Qt::PlainText);
   set_role(*caption_, Role::quiet);
   value_->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-}
-
-void ValuePanel::set_theme(const Theme& theme) {
-  theme_ = theme;
-  update();
 }
 
 QSize ValuePanel::value_room(QSize panel, const QFont& caption_font) {

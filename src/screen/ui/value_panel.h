@@ -40,9 +40,8 @@ class ValuePanel : public QWidget {
 
  public:
   // `phase` is 0 to 2 for a panel with that phase's colour.
-  ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase, QWidget* parent);
-
-  void set_theme(const Theme& theme);
+  ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase,
+             const Theme& theme, QWidget* parent);
 
   QLabel& caption() { return *caption_; }
   ReadingField& value() { return *value_; }

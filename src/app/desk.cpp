@@ -1,0 +1,112 @@
+#include "app/desk.h"
+
+#include <utility>
+
+#include "app/about.h"
+#include "platform/dialogs.h"
+#include "platform/printer.h"
+#include "platform/shell.h"
+#include "screen/failure_texts.h"
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+// The entry of the language menu.
+std::string entry_of(Language language) { return element("sel_language", static_cast<int>(language)); }
+
+constexpr std::array languages = {Language::english, Language::chinese};
+
+}  // namespace
+
+Desk::Desk(const Platform& platform, StartOptions options, Windows& windows, Window& meter_rec,
+           Window& notice, const LabelColumns& label_column_left, Link& link, SampleClock& sample_clock,
+           LiveMonitor& monitor, ViewSelection& views, Recording& recording)
+    : platform_(platform),
+      options_(std::move(options)),
+      windows_(windows),
+      meter_rec_(meter_rec),
+      notice_(notice),
+      label_column_left_(label_column_left),
+      link_(link),
+      sample_clock_(sample_clock),
+      views_(views),
+      recording_(recording),
+      configuration_(platform.files, options_.work_folder),
+      status_line_(platform, link.state, monitor.frame_rate(), recording, meter_rec),
+      port_choice_(platform, link, configuration_, status_line_, meter_rec) {
+  connect();
+}
+
+void Desk::connect() {
+  port_choice_.connect();
+  meter_rec_.on_click("quit", [this] { exit(); });
+  meter_rec_.on_click("Command3D1", [this] { print_main_window(); });
+  meter_rec_.on_click("HelpAbout",
+                      [this] { platform_.dialogs.message({about_text(), "About", Icon::none}); });
+  for (int manual = 0; manual_path(options_.program_folder, manual) != ""; ++manual)
+    meter_rec_.on_click(element("HelpManual", manual), [this, manual] {
+      platform_.shell.open_document(manual_path(options_.program_folder, manual));
+    });
+  for (const Language language : languages)
+    link_.gate.connect(meter_rec_, entry_of(language), [this, language] { choose_language(language); });
+  meter_rec_.on_resize([this] { link_.gate.run("resize", [this] { views_.select_by_meter_mode(); }); });
+  meter_rec_.on_close(
+      [this] {
+        recording_.rescue_waiting();
+        platform_.shell.end_program();
+      },
+      Closing::at_once);
+}
+
+// Errors of a step never stop the next one: what can fail tells so by its result.
+void Desk::start_up() {
+  notice_.set_text("Text1", "");
+  sample_clock_.show_date();
+  link_.polling.stop_polling();
+  arrange_for_system(link_.status.wiring_system, meter_rec_, label_column_left_);
+  link_.state.language = configuration_.read_language();
+  windows_.apply_captions(link_.state.language);
+  show_language();
+  port_choice_.describe_ports();
+  status_line_.refresh();
+  port_choice_.open_stored(options_.first_port);
+  if (link_.status.ct_ratio == 0) link_.status.ct_ratio = 1;
+  if (link_.status.pt_ratio == 0) link_.status.pt_ratio = 1;
+  status_line_.refresh();
+  meter_rec_.show();
+  recording_.tell_rescued();
+}
+
+void Desk::choose_language(Language language) {
+  link_.exchange.run([&] {
+    link_.state.language = language;
+    windows_.apply_captions(language);
+    show_language();
+    meter_rec_.set_text(status_hint, not_kept_hint(configuration_.write_language(language), language));
+    return Afterwards::read_status;
+  });
+}
+
+void Desk::show_language() {
+  for (const Language language : languages)
+    meter_rec_.set_checked(entry_of(language), language == link_.state.language);
+}
+
+void Desk::exit() {
+  if (recording_.runs())
+    recording_.end_recording();
+  else
+    recording_.settle_waiting();
+  platform_.shell.end_program();
+}
+
+void Desk::print_main_window() {
+  platform_.printer.set_orientation(Orientation::landscape);
+  platform_.printer.print_window(meter_rec_.name());
+  meter_rec_.set_text(status_hint,
+                      print_failure_sentence(platform_.printer.finish(), link_.state.language));
+}
+
+}  // namespace halden

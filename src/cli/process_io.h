@@ -1,0 +1,22 @@
+// The process around a command: interruptions from the terminal, and standard output, whose reader may go away
+// (`haldenctl live ... | head`).
+#pragma once
+
+#include <string_view>
+
+namespace halden {
+
+// From now on Ctrl-C and the request to terminate are noted instead of ending the program. Signals already
+// ignored at start stay ignored.
+void note_interruptions();
+bool interrupted();
+
+// Ignores SIGPIPE: writing to a reader that has gone is a result, not the end of the program.
+void ignore_lost_readers();
+
+enum class Written { all, reader_gone, failed };
+
+// Writes to standard output and flushes.
+Written write_results(std::string_view results);
+
+}  // namespace halden

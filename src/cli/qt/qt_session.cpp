@@ -1,0 +1,123 @@
+#include "cli/qt/qt_session.h"
+
+#include <QDir>
+#include <cstdio>
+#include <utility>
+
+#include "cli/process_io.h"
+#include "screen/failure_texts.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int interruption_period_ms = 50;
+
+PortTable port_table(const PortArgument& port) {
+  PortTable table;
+  if (!port.device.empty()) table.override_device(port.number, port.device);
+  return table;
+}
+
+StartOptions start_options(const PortArgument& port) {
+  StartOptions options;
+  options.work_folder = QDir::currentPath().toStdString();
+  options.temporary_folder = QDir::tempPath().toStdString();
+  options.first_port = port.number;
+  return options;
+}
+
+}  // namespace
+
+QtSession::QtSession(const PortArgument& port, Interruption interruption, FileAccess access)
+    : real_port_(port_table(port)),
+      program_(platform(port, access), start_options(port)),
+      port_number_(port.number),
+      interruption_(interruption) {}
+
+Platform QtSession::platform(const PortArgument& port, FileAccess access) {
+  SerialPort& chosen = port.simulated ? static_cast<SerialPort&>(simulated_port_) : real_port_;
+  Files& files = access == FileAccess::disk ? static_cast<Files&>(recorded_files_) : no_files_;
+  return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, shell_, files};
+}
+
+int QtSession::run(const std::function<void()>& command) {
+  note_interruptions();
+  ignore_lost_readers();
+  QTimer interruption_watch;
+  QObject::connect(&interruption_watch, &QTimer::timeout, &world_, [this] { end_when_interrupted(); });
+  interruption_watch.start(interruption_period_ms);
+  QTimer::singleShot(0, &world_, [this, &command] {
+    world_.run([this, &command] {
+      if (join_meter()) command();
+    });
+  });
+  QCoreApplication::exec();
+  return exit_code_;
+}
+
+void QtSession::every(int period_ms, std::function<void()> handler) {
+  auto* const timer = new QTimer(&world_);
+  QObject::connect(timer, &QTimer::timeout, &world_,
+                   [this, handler = std::move(handler)] { world_.run(handler); });
+  timer->start(period_ms);
+}
+
+// The port is tried before the start-up, which would only say that it is not available and not why.
+bool QtSession::join_meter() {
+  SerialPort& port = program_.platform.port;
+  const PortRefusal refusal = port.open(port_number_);
+  if (refusal != PortRefusal::none) {
+    failed(refusal_sentence(refusal, port.device_name(port_number_), Language::english));
+    return false;
+  }
+  program_.desk.start_up();
+  if (program_.link.query.succeeded()) return true;
+  failed(dialogs_.last_message());
+  return false;
+}
+
+void QtSession::print(const std::string& results) {
+  if (world_.ending()) return;
+  switch (write_results(results)) {
+    case Written::all:
+      return;
+    case Written::reader_gone:
+      return done();
+    case Written::failed:
+      return failed("The results could not be written.");
+  }
+}
+
+void QtSession::note(const std::string& sentence) { std::fprintf(stderr, "%s\n", sentence.c_str()); }
+
+void QtSession::done() { end(exit_done); }
+
+void QtSession::failed(const std::string& sentence) {
+  if (world_.ending()) return;
+  std::fprintf(stderr, "%s\n", sentence.c_str());
+  end(exit_failed);
+}
+
+void QtSession::end(int exit_code) {
+  if (world_.ending()) return;
+  exit_code_ = exit_code;
+  world_.end_program();
+}
+
+void QtSession::end_when_interrupted() {
+  if (!interrupted() || world_.ending()) return;
+  if (finish_) {
+    world_.run(finish_);
+    return;
+  }
+  if (interruption_ == Interruption::ends_it) return done();
+  failed("It was interrupted before the meter had answered.");
+}
+
+std::unique_ptr<Session> open_qt_session(const PortArgument& port, Interruption interruption,
+                                         FileAccess access) {
+  return std::make_unique<QtSession>(port, interruption, access);
+}
+
+}  // namespace halden

@@ -1,0 +1,33 @@
+// The bracket around every exchange of the program with the meter: stop polling, work, read the meter's
+// status anew, poll again.
+#pragma once
+
+#include <functional>
+
+#include "link/polling.h"
+#include "link/status_query.h"
+
+namespace halden {
+
+enum class Afterwards { read_status, just_poll };
+
+class Exchange {
+ public:
+  // Both outlive the exchange.
+  Exchange(Polling& polling, StatusQuery& query) : polling_(polling), query_(query) {}
+
+  // `work` says whether the status is to be read when it is done; the same is returned.
+  Afterwards run(const std::function<Afterwards()>& work) {
+    polling_.stop_polling();
+    const Afterwards afterwards = work();
+    if (afterwards == Afterwards::read_status) query_.query_meter_status();
+    polling_.resume_polling(1);
+    return afterwards;
+  }
+
+ private:
+  Polling& polling_;
+  StatusQuery& query_;
+};
+
+}  // namespace halden

@@ -1,0 +1,225 @@
+#include "live/phasors/ui/phasor_diagram.h"
+
+#include <QPainter>
+#include <QStaticText>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "live/phasors/ui/caption_row.h"
+#include "screen/ui/fonts.h"
+#include "screen/ui/mirror.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int smallest_text = 10;
+constexpr int largest_text = 48;
+
+// Widths in design pixels.
+constexpr double voltage_width = 3.2;
+constexpr double current_width = 1.8;
+constexpr double line_voltage_width = 1.4;
+
+constexpr float circle_opacity = 0.4F;
+
+// A label is kept that far from its point, in 1/1440 inch, so that it does not begin on the vector.
+constexpr float label_padding = 110;
+
+// The lines that name each direction of 30 degrees.
+constexpr int directions = 12;
+constexpr double full_turn = 6.283185307179586;
+
+// One line over another stays readable up to this part of its height.
+constexpr double readable_overlap = 0.4;
+
+bool hides(const DiagramLabel& front, const DiagramLabel& behind) {
+  return (front.place & behind.place).height() > readable_overlap * behind.place.height();
+}
+
+std::array<VectorKind, 3> back_to_front() {
+  return {VectorKind::line_voltage, VectorKind::current, VectorKind::voltage};
+}
+
+}  // namespace
+
+PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* parent)
+    : QWidget(parent), window_(window), theme_(theme) {
+  setObjectName(QStringLiteral("phasor_diagram"));
+  setAccessibleName(to_qt(window.caption()));
+}
+
+// Assistive technology reads what the labels say, and so does who points at the diagram.
+void PhasorDiagram::show_changes() {
+  QStringList texts;
+  for (const DiagramLabel& label : labels()) texts.append(label.text);
+  setAccessibleDescription(texts.join(QStringLiteral("\n")));
+  setToolTip(accessibleDescription());
+  update();
+}
+
+double PhasorDiagram::scale() const { return width() / static_cast<double>(phasor_diagram_width); }
+
+QPointF PhasorDiagram::to_pixels(float x, float y) const {
+  return QPointF(static_cast<double>(x - phasor_diagram_left), static_cast<double>(y - phasor_diagram_top)) *
+         scale();
+}
+
+QRectF PhasorDiagram::to_pixels(const Place& place) const {
+  return QRectF(to_pixels(place.left, place.top),
+                to_pixels(place.left + place.width, place.top + place.height));
+}
+
+double PhasorDiagram::pen_width(double design_pixels) const {
+  return std::max(1.0, design_pixels * scale() * static_cast<double>(units_per_pixel));
+}
+
+QColor PhasorDiagram::colour_of(const PhasorVector& vector) const {
+  if (vector.kind == VectorKind::line_voltage) return theme_.quiet;
+  return theme_.phase[static_cast<std::size_t>(vector.phase)];
+}
+
+QPen PhasorDiagram::pen_of(const PhasorVector& vector) const {
+  QPen pen(colour_of(vector));
+  pen.setCapStyle(Qt::RoundCap);
+  if (vector.kind == VectorKind::line_voltage) {
+    pen.setWidthF(pen_width(line_voltage_width));
+    pen.setDashPattern({5, 4});
+  } else {
+    pen.setWidthF(pen_width(vector.kind == VectorKind::voltage ? voltage_width : current_width));
+  }
+  return pen;
+}
+
+void PhasorDiagram::paintEvent(QPaintEvent*) {
+  paint_card(*this, theme_);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  draw_circles(painter);
+  for (const VectorKind kind : back_to_front()) draw_lines(painter, kind);
+  for (const VectorKind kind : back_to_front()) draw_markers(painter, kind);
+  draw_labels(painter);
+}
+
+void PhasorDiagram::draw_circles(QPainter& painter) const {
+  QColor quiet = theme_.quiet;
+  quiet.setAlphaF(circle_opacity);
+  painter.setPen(QPen(quiet, pen_width(1)));
+  painter.setBrush(Qt::NoBrush);
+  const QRectF outer = to_pixels(window_["Shape1"]);
+  const QPointF centre = outer.center();
+  for (int k = 0; k < directions; ++k) {
+    const double turn = full_turn * k / directions;
+    const QPointF end(std::cos(turn) * outer.width() / 2, std::sin(turn) * outer.height() / 2);
+    const bool is_axis = k % (directions / 4) == 0;
+    painter.drawLine(centre + end * (is_axis ? 0 : 0.96), centre + end);
+  }
+  for (const char* circle : {"Shape1", "Shape2"}) painter.drawEllipse(to_pixels(window_[circle]));
+}
+
+void PhasorDiagram::draw_lines(QPainter& painter, VectorKind kind) const {
+  for (const PhasorVector& vector : phasor_vectors()) {
+    const Control& line = window_[vector.line];
+    if (vector.kind != kind || !line.visible) continue;
+    painter.setPen(pen_of(vector));
+    painter.drawLine(to_pixels(line.left, line.top),
+                     to_pixels(line.left + line.width, line.top + line.height));
+  }
+}
+
+// A thin line of the panel's colour keeps markers of one spot apart.
+void PhasorDiagram::draw_markers(QPainter& painter, VectorKind kind) const {
+  for (const PhasorVector& vector : phasor_vectors()) {
+    if (vector.kind != kind || vector.marker.empty() || !window_[vector.marker].visible) continue;
+    const QRectF place = to_pixels(window_[vector.marker]);
+    if (kind == VectorKind::voltage) {
+      painter.setPen(QPen(theme_.panel, pen_width(1)));
+      painter.setBrush(colour_of(vector));
+      painter.drawEllipse(place);
+    } else {
+      painter.setPen(QPen(colour_of(vector), pen_width(current_width)));
+      painter.setBrush(theme_.panel);
+      painter.drawRect(place);
+    }
+  }
+}
+
+void PhasorDiagram::resizeEvent(QResizeEvent*) {
+  const Control& label = window_[phasor_vectors().front().label];
+  const QSizeF room =
+      QSizeF(static_cast<double>(label.width - label_padding), static_cast<double>(label.height)) * scale();
+  label_font_ = with_pixel_size(text_font(), largest_size(text_font(), to_qt(widest_vector_label),
+                                                          room.toSize(), smallest_text, largest_text));
+}
+
+std::vector<DiagramLabel> PhasorDiagram::labels() const {
+  std::vector<DiagramLabel> shown;
+  const double padding = static_cast<double>(label_padding) * scale();
+  for (const PhasorVector& vector : phasor_vectors()) {
+    const Control& label = window_[vector.label];
+    if (!label.visible || label.text.empty()) continue;
+    const bool leftward = label.tag == right_end_tag;
+    QRectF place = to_pixels(label);
+    const QString text = to_qt(label.text);
+    const double width = width_of(label_font_, text) + padding;
+    if (leftward)
+      place.setLeft(place.right() - width);
+    else
+      place.setWidth(width);
+    shown.push_back({place.adjusted(leftward ? 0 : padding, 0, leftward ? -padding : 0, 0), text,
+                     colour_of(vector), leftward ? Qt::AlignRight : Qt::AlignLeft});
+  }
+  return shown;
+}
+
+// Every label stands where its vector puts it. Where a current is in phase with its voltage, as in every
+// resistive load, the voltage's label is the one in front.
+std::vector<DiagramLabel> PhasorDiagram::drawn_labels() const {
+  std::vector<DiagramLabel> drawn;
+  std::vector<DiagramLabel> hidden;
+  for (const DiagramLabel& label : labels()) {
+    const auto hides_it = [&label](const DiagramLabel& front) { return hides(front, label); };
+    const bool is_hidden = std::any_of(drawn.begin(), drawn.end(), hides_it);
+    (is_hidden ? hidden : drawn).push_back(label);
+  }
+  QPointF corner = QPointF(label_padding, label_padding) * scale();
+  for (DiagramLabel& label : hidden) {
+    label.place.moveTopLeft(corner);
+    label.side = Qt::AlignLeft;
+    corner.ry() += label.place.height();
+    drawn.push_back(label);
+  }
+  return drawn;
+}
+
+void PhasorDiagram::draw_labels(QPainter& painter) const {
+  painter.setFont(label_font_);
+  const std::vector<DiagramLabel> drawn = drawn_labels();
+  for (auto label = drawn.rbegin(); label != drawn.rend(); ++label) draw_label(painter, *label);
+}
+
+// A border of the panel's colour lifts the text off the lines it stands on. The text is laid out once for all
+// its copies.
+void PhasorDiagram::draw_label(QPainter& painter, const DiagramLabel& label) const {
+  QStaticText text(label.text);
+  text.setTextFormat(Qt::PlainText);
+  text.prepare(painter.transform(), painter.font());
+  QRectF place(QPointF(), text.size());
+  place.moveCenter(label.place.center());
+  if (label.side == Qt::AlignRight)
+    place.moveRight(label.place.right());
+  else
+    place.moveLeft(label.place.left());
+  const double halo = pen_width(1.6);
+  painter.setPen(theme_.panel);
+  constexpr int halo_copies = 8;
+  for (int k = 0; k < halo_copies; ++k) {
+    const double turn = full_turn * k / halo_copies;
+    painter.drawStaticText(place.topLeft() + QPointF(std::cos(turn), std::sin(turn)) * halo, text);
+  }
+  painter.setPen(label.colour);
+  painter.drawStaticText(place.topLeft(), text);
+}
+
+}  // namespace halden

@@ -1,0 +1,80 @@
+#include "live/phasors/ui/phasor_form.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenuBar>
+#include <QShortcut>
+#include <string>
+
+#include "live/phasors/phasor_form.h"
+#include "live/phasors/ui/phasor_page.h"
+
+namespace halden {
+
+namespace {
+
+constexpr QSize smallest_size(800, 560);
+constexpr QSize start_size(1100, 760);
+constexpr int hint_width = 420;
+constexpr int hint_margin = 16;
+
+constexpr const char* print_entry = "print_phasor";
+
+// Keeps its child as large as its proportions allow, in the middle.
+class KeptProportions : public QWidget {
+ public:
+  KeptProportions(QSizeF proportions, QWidget* parent) : QWidget(parent), proportions_(proportions) {}
+
+  void set_child(QWidget& child) { child_ = &child; }
+
+ protected:
+  void resizeEvent(QResizeEvent*) override {
+    QRect place(QPoint(), proportions_.scaled(size(), Qt::KeepAspectRatio).toSize());
+    place.moveCenter(rect().center());
+    child_->setGeometry(place);
+  }
+
+ private:
+  QSizeF proportions_;
+  QWidget* child_ = nullptr;
+};
+
+// Why a print failed, at the end of the menu bar.
+QLabel* build_hint(FormWindow& form) {
+  auto* const hint = new QLabel(form.menuBar());
+  hint->setObjectName(to_qt(status_hint));
+  hint->setFont(form.menuBar()->font());
+  hint->setTextFormat(Qt::PlainText);
+  hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  hint->setFixedWidth(hint_width);
+  hint->setContentsMargins(0, 0, hint_margin, 0);
+  form.mirror().tie(std::string(status_hint), [hint](const Control& now) { hint->setText(to_qt(now.text)); });
+  return hint;
+}
+
+void build_menu_bar(FormWindow& form) {
+  QAction* const print = form.menuBar()->addAction(to_qt(form.window()[print_entry].text));
+  print->setObjectName(QLatin1String(print_entry));
+  print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
+  form.mirror().tie(print_entry, *print);
+  QObject::connect(print, &QAction::triggered, &form, [&form] { form.click(print_entry); });
+  QLabel* const hint = build_hint(form);
+  form.menuBar()->setCornerWidget(hint);
+  hint->setFixedHeight(form.menuBar()->sizeHint().height());
+}
+
+QWidget* build(FormWindow& form) {
+  build_menu_bar(form);
+  auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &form);
+  QObject::connect(escape, &QShortcut::activated, &form, &QWidget::close);
+  auto* const frame =
+      new KeptProportions(QSizeF(double{phasor_page_width}, double{phasor_page_height}), &form);
+  frame->set_child(*new PhasorPage(form, frame));
+  return frame;
+}
+
+}  // namespace
+
+FormDesign phasor_form_design() { return {smallest_size, start_size, build}; }
+
+}  // namespace halden

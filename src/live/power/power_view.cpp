@@ -1,0 +1,111 @@
+#include "live/power/power_view.h"
+
+#include <array>
+
+#include "formats/power_file.h"
+#include "live/setting_texts.h"
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::int16_t missed_polls_before_request = 3;  // the next missed tick repeats the request
+
+// In the order of PowerQuantity. P, S and Q are the file's names of W, VA and VAR.
+constexpr std::array<std::string_view, power_quantity_count> panels = {
+    "V12_value",    "V23_value",    "V31_value",     "V1_value",      "V2_value",     "V3_value",
+    "I1_value",     "I2_value",     "I3_value",      "W1_value",      "W2_value",     "W3_value",
+    "VA1_value",    "VA2_value",    "VA3_value",     "VAR1_value",    "VAR2_value",   "VAR3_value",
+    "PF1_value",    "PF2_value",    "PF3_value",     "Phase1_value",  "Phase2_value", "Phase3_value",
+    "W_sys_value",  "VA_sys_value", "VAR_sys_value", "PF_sys_value",  "WH_sys_value", "VAH_sys_value",
+    "VARH_sys_value", "PFH_sys_value", "W_AD_value", "VA_AD_value",   "W_MD_value",   "VA_MD_value"};
+
+PowerTexts shown_texts(const Window& meter_rec) {
+  PowerTexts texts;
+  for (std::size_t quantity = 0; quantity < panels.size(); ++quantity)
+    texts[quantity] = meter_rec[panels[quantity]].text;
+  return texts;
+}
+
+}  // namespace
+
+void PowerView::connect() {
+  window_.on_click("reset_kwh", [this] { reset_kwh(); });
+}
+
+FrameOutcome PowerView::take_frame() {
+  const PowerFrame frame = monitor_.handle_frame();
+  if (frame == PowerFrame::complete) listener_.power_frame_shown();
+  if (frame == PowerFrame::of_harmonics) state_.missed_polls = missed_polls_before_request;
+  drop_stalled_buffer(frame);
+  if (sample_clock_.new_instant()) advance_energy_and_demand();
+  return frame == PowerFrame::complete ? FrameOutcome::complete : FrameOutcome::incomplete;
+}
+
+// A buffer long enough to pass for a frame, but without a last group, would be found complete for ever and no
+// new frame be asked for. When it is still the same at the next tick, it is dropped.
+void PowerView::drop_stalled_buffer(PowerFrame frame) {
+  if (frame == PowerFrame::complete || state_.poll_buffer.empty()) {
+    stalled_.clear();
+  } else if (stalled_ == state_.poll_buffer) {
+    stalled_.clear();
+    state_.poll_buffer.clear();
+    state_.missed_polls = missed_polls_before_request;
+  } else {
+    stalled_ = state_.poll_buffer;
+  }
+}
+
+void PowerView::advance_energy_and_demand() {
+  Readings& readings = chain_.readings;
+  const double sample_time_s = sample_clock_.sample_time_s();
+  readings.advance_energy_wh(sample_time_s);
+  readings.advance_energy_varh(sample_time_s);
+  readings.advance_energy_vah(sample_time_s);
+  readings.energy_power_factor();
+  readings.count_demand_sample();
+  readings.advance_maximum_demand_w(sample_time_s);
+  readings.advance_maximum_demand_va(sample_time_s);
+  readings.advance_average_demand_w(sample_time_s);
+  readings.advance_average_demand_va(sample_time_s);
+  window_.set_text("WH_sys_value", readings.energy_wh_text);
+  window_.set_text("VARH_sys_value", readings.energy_varh_text);
+  window_.set_text("VAH_sys_value", readings.energy_vah_text);
+  window_.set_text("PFH_sys_value", readings.energy_pf_text);
+  window_.set_text("W_MD_value", readings.demand_w_text);
+  window_.set_text("VA_MD_value", readings.demand_va_text);
+  window_.set_text("W_AD_value", readings.average_w_text);
+  window_.set_text("VA_AD_value", readings.average_va_text);
+  readings.reset_demand_period(sample_time_s);
+}
+
+void PowerView::reset_kwh() {
+  Readings& readings = chain_.readings;
+  readings.reset_energy_and_demand();
+  window_.set_text("WH_sys_value", "0.0");
+  window_.set_text("VAH_sys_value", "0.0 ");  // the blank belongs to the text
+  window_.set_text("VARH_sys_value", "0.0");
+  window_.set_text("PFH_sys_value", "0.00");
+  window_.set_text("W_MD_value", readings.demand_w_text);
+  window_.set_text("VA_MD_value", readings.demand_va_text);
+  window_.set_text("W_AD_value", "");
+  window_.set_text("VA_AD_value", "");
+}
+
+void PowerView::write_header() {
+  std::string columns = power_column_line(status_.wiring_system);
+  if (!columns.empty()) header_line_ = std::move(columns);
+}
+
+std::string PowerView::header() {
+  write_header();
+  return header_lines(power_settings_line(status_.wiring_system, setting_texts(window_)), header_line_);
+}
+
+std::string PowerView::record() const {
+  return power_record(status_.wiring_system, clock_.today(), sample_clock_.sampling_instant(),
+                      shown_texts(window_));
+}
+
+}  // namespace halden

@@ -1,0 +1,64 @@
+// The live view of the meter's power mode: readings of every frame, energies and demands of every sampling
+// instant, and records of the power data file.
+#pragma once
+
+#include <string>
+
+#include "live/live_view.h"
+#include "live/power/power_monitor.h"
+#include "live/sample_clock.h"
+
+namespace halden {
+
+// Goes on from the raw readings of each whole power frame, before it is recorded.
+class PowerFrameListener {
+ public:
+  virtual ~PowerFrameListener() = default;
+  virtual void power_frame_shown() = 0;
+};
+
+class PowerView : public LiveView {
+ public:
+  PowerView(const Clock& clock, Waits& waits, Polling& polling, LinkState& state, const MeterStatus& status,
+            PowerChain& chain, const SampleClock& sample_clock, PowerFrameListener& listener,
+            Window& meter_rec)
+      : clock_(clock),
+        state_(state),
+        status_(status),
+        chain_(chain),
+        sample_clock_(sample_clock),
+        listener_(listener),
+        window_(meter_rec),
+        monitor_(waits, polling, state, status, chain, meter_rec) {}
+
+  // "<- Reset": a click clears what the program accumulates.
+  void connect();
+
+  FrameOutcome take_frame() override;
+  RecordKind record_kind() const override { return RecordKind::power; }
+
+  // Of an unknown wiring system the columns stay those of the last header.
+  std::string header() override;
+  std::string record() const override;
+
+  // Clears energies and demands, and the panels that show them.
+  void reset_kwh();
+
+ private:
+  void write_header();
+  void advance_energy_and_demand();
+  void drop_stalled_buffer(PowerFrame frame);
+
+  const Clock& clock_;
+  LinkState& state_;
+  const MeterStatus& status_;
+  PowerChain& chain_;
+  const SampleClock& sample_clock_;
+  PowerFrameListener& listener_;
+  Window& window_;
+  PowerMonitor monitor_;
+  std::string stalled_;  // poll_buffer after the last tick that found no last group
+  std::string header_line_;  // the column names of the last known wiring system
+};
+
+}  // namespace halden

@@ -1,0 +1,190 @@
+#include "live/recording/recording.h"
+
+#include <optional>
+#include <utility>
+
+#include "formats/record_field.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double shortest_waveform_sampling_s = 4;
+
+const FileFilter any_file = {"All Files (*.*)", "*.*"};
+
+FileQuestion file_question(RecordKind kind) {
+  if (kind == RecordKind::waveform) return {{{"dat Files(*.dat)", "*.dat"}, any_file}, ".dat", ""};
+  return {{{"csv Files(*.csv)", "*.csv"}, any_file}, ".csv", ""};
+}
+
+}  // namespace
+
+Recording::Recording(const Platform& platform, const LinkState& link, const LiveViews& views,
+                     SampleClock& sample_clock, Window& meter_rec, Window& notice, Rescue& rescue)
+    : platform_(platform),
+      link_(link),
+      views_(views),
+      sample_clock_(sample_clock),
+      window_(meter_rec),
+      notice_(notice),
+      rescue_(rescue),
+      file_(platform.files) {}
+
+void Recording::connect() {
+  window_.on_click("FileName", [this] { window_.set_text(status_hint, create_data_file()); });
+  window_.on_click("auto_record", [this] { start_automatic(); });
+  window_.on_click("manual_record", [this] { start_manual(); });
+  window_.on_click("record_button", [this] { record_once(); });
+  window_.on_click("FileStop", [this] { window_.set_text(status_hint, end_recording()); });
+}
+
+void Recording::tell_rescued() {
+  for (const std::string& path : rescue_.found())
+    platform_.dialogs.tell({rescued_sentence(path, link_.language), "", Icon::information});
+}
+
+std::string Recording::create_data_file() {
+  std::string elsewhere = settle_waiting();
+  const std::optional<std::string> chosen =
+      platform_.dialogs.save_file(file_question(views_.shown().record_kind()));
+  if (!chosen || chosen->empty())
+    no_file_chosen();
+  else if (may_append_to(*chosen))
+    begin_data_file(*chosen);
+  return elsewhere;
+}
+
+void Recording::begin_data_file(const std::string& path) {
+  data_file_name = path;
+  records_ = 0;
+  window_.set_text("FileName", window_["FileName"].text + " = " + data_file_name);
+  LiveView* const view = views_.to_record();
+  kind_ = view != nullptr ? view->record_kind() : RecordKind::power;
+  if (kind_ == RecordKind::waveform) raise_short_sampling_time();
+  file_.begin(data_file_name, view != nullptr ? view->header() : std::string());
+  data_file_ready = 1;
+  window_.set_enabled("FileStart", true);
+}
+
+void Recording::set_create_caption() { window_.restore_caption("FileName", link_.language); }
+
+void Recording::no_file_chosen() {
+  data_file_name.clear();
+  file_.end();
+  set_create_caption();
+  data_file_ready = 0;
+  window_.set_enabled("FileStart", false);
+  window_.set_enabled("FileStop", false);
+}
+
+// Only a file that was not found does not exist: one that cannot be read is there as well.
+bool Recording::may_append_to(const std::string& path) {
+  if (platform_.files.read(path, 0, 1).failure == FileFailure::not_found) return true;
+  return platform_.dialogs.confirm({"File exists, append data to it", "", Icon::question});
+}
+
+void Recording::raise_short_sampling_time() {
+  if (sample_clock_.sample_time_s() >= shortest_waveform_sampling_s) return;
+  platform_.dialogs.message(
+      {"The minimum sampling time for recording waveform is 4 seconds", "", Icon::none});
+  window_.set_text(sample_time_label, "4 SEC");
+}
+
+void Recording::start_automatic() {
+  if (!window_["FileStart"].enabled) return;
+  window_.set_visible("record_button", false);
+  start(0);
+  sample_clock_.start_counting_anew();
+}
+
+void Recording::start_manual() {
+  if (!window_["FileStart"].enabled) return;
+  window_.set_visible("record_button", true);
+  start(1);
+}
+
+void Recording::start(std::int16_t manual) {
+  window_.set_enabled("FileStop", true);
+  window_.set_enabled("FileStart", false);
+  window_.set_enabled("FileName", false);
+  manual_recording = manual;
+  record_pending = 0;  // a press of the button belongs to the recording it was made in
+  set_recording_notice(1);
+}
+
+void Recording::record_once() { record_pending = 1; }
+
+void Recording::set_recording_notice(std::int16_t flag) {
+  if (flag == 1) {
+    notice_.set_caption("");
+    notice_.set_text("Text1", "Recording (" + sample_clock_.sampling_instant() + ")");
+    notice_.set_enabled("Text1", false);
+    notice_.show();
+  } else {
+    notice_.set_enabled("Text1", true);
+    notice_.hide();
+  }
+}
+
+bool Recording::runs() const { return window_["FileStop"].enabled; }
+
+RecordingState Recording::state() const {
+  if (runs()) return manual_recording == 1 ? RecordingState::manual : RecordingState::automatic;
+  return data_file_ready == 1 ? RecordingState::file_ready : RecordingState::no_file;
+}
+
+void Recording::recording_step() {
+  if (data_file_ready == 0) {
+    window_.set_enabled("FileName", true);
+    return;
+  }
+  if (!runs() || sample_clock_.sampling_instant() == no_sampling_instant) return;
+  if (manual_recording != 1 && sample_clock_.new_instant()) record_pending = 1;
+  if (record_pending != 1) return;
+  data_record = views_.shown().record();
+  file_.append_line(data_record);
+  ++records_;
+  record_pending = 0;
+}
+
+void Recording::no_communication_step() {
+  const std::string& time = sample_clock_.sampling_instant();
+  if (!runs() || time == last_lost_time_) return;
+  file_.append_line(no_communication_line(platform_.clock.today(), time));
+  last_lost_time_ = time;
+}
+
+std::string Recording::end_recording() {
+  window_.set_enabled("FileStop", false);
+  set_create_caption();
+  data_file_ready = 0;
+  window_.set_enabled("FileName", true);
+  window_.set_visible("record_button", false);
+  set_recording_notice(0);
+  file_.end();
+  return settle_waiting();
+}
+
+std::string Recording::settle_waiting() {
+  const Language language = link_.language;
+  while (file_.lines_waiting() > 0 && !file_.write_waiting()) {
+    if (platform_.dialogs.confirm(question_for_another_file(file_, language))) {
+      if (const auto other = platform_.dialogs.save_file(file_question(kind_)))
+        file_.write_waiting_to(*other);
+    } else {
+      if (const auto path = rescue_.save(file_, kind_)) return rescued_sentence(*path, language);
+      if (!platform_.dialogs.confirm(question_before_giving_up(file_, language))) break;
+    }
+  }
+  return {};
+}
+
+void Recording::rescue_waiting() {
+  if (file_.lines_waiting() > 0 && !file_.write_waiting()) rescue_.save(file_, kind_);
+}
+
+}  // namespace halden

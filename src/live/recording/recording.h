@@ -1,0 +1,102 @@
+// Recording what the main window shows into a data file: creating it, starting, one line per sampling instant
+// or per press of the button, ending.
+//
+//   no file           "Create Data File" is offered
+//   file ready        "Start Recording" as well
+//   recording         only "End Recording"; by hand with the record button shown
+//
+// A line that cannot be written stays in memory and is tried again with every next one ;
+// what still waits when a recording ends is offered to the user for another file, and rescued otherwise.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "formats/data_file.h"
+#include "link/link_state.h"
+#include "live/live_views.h"
+#include "live/recording/recording_texts.h"
+#include "live/recording/rescue.h"
+#include "live/sample_clock.h"
+#include "platform/platform.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class Recording : public LiveListener {
+ public:
+  // All outlive the recording.
+  Recording(const Platform& platform, const LinkState& link, const LiveViews& views,
+            SampleClock& sample_clock, Window& meter_rec, Window& notice, Rescue& rescue);
+
+  // The menu entries and the record button of the main window.
+  void connect();
+
+  // Tells the user where lines lie that an earlier recording could write to no file of the user's choice.
+  void tell_rescued();
+
+  // The user's actions. Creating and ending say where the lines lie that could not be written to their data
+  // file; empty when there are none.
+  std::string create_data_file();
+  void begin_data_file(const std::string& path);  // the same once the file is chosen
+  void start_automatic();
+  void start_manual();
+  void record_once();
+  std::string end_recording();
+
+  // After each completed live reading, before the sample clock remembers its instant.
+  void recording_step();
+
+  // At every tick while the meter does not answer: at most one line per sampling instant.
+  void no_communication_step();
+
+  void reading_taken() override { recording_step(); }
+  void no_communication() override { no_communication_step(); }
+
+  // 1 shows the recording notice, 0 hides it.
+  void set_recording_notice(std::int16_t flag);
+
+  // Asks where the lines shall go that still wait, until they are written or the user gives them up. Where
+  // they lie when that is no file of the user's choice.
+  std::string settle_waiting();
+
+  // The program ends at once: what still waits goes to the rescue file.
+  void rescue_waiting();
+
+  // Whether a recording runs, until its end.
+  bool runs() const;
+
+  RecordingState state() const;
+
+  const DataFile& file() const { return file_; }
+
+  // How many records were made since the data file was created, written or waiting.
+  std::size_t records() const { return records_; }
+
+  std::string data_file_name;
+  std::int16_t data_file_ready = 0;
+  std::int16_t manual_recording = 0;
+  std::int16_t record_pending = 0;
+  std::string data_record;
+
+ private:
+  void set_create_caption();
+  void no_file_chosen();
+  bool may_append_to(const std::string& path);
+  void raise_short_sampling_time();
+  void start(std::int16_t manual);
+
+  Platform platform_;
+  const LinkState& link_;
+  const LiveViews& views_;
+  SampleClock& sample_clock_;
+  Window& window_;
+  Window& notice_;
+  Rescue& rescue_;
+  DataFile file_;
+  RecordKind kind_ = RecordKind::power;
+  std::size_t records_ = 0;
+  std::string last_lost_time_;  // the sampling instant of the last no-communication line
+};
+
+}  // namespace halden

@@ -1,0 +1,96 @@
+#include "live/settings/settings_panel.h"
+
+#include <cmath>
+#include <string_view>
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/serial_port.h"
+#include "readings/numbers.h"
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double letter_wait_s = 2.0;
+constexpr double character_wait_s = 0.5;
+constexpr double ct_extra_wait_s = 0.2;  // after the last character
+constexpr double end_wait_s = 0.2;
+constexpr std::string_view command_end = "\r";
+
+// "1" for 50 Hz, "2" for 60 Hz, "0" for automatic.
+std::string frequency_code(double hz) {
+  if (hz == 50) return "1";
+  return hz == 60 ? "2" : "0";
+}
+
+// The bytes of the first character of a text in UTF-8 that is not empty.
+std::string_view first_character(std::string_view text) {
+  const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  std::size_t length = 1;
+  while (length < text.size() && continues(text[length])) ++length;
+  return text.substr(0, length);
+}
+
+bool is_odd(double number) { return std::fmod(round_half_even(number), 2.0) != 0; }
+
+}  // namespace
+
+void SettingsPanel::connect() {
+  for (const SettingNames& names : meter_settings)
+    link_.gate.connect(window_, names.button, [this, setting = names.setting] { set(setting); });
+  link_.gate.connect(window_, "get_hz", [this] { get_hz(); });
+}
+
+void SettingsPanel::set(Setting setting) {
+  const SettingNames& names = names_of(setting);
+  const Afterwards afterwards = link_.exchange.run([&] { return send(names); });
+  window_.set_text(status_hint, "");
+  if (afterwards == Afterwards::read_status) power_.reset_kwh();
+}
+
+Afterwards SettingsPanel::send(const SettingNames& names) {
+  link_.waits.wait_until_quiet();
+  const std::string text = window_[names.box].text;
+  if (names.setting == Setting::sec && is_odd(leading_number(text))) {
+    platform_.dialogs.message(
+        {"Sampling time must be an even number (2, 4, 6, ...), please re-enter !", "", Icon::exclamation});
+    return Afterwards::just_poll;
+  }
+  tell_sending(names);
+  platform_.port.send(names.letter);
+  if (names.setting == Setting::pt) let_events_run(platform_.clock);
+  link_.waits.timed_wait(letter_wait_s, Yield::no);
+  send_value(names.setting, text);
+  platform_.port.send(command_end);
+  link_.waits.timed_wait(end_wait_s, Yield::no);
+  return Afterwards::read_status;
+}
+
+// The program takes no input for several seconds: the status line says why.
+void SettingsPanel::tell_sending(const SettingNames& names) {
+  const bool chinese = link_.state.language == Language::chinese;
+  const std::string caption(names.caption);
+  window_.set_text(status_hint, chinese ? "正在傳送 " + caption + " 至電表…"
+                                        : "Sending " + caption + " to the meter...");
+}
+
+void SettingsPanel::send_value(Setting setting, const std::string& text) {
+  const std::string value = setting == Setting::hz ? frequency_code(leading_number(text)) : text;
+  for (std::string_view rest = value; !rest.empty();) {
+    const std::string_view character = first_character(rest);
+    platform_.port.send(character);
+    link_.waits.timed_wait(character_wait_s, Yield::no);
+    rest.remove_prefix(character.size());
+  }
+  if (setting == Setting::ct) link_.waits.timed_wait(ct_extra_wait_s, Yield::no);
+}
+
+// The status query lays the columns out for the wiring system it has read.
+void SettingsPanel::get_hz() {
+  link_.exchange.run([] { return Afterwards::read_status; });
+  power_.reset_kwh();
+}
+
+}  // namespace halden

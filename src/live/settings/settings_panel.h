@@ -1,0 +1,50 @@
+// The settings panel of the main window: sending a setting to the meter, and reading the meter's settings
+// anew.
+//
+// A setting goes out as a letter, the characters of the new value and a carriage return, slowly, because the
+// meter takes them one at a time:
+//
+//   0 s "C"   2.0 s "1"   2.5 s "0"   3.0 s "0"   3.7 s CR   3.9 s the status is asked for
+//
+// The meter acknowledges nothing; the status read afterwards shows what it holds now. Energies and demands
+// start anew after every exchange of the panel.
+#pragma once
+
+#include <string>
+
+#include "link/link.h"
+#include "live/power/power_view.h"
+#include "platform/platform.h"
+#include "screen/meter_rec/settings.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class SettingsPanel {
+ public:
+  // All outlive the panel.
+  SettingsPanel(const Platform& platform, Link& link, PowerView& power, Window& meter_rec)
+      : platform_(platform), link_(link), power_(power), window_(meter_rec) {}
+
+  // The buttons of the settings and "Update Now".
+  void connect();
+
+  // Sends what stands in the box: CT ratio, PT ratio, demand period in minutes, sampling interval in seconds
+  // (even numbers only), frequency (50, 60, anything else automatic).
+  void set(Setting setting);
+
+  // "Update Now": reads the status.
+  void get_hz();
+
+ private:
+  Afterwards send(const SettingNames& names);
+  void send_value(Setting setting, const std::string& text);
+  void tell_sending(const SettingNames& names);
+
+  Platform platform_;
+  Link& link_;
+  PowerView& power_;
+  Window& window_;
+};
+
+}  // namespace halden

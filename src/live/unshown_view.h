@@ -1,0 +1,40 @@
+// The harmonics and waveform views as far as they go: their frames are taken off the line and not shown, and
+// a data file of theirs gets its header lines.
+#pragma once
+
+#include "link/link_state.h"
+#include "link/meter_status.h"
+#include "link/polling.h"
+#include "live/live_view.h"
+#include "live/view_selection.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class UnshownView : public LiveView {
+ public:
+  // `kind` is harmonics or waveform.
+  UnshownView(RecordKind kind, Polling& polling, LinkState& state, const MeterStatus& status,
+              const HarmonicsOptions& options, const Window& meter_rec)
+      : kind_(kind),
+        polling_(polling),
+        state_(state),
+        status_(status),
+        options_(options),
+        meter_rec_(meter_rec) {}
+
+  FrameOutcome take_frame() override;
+  RecordKind record_kind() const override { return kind_; }
+  std::string header() override;
+  std::string record() const override { return {}; }
+
+ private:
+  RecordKind kind_;
+  Polling& polling_;
+  LinkState& state_;
+  const MeterStatus& status_;
+  const HarmonicsOptions& options_;
+  const Window& meter_rec_;
+};
+
+}  // namespace halden

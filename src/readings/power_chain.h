@@ -1,0 +1,85 @@
+// From the raw groups of the phases to all texts of a power reading: the chain that live frames and stored
+// records share.
+//
+//   PhaseGroup of a phase  ->  take_phase   ->  texts of V, I, W, VA, VAR, PF and the phase angle
+//   all phases taken       ->  take_system  ->  texts of the system's W, VAR, VA and PF, and of V12, V23, V31
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "readings/raw_values.h"
+#include "readings/readings.h"
+
+namespace halden {
+
+enum class PhaseQuantity { V, I, W, VA, VAR, PF, Phase };
+
+inline constexpr std::array phase_quantities = {PhaseQuantity::V,    PhaseQuantity::I,   PhaseQuantity::W,
+                                                PhaseQuantity::VA,   PhaseQuantity::VAR, PhaseQuantity::PF,
+                                                PhaseQuantity::Phase};
+
+// One phase as the meter sent it: V in 0.1 V; I and W in 0.1 mA and 0.1 W times ten to the current range; the
+// angles of voltage and current in tenths of a degree. A missing field leaves what follows from it alone.
+struct PhaseGroup {
+  std::optional<double> v, i, w, v_angle, i_angle;
+};
+
+// The raw readings of the last groups, as the meter sent them or as they were derived. A raw value of -1
+// means over range.
+struct PowerReadings {
+  PerPhase<double> v_raw{};
+  PerPhase<double> i_raw{};
+  PerPhase<double> w_raw{};
+  PerPhase<double> va_raw{};
+  PerPhase<double> var_raw{};
+  PerPhase<double> v_angle{};
+  PerPhase<std::int32_t> i_angle{};
+  PerPhase<std::int32_t> line_raw{};  // v12_raw, v23_raw, v31_raw
+};
+
+// The texts of one phase; nothing where the group gave no new one.
+class PhaseTexts {
+ public:
+  std::optional<std::string>& operator[](PhaseQuantity quantity) { return texts_[index(quantity)]; }
+  const std::optional<std::string>& operator[](PhaseQuantity quantity) const {
+    return texts_[index(quantity)];
+  }
+
+ private:
+  static std::size_t index(PhaseQuantity quantity) { return static_cast<std::size_t>(quantity); }
+
+  std::array<std::optional<std::string>, phase_quantities.size()> texts_;
+};
+
+struct SystemTexts {
+  std::string w, var, va, pf;
+  std::optional<PerPhase<std::string>> lines;  // V12, V23, V31 of a three-phase system
+};
+
+class PowerChain {
+ public:
+  // `scaling` outlives the chain; its wiring system decides which phases count.
+  explicit PowerChain(const Scaling& scaling) : readings(scaling), scaling_(scaling) {}
+  explicit PowerChain(Scaling&&) = delete;
+
+  // `phase` is 0, 1 or 2.
+  PhaseTexts take_phase(std::size_t phase, const PhaseGroup& group);
+
+  // From the groups taken last.
+  SystemTexts take_system();
+
+  PowerReadings raw;
+  Readings readings;  // the formatters, and the energies and demands, which the user of the chain advances
+
+ private:
+  void take_powers(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
+  void take_angles(std::size_t phase, double v_angle, double i_angle, PhaseTexts& texts);
+
+  const Scaling& scaling_;
+};
+
+}  // namespace halden

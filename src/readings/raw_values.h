@@ -1,0 +1,45 @@
+// What the raw numbers of the meter mean: how they become amperes, volts and watts, how the meter says "over
+// range", and how it counts angles.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
+#include "readings/wiring.h"
+
+namespace halden {
+
+// The part of the meter's settings that the readings depend on.
+struct Scaling {
+  std::int16_t ct_ratio = 0;       // current transformer, n to 1; 0 until the meter has told it
+  std::int16_t pt_ratio = 0;       // voltage transformer, n to 1
+  float current_scale = 1.0f;      // clamp factor: 1.0, 1.2 or 3.0
+  std::int16_t current_range = 0;  // 0..3: raw current counts 0.1 mA x 10^range, raw power 0.1 W x 10^range
+  Wiring wiring_system = Wiring::w3p4w;
+  std::int32_t md_period = 0;  // demand period in minutes
+};
+
+inline constexpr int over_range = -1;
+inline constexpr std::string_view overload_text = "  OL ";
+
+inline bool any_over_range(std::initializer_list<double> raw_values) {
+  return std::find(raw_values.begin(), raw_values.end(), over_range) != raw_values.end();
+}
+
+// Angles are signed tenths of a degree, counter-clockwise positive. The program's pi has six digits; every
+// angle that is shown is worked out with it.
+inline constexpr double short_pi = 3.14159;
+inline constexpr double tenths_to_radians = short_pi / 1800.0;
+inline constexpr float radians_to_tenths = static_cast<float>(1800.0 / short_pi);
+
+// a - b, brought once into -1800..1800.
+constexpr double angle_difference(double a, double b) {
+  const double difference = a - b;
+  if (difference > 1800.0) return difference - 3600.0;
+  if (difference < -1800.0) return difference + 3600.0;
+  return difference;
+}
+
+}  // namespace halden

@@ -1,0 +1,72 @@
+#include "screen/meter_rec/menus.h"
+
+#include <array>
+#include <vector>
+
+#include "platform/serial_port.h"
+#include "screen/window.h"
+
+namespace halden {
+
+namespace {
+
+const std::vector<MenuEntry> plain_entries = {
+    {"", "zmenu", "File"},
+    {"zmenu", "FileName", "&Create Data File"},
+    {"zmenu", "FileStart", "&Start Recording", Entry::disabled},
+    {"FileStart", "auto_record", "Auto"},
+    {"FileStart", "manual_record", "Manually"},
+    {"zmenu", "FileStop", "&End Recording", Entry::disabled},
+    {"zmenu", "ViewFile", "&View File", Entry::disabled},
+    {"zmenu", "OpenPlotFile", "&Plot Power Data", Entry::disabled},
+    {"zmenu", "show_plot_harmonics", "Plot &Harmonics", Entry::disabled},
+    {"zmenu", "show_plot_waveform", "Plot &Waveform", Entry::disabled},
+    {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy", Entry::disabled},
+    {"zmenu", "quit", "E&xit"},
+    {"", "view_harmonics", "Harmonics"},
+    {"view_harmonics", "show_percentage", "%", Entry::disabled},
+    {"show_percentage", "show_50_harmonics", "50 Orders"},
+    {"show_percentage", "show_99_harmonics", "99 Orders"},
+    {"view_harmonics", "show_phase_angle", "phase", Entry::disabled},
+    {"show_phase_angle", "show_50_angles", "50 Phases"},
+    {"show_phase_angle", "show_99_angles", "99 Phases"},
+    {"view_harmonics", "close_harmonics", "close", Entry::disabled},
+    {"", "show_wave", "Waveform"},
+    {"show_wave", "open_waveform", "open", Entry::disabled},
+    {"show_wave", "close_waveform", "close", Entry::disabled},
+    {"", "loggerPWR", "Datalogger", Entry::disabled},
+    {"", "Option_Menu", "Option"},
+    {"Option_Menu", "SampleRate", "&Sample Rate"},
+    {"Option_Menu", "comm_port", "COM"},
+    {"Option_Menu", "baud_rate", "Baud Rate (9600)"},
+    {"Option_Menu", "language", "Language"},
+    {"", "Help", "&Help"},
+    {"Help", "HelpUserManual", "User manual"},
+    {"Help", "HelpAbout", "About"},
+    {"Help", "Ver", "V7.00"},
+};
+
+constexpr std::array<std::string_view, 2> languages = {"English", "Chinese"};
+constexpr std::array<std::string_view, 6> manuals = {"English", "French",  "German",
+                                                     "Spanish", "Italian", "Portuguese"};
+
+std::vector<MenuEntry> all_entries() {
+  std::vector<MenuEntry> entries = plain_entries;
+  for (int port = first_port_number; port <= last_port_number; ++port)
+    entries.push_back({"comm_port", element("port_number", port), "COM " + std::to_string(port)});
+  for (std::size_t k = 0; k < languages.size(); ++k)
+    entries.push_back({"language", element("sel_language", static_cast<int>(k)), std::string(languages[k])});
+  for (std::size_t k = 0; k < manuals.size(); ++k)
+    entries.push_back(
+        {"HelpUserManual", element("HelpManual", static_cast<int>(k)), std::string(manuals[k])});
+  return entries;
+}
+
+}  // namespace
+
+std::span<const MenuEntry> menu_entries() {
+  static const std::vector<MenuEntry> entries = all_entries();
+  return entries;
+}
+
+}  // namespace halden

@@ -1,0 +1,120 @@
+#include "screen/ui/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QPushButton>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <utility>
+
+#include "screen/ui/fonts.h"
+
+namespace halden {
+
+namespace {
+
+constexpr int menu_pixels = 14;
+
+// A window on paper passes nothing on.
+class NoInput : public UserInput {
+ public:
+  void run_input(std::function<void()>) override {}
+  void run_now(std::function<void()>) override {}
+  bool busy() const override { return false; }
+};
+
+}  // namespace
+
+FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& design, Look look)
+    : window_(window),
+      input_(input),
+      design_(design),
+      theme_(halden::theme(look)),
+      mirror_(window,
+              [this](const std::string& control) {
+                input_.run_input([&values = window_, control] { values.changed(control); });
+              }),
+      settled_resize_([this] { return input_.busy(); },
+                      [this] { input_.run_now([&values = window_] { values.resized(); }); }),
+      times_shown_(window.times_shown()) {
+  setObjectName(to_qt(window.name()));
+  dress(look);
+  menuBar()->setNativeMenuBar(false);  // inside the window on every system: a print shows it too
+  menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
+  QWidget* const content = design.build(*this);
+  setCentralWidget(content);
+  content->setFocus();  // no button looks pressed before the user has taken to the keyboard
+  setMinimumSize(design.smallest);
+  resize(design.start.boundedTo(screen()->availableSize()).expandedTo(design.smallest));
+  mirror_.show_changes();
+  Q_EMIT places_changed();
+}
+
+// Before anything is built: a style sheet that comes later makes widgets forget the sizes of their fonts.
+void FormWindow::dress(Look look) {
+  if (desktop_look(QApplication::palette()) == look) return;
+  setPalette(to_palette(theme_));
+  setStyleSheet(to_style_sheet(theme_));
+}
+
+void FormWindow::click(std::string control) {
+  input_.run_input([&values = window_, control = std::move(control)] { values.click(control); });
+}
+
+void FormWindow::tie_button(const std::string& control, QPushButton& button) {
+  button.setObjectName(to_qt(control));
+  mirror_.tie(control, button);
+  connect(&button, &QPushButton::clicked, this, [this, control] { click(control); });
+}
+
+void FormWindow::add_shortcut(const char* keys, const std::string& control) {
+  auto* const shortcut = new QShortcut(QKeySequence(QLatin1String(keys)), this);
+  connect(shortcut, &QShortcut::activated, this, [this, control] { click(control); });
+}
+
+void FormWindow::show_changes() {
+  if (window_.revision() == shown_revision_) return;
+  shown_revision_ = window_.revision();
+  if (mirror_.show_changes()) Q_EMIT places_changed();
+  Q_EMIT changes_shown();
+  if (windowTitle() != to_qt(window_.caption())) setWindowTitle(to_qt(window_.caption()));
+  if (isVisible() != window_.visible()) setVisible(window_.visible());
+  if (times_shown_ != window_.times_shown()) come_to_front();
+}
+
+void FormWindow::come_to_front() {
+  times_shown_ = window_.times_shown();
+  if (isMinimized()) showNormal();
+  raise();
+  activateWindow();
+}
+
+// A second window that never reaches the screen, so that the first one keeps its colours.
+QImage FormWindow::paper_image() {
+  NoInput nobody;
+  FormWindow on_paper(window_, nobody, design_, Look::light);
+  on_paper.resize(size());
+  on_paper.ensurePolished();
+  return on_paper.grab().toImage();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the logic decides what becomes of its windows
+  const auto close = [&values = window_] { values.closed(); };
+  window_.closing() == Closing::at_once ? input_.run_now(close) : input_.run_input(close);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  settled_resize_.resized(event->size());
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  settled_resize_.shown();
+}
+
+}  // namespace halden

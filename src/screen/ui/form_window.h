@@ -1,0 +1,99 @@
+// A window of the program on the screen: shows the values of a Window and passes on what the user does. What
+// all windows have in common stands here; what is inside each is built by its design.
+#pragma once
+
+#include <QImage>
+#include <QMainWindow>
+#include <QSize>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "screen/ui/mirror.h"
+#include "screen/ui/settled_resize.h"
+#include "screen/ui/theme.h"
+
+class QPushButton;
+
+namespace halden {
+
+// How what the user does reaches the logic.
+class UserInput {
+ public:
+  virtual ~UserInput() = default;
+
+  // Runs the handler; during a wait that takes no input it is kept until that wait is over.
+  virtual void run_input(std::function<void()> handler) = 0;
+
+  // Runs the handler at once, whatever is going on.
+  virtual void run_now(std::function<void()> handler) = 0;
+
+  // Whether a wait that takes no input is running.
+  virtual bool busy() const = 0;
+};
+
+class FormWindow;
+
+struct FormDesign {
+  QSize smallest;
+  QSize start;
+  // Fills the menu bar and returns the content. Ties everything to form.mirror().
+  std::function<QWidget*(FormWindow& form)> build;
+};
+
+class FormWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Window and input outlive the form.
+  FormWindow(Window& window, UserInput& input, const FormDesign& design, Look look);
+
+  // ---- for the design ----
+  Window& window() { return window_; }
+  Mirror& mirror() { return mirror_; }
+  const Theme& theme() const { return theme_; }
+
+  // Passes a click on, as if the user had clicked the control.
+  void click(std::string control);
+
+  // The button shows the control of that name and passes its clicks on.
+  void tie_button(const std::string& control, QPushButton& button);
+
+  // The keys click the control.
+  void add_shortcut(const char* keys, const std::string& control);
+
+  // ---- for the desktop ----
+  // Brings the window up to date; cheap when nothing has changed. A window that is shown, or shown again,
+  // comes to the front.
+  void show_changes();
+
+  // Whether edit boxes take what is typed: not while an exchange runs that will fill them.
+  void set_typing(Typing typing) { mirror_.set_typing(typing); }
+
+  // The window as it is printed: in light colours, whatever it shows on the screen.
+  QImage paper_image();
+
+ Q_SIGNALS:
+  void changes_shown();
+  void places_changed();  // some control has another place, or is shown or hidden
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void dress(Look look);
+  void come_to_front();
+
+  Window& window_;
+  UserInput& input_;
+  FormDesign design_;
+  Theme theme_;
+  Mirror mirror_;
+  SettledResize settled_resize_;
+  std::uint64_t shown_revision_ = 0;
+  std::uint32_t times_shown_ = 0;
+};
+
+}  // namespace halden

@@ -1,0 +1,33 @@
+// All windows of the program. Every room makes its own and adds it here; whoever serves all of them (the
+// language, the desktop) loops over this list.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "screen/window.h"
+
+namespace halden {
+
+class Windows {
+ public:
+  // The window outlives the list.
+  void add(Window& window) { windows_.push_back(&window); }
+
+  const std::vector<Window*>& all() const { return windows_; }
+
+  // The window of that name. A name that does not exist is a mistake in the program and ends it.
+  Window& operator[](std::string_view name) const;
+
+  // Sets every caption that depends on the language.
+  void apply_captions(Language language);
+
+ private:
+  std::vector<Window*> windows_;
+};
+
+// The small notice window CHKSPEED, with its message field Text1. There is one: the last writer wins. Without
+// a caption it is the notice that stays for long.
+Window make_notice_window();
+
+}  // namespace halden
