@@ -7,7 +7,7 @@
 
 #include "simulator/names.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -153,4 +153,4 @@ ConsoleAnswer obey(std::string_view line, Meter& meter) {
   return answer;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -16,7 +16,7 @@
 
 #include "simulator/meter.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 struct ConsoleAnswer {
   std::string text = "ok";  // without line end
@@ -27,4 +27,4 @@ struct ConsoleAnswer {
 // An empty line is no command: its answer's text is empty.
 ConsoleAnswer obey(std::string_view line, Meter& meter);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -1,6 +1,6 @@
 #include "simulator/demo_port.h"
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -27,4 +27,4 @@ SerialPort& DemoPort::behind(int number) const {
   return real_;
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

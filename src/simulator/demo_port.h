@@ -3,7 +3,7 @@
 
 #include "simulator/simulated_port.h"
 
-namespace halden {
+namespace halden::simulator {
 
 // Only one of the two is open at a time.
 class DemoPort : public SerialPort {
@@ -29,4 +29,4 @@ class DemoPort : public SerialPort {
   SerialPort* active_ = &simulated_;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -103,4 +103,4 @@ bool switch_on(std::string_view fault, Faults& faults) {
   return true;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

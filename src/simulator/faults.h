@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace halden {
+namespace halden::simulator {
 
 struct Faults {
   bool silence = false;                  // receives, but answers nothing
@@ -27,8 +27,6 @@ struct Faults {
   std::optional<std::string> next_live_frame;  // sent once, instead of the reply to the next " " or "W"
 };
 
-namespace meter_side {
-
 // The reply as it leaves a meter with these faults.
 std::string spoiled(std::string reply, const Faults& faults);
 
@@ -41,6 +39,4 @@ char meaningless_byte(std::uint64_t position);
 // these.
 bool switch_on(std::string_view fault, Faults& faults);
 
-}  // namespace meter_side
-
-}  // namespace halden
+}  // namespace halden::simulator

@@ -3,7 +3,7 @@
 #include "simulator/padded.h"
 #include "simulator/spectrum.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -59,4 +59,4 @@ std::string waveform_frame(const Load& load, const MeterSettings& settings, doub
   return frame + " E";
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

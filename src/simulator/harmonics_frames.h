@@ -18,10 +18,10 @@
 
 #include "simulator/load.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 std::string harmonics_frame(const Load& load, const MeterSettings& settings, double uptime_s);
 
 std::string waveform_frame(const Load& load, const MeterSettings& settings, double uptime_s);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -91,4 +91,4 @@ const Load::Override& Load::override_of(int phase) const {
   return overrides_.at(static_cast<std::size_t>(phase - 1));
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -7,7 +7,7 @@
 
 #include "simulator/meter_settings.h"
 
-namespace halden {
+namespace halden::simulator {
 
 // Angles are those of phasors: counter-clockwise positive, V1 at 0, so V2 of a positive-sequence supply
 // stands at -120. A positive lag turns the current clockwise from its own voltage.
@@ -60,4 +60,4 @@ class Load {
   std::array<Override, 3> overrides_;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -7,7 +7,7 @@
 #include "simulator/power_frame.h"
 #include "simulator/status_reply.h"
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -64,13 +64,12 @@ void Meter::answer(char request, double now_s) {
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
   if (request != '?' && on_frame) on_frame(now_s, reply);
-  replies_.send({meter_side::spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
+  replies_.send({spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
                  faults_.split_after, faults_.split_pause_s});
 }
 
 std::string Meter::reply_to(char request, double now_s) {
-  if (request == '?')
-    return faults_.status_reply.value_or(meter_side::status_reply(settings_, uptime_s(now_s)));
+  if (request == '?') return faults_.status_reply.value_or(status_reply(settings_, uptime_s(now_s)));
   if (request != ' ' && request != 'W') return {};
   if (faults_.next_live_frame) return *std::exchange(faults_.next_live_frame, std::nullopt);
   return live_reply(request, now_s);
@@ -82,13 +81,13 @@ std::string Meter::live_reply(char request, double now_s) const {
     char request;
     std::string (*frame)(const Load&, const MeterSettings&, double uptime_s);
   };
-  constexpr std::array<Answer, 3> answers = {{{MeterMode::power, ' ', meter_side::power_frame},
-                                              {MeterMode::harmonics, ' ', meter_side::harmonics_frame},
-                                              {MeterMode::harmonics, 'W', meter_side::waveform_frame}}};
+  constexpr std::array<Answer, 3> answers = {{{MeterMode::power, ' ', power_frame},
+                                              {MeterMode::harmonics, ' ', harmonics_frame},
+                                              {MeterMode::harmonics, 'W', waveform_frame}}};
   for (const Answer& answer : answers)
     if (answer.mode == settings_.mode && answer.request == request)
       return answer.frame(load_, settings_, uptime_s(now_s));
   return {};
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

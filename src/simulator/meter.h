@@ -26,7 +26,7 @@
 #include "simulator/sending.h"
 #include "simulator/setting_commands.h"
 
-namespace halden {
+namespace halden::simulator {
 
 struct ReceivedByte {
   double time_s = 0.0;
@@ -70,12 +70,12 @@ class Meter {
   MeterSettings settings_;
   Load load_;
   Faults faults_;
-  meter_side::SettingCommands commands_;
-  meter_side::SendQueue replies_;
-  meter_side::EndlessStream stream_;
+  SettingCommands commands_;
+  SendQueue replies_;
+  EndlessStream stream_;
   std::vector<ReceivedByte> log_;
   bool switched_on_ = false;
   double switched_on_s_ = 0.0;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-namespace halden {
+namespace halden::simulator {
 
 enum class MeterMode { harmonics = 0, power = 1 };
 enum class Wiring { w1p2w = 0, w1p3w = 1, w3p3w = 2, w3p4w = 3 };
@@ -55,4 +55,4 @@ struct MeterSettings {
   double reply_latency_s = 0.020;  // from a request to the start of its reply
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -25,4 +25,4 @@ std::optional<Wiring> wiring_of(std::string_view name) {
   return named<Wiring>(names, name);
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

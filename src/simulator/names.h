@@ -7,9 +7,9 @@
 
 #include "simulator/meter_settings.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 std::optional<MeterMode> mode_of(std::string_view name);  // "harmonics", "power"
 std::optional<Wiring> wiring_of(std::string_view name);   // "1P2W", "1P3W", "3P3W", "3P4W"
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

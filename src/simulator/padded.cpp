@@ -1,6 +1,6 @@
 #include "simulator/padded.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 std::string blank_padded(int value, std::size_t width) {
   std::string digits = std::to_string(value);
@@ -15,4 +15,4 @@ std::string zero_padded(int value, std::size_t width) {
   return digits;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 // Right-aligned with blanks, exactly `width` characters; what does not fit becomes the largest value that
 // does.
@@ -13,4 +13,4 @@ std::string blank_padded(int value, std::size_t width);
 // At least `width` characters with leading zeros, the sign in front; a wider value is as wide as it is.
 std::string zero_padded(int value, std::size_t width);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

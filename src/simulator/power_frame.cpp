@@ -2,7 +2,7 @@
 
 #include "simulator/padded.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::string power_frame(const Load& load, const MeterSettings& settings, double 
   return frame;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -13,8 +13,8 @@
 
 #include "simulator/load.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 std::string power_frame(const Load& load, const MeterSettings& settings, double uptime_s);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

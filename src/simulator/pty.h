@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 class Pty {
  public:
@@ -40,4 +40,4 @@ class Pty {
   std::string device_;
 };
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -18,7 +18,7 @@
 
 #include "simulator/console.h"
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -155,7 +155,7 @@ bool PtyMeter::take_console(double now_s) {
   if (!console_open_) return true;
   console_text_.append(bytes.data(), static_cast<std::size_t>(count));
   for (std::size_t end; (end = console_text_.find('\n')) != std::string::npos;) {
-    const auto answer = meter_side::obey(console_text_.substr(0, end), meter_);
+    const auto answer = obey(console_text_.substr(0, end), meter_);
     console_text_.erase(0, end + 1);
     if (answer.unplug_s) {
       unplug();
@@ -167,6 +167,6 @@ bool PtyMeter::take_console(double now_s) {
   return true;
 }
 
-}  // namespace halden
+}  // namespace halden::simulator
 
 #endif

@@ -6,7 +6,7 @@
 #include "simulator/meter.h"
 #include "simulator/pty.h"
 
-namespace halden {
+namespace halden::simulator {
 
 class PtyMeter {
  public:
@@ -31,10 +31,10 @@ class PtyMeter {
 
   Meter& meter_;
   std::string link_path_;
-  meter_side::Pty pty_;
+  Pty pty_;
   bool console_open_ = true;
   std::string console_text_;  // a line that is not complete yet
   double plug_back_s_ = 0.0;  // while the device is closed
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

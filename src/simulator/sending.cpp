@@ -6,7 +6,7 @@
 
 #include "simulator/faults.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -93,4 +93,4 @@ double EndlessStream::next_s(double now_s) const {
   return start_s + static_cast<double>(sent(now_s) + 1) / bytes_per_second;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 inline constexpr double bytes_per_second = 960.0;
 inline constexpr std::size_t most_untaken_bytes = 65536;
@@ -69,4 +69,4 @@ class EndlessStream {
   std::uint64_t taken_ = 0;
 };
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -59,4 +59,4 @@ void SettingCommands::abandon_stale(double now_s) {
   if (now_s - last_byte_s_ > abandoned_after_s) letter_ = '\0';
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

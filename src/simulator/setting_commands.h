@@ -11,7 +11,7 @@
 
 #include "simulator/meter_settings.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 class SettingCommands {
  public:
@@ -26,4 +26,4 @@ class SettingCommands {
   double last_byte_s_ = 0.0;
 };
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

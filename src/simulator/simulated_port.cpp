@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -82,4 +82,4 @@ void SimulatedPort::pull() {
     received_ += arrived.substr(0, buffer_bytes - std::min(buffer_bytes, received_.size()));
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -7,7 +7,7 @@
 #include "platform/serial_port.h"
 #include "simulator/meter.h"
 
-namespace halden {
+namespace halden::simulator {
 
 // The meter stands behind every port number. What arrives while the port is closed or vanished is lost.
 class SimulatedPort : public SerialPort {
@@ -46,4 +46,4 @@ class SimulatedPort : public SerialPort {
   std::string received_;  // bounded: a full buffer loses what comes next
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

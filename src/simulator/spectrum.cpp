@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -135,4 +135,4 @@ Spectrum measured_spectrum(const Load& load, const MeterSettings& settings, doub
   return spectrum;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

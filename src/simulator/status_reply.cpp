@@ -4,7 +4,7 @@
 
 #include "simulator/padded.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -72,4 +72,4 @@ std::string status_reply(const MeterSettings& settings, double uptime_s) {
   return reply;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

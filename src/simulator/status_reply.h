@@ -18,9 +18,9 @@
 
 #include "simulator/meter_settings.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 // `uptime_s` seconds after the moment of settings.clock_start.
 std::string status_reply(const MeterSettings& settings, double uptime_s);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

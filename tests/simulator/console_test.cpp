@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 namespace {
 
 TEST(Console, CommandsAreTheButtonsOfTheMeter) {
@@ -43,4 +43,4 @@ TEST(Console, NonsenseIsAnsweredAndChangesNothing) {
 }
 
 }  // namespace
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

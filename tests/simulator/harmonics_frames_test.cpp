@@ -8,7 +8,7 @@
 #include <numeric>
 #include <vector>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 namespace {
 
 constexpr double pi = std::numbers::pi;
@@ -116,4 +116,4 @@ TEST(Frames, SayOverRange) {
 }
 
 }  // namespace
-}  // namespace halden::meter_side
+}  // namespace halden::simulator
