@@ -1,4 +1,4 @@
-// The device that usually stands behind a port number on this operating system.
+// The device that a port number usually means on this operating system.
 #pragma once
 
 #include <string>

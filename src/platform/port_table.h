@@ -1,4 +1,4 @@
-// Which device stands behind COM 1 to 16.
+// Which device belongs to COM 1 to 16.
 //
 // On Windows COM n is COMn. On Linux: 1-4 /dev/ttyUSB0-3, 5-8 /dev/ttyACM0-3, 9-12 /dev/ttyS0-3, 13-16
 // /dev/rfcomm0-3. An entry can be overridden (`--com N=DEVICE`); a device may be a symbolic link or a

@@ -18,11 +18,11 @@ class DemoPort : public SerialPort {
   void send(std::string_view bytes) override { active_->send(bytes); }
   std::string receive() override { return active_->receive(); }
   std::size_t received_count() override { return active_->received_count(); }
-  std::string device_name(int number) const override { return behind(number).device_name(number); }
-  bool present(int number) const override { return behind(number).present(number); }
+  std::string device_name(int number) const override { return port_for(number).device_name(number); }
+  bool present(int number) const override { return port_for(number).present(number); }
 
  private:
-  SerialPort& behind(int number) const;
+  SerialPort& port_for(int number) const;
 
   SimulatedPort& simulated_;
   SerialPort& real_;

@@ -1,4 +1,4 @@
-// What can go wrong on the way from the meter, on demand. Everything is off until switched on, and stays on
+// Faults of the meter and its line, for tests and the demo. Everything is off until switched on, and stays on
 // until switched off, except the one frame of next_live_frame.
 #pragma once
 
@@ -28,10 +28,10 @@ struct Faults {
 };
 
 // The reply as it leaves a meter with these faults.
-std::string spoiled(std::string reply, const Faults& faults);
+std::string with_faults(std::string reply, const Faults& faults);
 
-// Byte number `position` of an endless meaningless text: small letters and digits, so that no frame mark is
-// in it.
+// Byte number `position` of an endless meaningless text: lower-case letters and digits, so that it contains
+// no frame mark.
 char meaningless_byte(std::uint64_t position);
 
 // Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "stream", "unplugged", or with

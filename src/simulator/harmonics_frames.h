@@ -4,8 +4,8 @@
 //   "B", then "O=" and the input in 5 characters, "R=" RMS, "P=" positive peak, "N=" negative peak magnitude
 //   and "H=" frequency code in 6 characters each (right-aligned, blanks in front), for every order 00..99 a
 //   blank, the order in two digits, a blank, the cosine component, a blank, the sine component; components
-//   have seven characters with leading zeros, so that no number looks like the tag of an order, "T=" THD-F in
-//   tenths of a percent and "V=" the fundamental's RMS in 6 characters each, "E".
+//   have seven characters with leading zeros, so that no number can be mistaken for the tag of an order, "T="
+//   THD-F in tenths of a percent and "V=" the fundamental's RMS in 6 characters each, "E".
 //
 //   "BO=    0R=  2301P=  3190N=  3190H=     1 00 0000000 0000000 01 0000564 0003203 ... T=    33V=  2299E"
 //

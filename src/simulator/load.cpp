@@ -9,7 +9,7 @@ namespace {
 
 constexpr double degree = std::numbers::pi / 180.0;
 
-// The periods have no common divisor worth mentioning, so the picture does not repeat within a day.
+// The periods have no large common divisor, so the readings do not repeat within a day.
 double wave(double uptime_s, double period_s, double shift) {
   return std::sin(2.0 * std::numbers::pi * uptime_s / period_s + shift);
 }
@@ -20,7 +20,7 @@ double nominal_angle_deg(int phase, Wiring wiring) {
 }
 
 // Around 230 V, 5 to 13 A, 10 to 20 degrees of lag. The slow terms of the current are the demand profile:
-// heavy and light quarters of an hour.
+// quarters of an hour with more and with less power.
 Reading drifting(int phase, Wiring wiring, double t) {
   constexpr std::array voltage_offset_v = {0.6, -0.9, 0.2};
   constexpr std::array current_offset_a = {0.2, -0.3, 0.1};

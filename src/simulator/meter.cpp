@@ -11,8 +11,8 @@ namespace halden::simulator {
 
 namespace {
 
-constexpr std::size_t most_logged_bytes = 100'000;
-constexpr std::ptrdiff_t forgotten_at_once = 10'000;
+constexpr std::size_t max_logged_bytes = 100'000;
+constexpr std::ptrdiff_t dropped_at_once = 10'000;
 
 }  // namespace
 
@@ -20,7 +20,7 @@ void Meter::receive(std::string_view bytes, double now_s) {
   advance(now_s);
   if (faults_.unplugged) return;
   for (const char byte : bytes) {
-    remember(byte, now_s);
+    log_byte(byte, now_s);
     if (!commands_.take(byte, now_s, settings_)) answer(byte, now_s);
   }
 }
@@ -40,7 +40,7 @@ double Meter::next_output_s(double now_s) const {
   return faults_.endless_stream ? stream_.next_s(now_s) : replies_.next_s(now_s);
 }
 
-// Catches up with what changed since the last call: faults are switched from outside at any time.
+// Applies what changed since the last call, because callers may switch faults at any time.
 void Meter::advance(double now_s) {
   if (!std::exchange(switched_on_, true)) switched_on_s_ = now_s;
   replies_.catch_up(now_s);
@@ -54,8 +54,8 @@ void Meter::advance(double now_s) {
   }
 }
 
-void Meter::remember(char byte, double now_s) {
-  if (log_.size() >= most_logged_bytes) log_.erase(log_.begin(), log_.begin() + forgotten_at_once);
+void Meter::log_byte(char byte, double now_s) {
+  if (log_.size() >= max_logged_bytes) log_.erase(log_.begin(), log_.begin() + dropped_at_once);
   log_.push_back({now_s, byte});
 }
 
@@ -64,7 +64,7 @@ void Meter::answer(char request, double now_s) {
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
   if (request != '?' && on_frame) on_frame(now_s, reply);
-  replies_.send({spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
+  replies_.send({with_faults(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
                  faults_.split_after, faults_.split_pause_s});
 }
 

@@ -1,4 +1,5 @@
-// What is set on the simulated meter: everything the status reply tells, plus the meter's own clock and pace.
+// The settings of the simulated meter: all fields of the status reply, and the start of the meter's clock and
+// its reply latency.
 #pragma once
 
 #include <array>
@@ -51,7 +52,7 @@ struct MeterSettings {
   int clamp_flags = 0;     // bits 9 and 10: 0x000 or 0x400 factor 1.0, 0x200 factor 3.0, 0x600 factor 1.2
   int harmonic_order = 1;  // 0..99
   LoggerSettings logger;
-  MeterClock clock_start;          // what the meter's clock showed when the meter was first spoken to
+  MeterClock clock_start;          // what the meter's clock shows at the first call of Meter
   double reply_latency_s = 0.020;  // from a request to the start of its reply
 };
 

@@ -1,5 +1,5 @@
-// What one input carries beside the fundamental: the one set of components from which both the harmonics
-// frame and the waveform frame are made, so that they agree.
+// The fundamental and the harmonics of one input. Both the harmonics frame and the waveform frame are made
+// from this one set of components, so that they agree.
 #pragma once
 
 #include <array>
