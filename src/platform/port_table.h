@@ -28,6 +28,9 @@ class PortTable {
   std::array<std::string, last_port_number + 1> devices_;
 };
 
+// The device of port `number` (1..16) on this operating system while the entry is not overridden.
+std::string default_device(int number);
+
 // "N=DEVICE" with N in 1..16 and a device that is not empty; nothing otherwise.
 std::optional<std::pair<int, std::string>> parse_port_override(std::string_view text);
 

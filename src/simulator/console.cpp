@@ -5,8 +5,6 @@
 #include <charconv>
 #include <vector>
 
-#include "simulator/names.h"
-
 namespace halden::simulator {
 
 namespace {

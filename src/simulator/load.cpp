@@ -45,6 +45,11 @@ int wrapped_tenths(double tenths) {
   return whole == -1800 ? 1800 : whole;
 }
 
+Reading from_raw(const RawPhase& raw, int current_range) {
+  const double lag_tenths = std::remainder(static_cast<double>(raw.q) - raw.p, 3600.0);
+  return {raw.v / 10.0, -raw.p / 10.0, raw.i * raw_current_unit_a(current_range), lag_tenths / 10.0};
+}
+
 }  // namespace
 
 double raw_current_unit_a(int current_range) { return std::pow(10.0, current_range - 4); }
@@ -62,32 +67,23 @@ RawPhase to_raw(const Reading& reading, int current_range) {
   return raw;
 }
 
-Reading from_raw(const RawPhase& raw, int current_range) {
-  const double lag_tenths = std::remainder(static_cast<double>(raw.q) - raw.p, 3600.0);
-  return {raw.v / 10.0, -raw.p / 10.0, raw.i * raw_current_unit_a(current_range), lag_tenths / 10.0};
-}
-
 Reading Load::reading(int phase, const MeterSettings& settings, double uptime_s) const {
-  const Override& forced = override_of(phase);
+  const std::optional<RawPhase>& fixed = override_of(phase);
   if (phase > phases_in_use(settings.wiring)) return {};
-  if (const auto* reading = std::get_if<Reading>(&forced)) return *reading;
-  if (const auto* raw = std::get_if<RawPhase>(&forced)) return from_raw(*raw, settings.current_range);
-  return drifting(phase, settings.wiring, uptime_s);
+  return fixed ? from_raw(*fixed, settings.current_range) : drifting(phase, settings.wiring, uptime_s);
 }
 
 RawPhase Load::raw(int phase, const MeterSettings& settings, double uptime_s) const {
-  const auto* raw = std::get_if<RawPhase>(&override_of(phase));
-  if (raw != nullptr && phase <= phases_in_use(settings.wiring)) return *raw;
+  const std::optional<RawPhase>& fixed = override_of(phase);
+  if (fixed && phase <= phases_in_use(settings.wiring)) return *fixed;
   return to_raw(reading(phase, settings, uptime_s), settings.current_range);
 }
 
-void Load::fix(int phase, Reading reading) { overrides_.at(static_cast<std::size_t>(phase - 1)) = reading; }
-
 void Load::fix_raw(int phase, RawPhase raw) { overrides_.at(static_cast<std::size_t>(phase - 1)) = raw; }
 
-void Load::free() { overrides_.fill(std::monostate()); }
+void Load::free() { overrides_.fill(std::nullopt); }
 
-const Load::Override& Load::override_of(int phase) const {
+const std::optional<RawPhase>& Load::override_of(int phase) const {
   return overrides_.at(static_cast<std::size_t>(phase - 1));
 }
 

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "simulator/names.h"
 #include "simulator/pty_meter.h"
 
 namespace simulator = halden::simulator;

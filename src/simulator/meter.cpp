@@ -3,9 +3,7 @@
 #include <limits>
 #include <utility>
 
-#include "simulator/harmonics_frames.h"
-#include "simulator/power_frame.h"
-#include "simulator/status_reply.h"
+#include "simulator/replies.h"
 
 namespace halden::simulator {
 

@@ -4,11 +4,18 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <string_view>
 
 namespace halden::simulator {
 
 enum class MeterMode { harmonics = 0, power = 1 };
 enum class Wiring { w1p2w = 0, w1p3w = 1, w3p3w = 2, w3p4w = 3 };
+
+// By the names typed on the command line and the console of halden-meter: "harmonics", "power"; "1P2W",
+// "1P3W", "3P3W", "3P4W".
+std::optional<MeterMode> mode_of(std::string_view name);
+std::optional<Wiring> wiring_of(std::string_view name);
 
 // Phases in use: 1 to 3.
 constexpr int phases_in_use(Wiring wiring) {

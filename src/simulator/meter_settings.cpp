@@ -1,4 +1,4 @@
-#include "simulator/names.h"
+#include "simulator/meter_settings.h"
 
 #include <algorithm>
 
