@@ -55,8 +55,8 @@ BENCHMARK(frame_to_texts_with_sampling_instant);
 void hour_of_polling(benchmark::State& state) {
   for (auto _ : state) {
     VirtualWorld world;
-    Meter meter;
-    SimulatedPort port(world.clock, meter);
+    simulator::Meter meter;
+    simulator::SimulatedPort port(world.clock, meter);
     world.files.contents["./commport.dat"] = "1\r\n";
     Companion companion(world.platform(port), {});
     dispatch([&companion] { companion.start_up(); });

@@ -21,8 +21,8 @@ void redraw_phasors(benchmark::State& state) {
   int no_arguments = 0;
   const QApplication application(no_arguments, nullptr);
   VirtualWorld world;
-  Meter meter;
-  SimulatedPort port(world.clock, meter);
+  simulator::Meter meter;
+  simulator::SimulatedPort port(world.clock, meter);
   StartOptions options;
   options.first_port = first_port_number;
   Companion companion(world.platform(port), options);

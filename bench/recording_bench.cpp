@@ -20,8 +20,8 @@ void record_line(benchmark::State& state) {
   const auto folder = std::filesystem::temp_directory_path() / "halden_bench";
   std::filesystem::create_directories(folder);
   VirtualWorld world;
-  Meter meter;
-  SimulatedPort port(world.clock, meter);
+  simulator::Meter meter;
+  simulator::SimulatedPort port(world.clock, meter);
   QtFiles files;
   const Platform outside = world.platform(port);
   StartOptions options;

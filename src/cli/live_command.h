@@ -26,6 +26,9 @@ class LiveReport : public LiveListener {
  public:
   // All outlive the report.
   LiveReport(Program& program, const LiveOptions& options, Terminal& terminal);
+  ~LiveReport() override { program_.live.monitor.remove_listener(*this); }
+  LiveReport(const LiveReport&) = delete;
+  LiveReport& operator=(const LiveReport&) = delete;
 
   // From now on frames are printed; a meter in harmonics mode sends none, which is a failure.
   void start();

@@ -27,6 +27,9 @@ class RecordRun : public LiveListener {
  public:
   // All outlive the run. Without a number of records and a duration it goes on until finish().
   RecordRun(Program& program, const RecordOptions& options, Terminal& terminal);
+  ~RecordRun() override { program_.live.monitor.remove_listener(*this); }
+  RecordRun(const RecordRun&) = delete;
+  RecordRun& operator=(const RecordRun&) = delete;
 
   // Starts recording; fails in harmonics mode and when the file cannot be written.
   void start();

@@ -15,8 +15,9 @@ class LiveMonitor : public LiveFrames {
   LiveMonitor(const Clock& clock, const LiveViews& views, SampleClock& sample_clock)
       : clock_(clock), views_(views), sample_clock_(sample_clock) {}
 
-  // Called in the order they were added. The listener outlives the monitor's use.
+  // Called in the order they were added, until they are removed.
   void add_listener(LiveListener& listener) { listeners_.push_back(&listener); }
+  void remove_listener(LiveListener& listener) { std::erase(listeners_, &listener); }
 
   void frame_complete() override;
   void no_communication() override;

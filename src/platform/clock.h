@@ -1,8 +1,8 @@
 // What time it is, and how the program waits.
 //
 // All logic is written synchronously: a handler sends, waits, collects. Every wait is a loop in link/ that
-// calls Clock::pause once per turn, so that tests can replace time and the real program can keep its windows
-// alive.
+// calls Clock::pause once per turn, so that tests can replace time and the windows of the real program keep
+// working.
 #pragma once
 
 #include <compare>

@@ -38,7 +38,7 @@ class Dialogs {
   // Asks with Yes and No.
   virtual bool confirm(const Message& question) = 0;
 
-  // Shows the text without waiting, one box per text at a time: for whatever a tick must say.
+  // Shows the text without waiting, one box per text at a time: for messages from a timer tick.
   virtual void tell(const Message& message) = 0;
 
   // Empty when cancelled.

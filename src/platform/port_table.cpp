@@ -2,8 +2,6 @@
 
 #include <charconv>
 
-#include "platform/port_names.h"
-
 namespace halden {
 
 namespace {

@@ -1,4 +1,5 @@
-// The default printer. Distances are in 1/1440 inch from the page's top left corner. Paper is always light.
+// The default printer. Distances are in 1/1440 inch from the page's top left corner. Printouts always use
+// light colours.
 #pragma once
 
 #include <string>

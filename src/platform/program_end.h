@@ -1,6 +1,6 @@
-// How the program ends in the middle of a wait: Clock::pause throws ProgramEnded, the stacks of all running
-// handlers unwind (nothing more is sent or written), and the dispatcher that called the outermost handler
-// swallows it. It is the only exception that crosses a handler.
+// How the program ends in the middle of a wait: Clock::pause throws ProgramEnded, the stack of the running
+// handler unwinds (nothing more is sent or written), and the dispatch() that called the handler catches it.
+// When handlers are nested, the wait of each outer one throws in turn. No other exception leaves a handler.
 #pragma once
 
 #include <utility>

@@ -25,21 +25,21 @@ class SerialPort {
   virtual PortRefusal open(int number) = 0;
   virtual void close() = 0;
 
-  // Takes a port that was open a moment ago, and could not be opened again, for vanished: it opens by itself
-  // as soon as it is back.
+  // Treats port `number` as vanished, for a port that was open a moment ago and could not be opened again: it
+  // is opened without a further call as soon as it is back.
   virtual void keep_looking(int number) = 0;
   virtual PortState state() const = 0;
 
   // Sends the bytes; drops them silently when nothing is open.
   virtual void send(std::string_view bytes) = 0;
 
-  // Takes everything received so far (a bounded piece under a flood; the rest comes with the next call).
+  // Takes what was received so far. The piece is bounded; when more has arrived, the next call returns it.
   virtual std::string receive() = 0;
 
   // How many received bytes wait to be taken.
   virtual std::size_t received_count() = 0;
 
-  // The device behind a port number ("/dev/ttyUSB0", "COM3", "simulated meter"), and whether it is there now.
+  // The device of a port number ("/dev/ttyUSB0", "COM3", "simulated meter"), and whether it is there now.
   virtual std::string device_name(int number) const = 0;
   virtual bool present(int number) const = 0;
 };

@@ -1,7 +1,7 @@
 // When a periodic timer is due; shared by the real and the virtual Timer so that both keep the same rules.
 //
 // Due moments lie on a grid of whole periods from the moment of (re)starting. A tick that could not be
-// delivered in time is held over; however many grid points passed meanwhile, only one tick follows.
+// delivered in time is held back; however many grid points passed meanwhile, only one tick follows.
 #pragma once
 
 #include <cstdint>

@@ -5,9 +5,7 @@
 #include <charconv>
 #include <vector>
 
-#include "simulator/names.h"
-
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -48,7 +46,7 @@ std::string escaped(char byte) {
   return std::string("\\x") + hex[code / 16] + hex[code % 16];
 }
 
-// Every command takes the words behind its name; false means that they make no sense.
+// Every command takes the words after its name; false when it does not understand them.
 
 bool set_mode(const Words& words, Meter& meter, ConsoleAnswer&) {
   const auto mode = mode_of(words[0]);
@@ -119,7 +117,7 @@ bool quit(const Words&, Meter&, ConsoleAnswer& answer) { return answer.quit = tr
 
 struct Command {
   std::string_view name;
-  std::size_t words;  // behind the name
+  std::size_t words;  // after the name
   bool (*run)(const Words& words, Meter& meter, ConsoleAnswer& answer);
 };
 
@@ -137,7 +135,7 @@ constexpr std::array<Command, 11> commands = {{{"mode", 1, set_mode},
 
 }  // namespace
 
-ConsoleAnswer obey(std::string_view line, Meter& meter) {
+ConsoleAnswer apply_command(std::string_view line, Meter& meter) {
   Words words = words_of(line);
   ConsoleAnswer answer;
   if (words.empty()) {
@@ -153,4 +151,4 @@ ConsoleAnswer obey(std::string_view line, Meter& meter) {
   return answer;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

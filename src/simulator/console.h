@@ -1,10 +1,17 @@
 // The buttons of the simulated meter as one-line commands, typed or sent on the standard input of
 // halden-meter.
 //
-//   mode power|harmonics      wiring 1P2W|1P3W|3P3W|3P4W      channel 0..5 (V1 I1 V2 I2 V3 I3)
-//   silence on|off            garbage on|off                  fault NAME[=VALUE] (see switch_on) or fault
-//   none raw PHASE V I W P Q       phase 1..3 fixed to these raw numbers; raw off lets the load drift again
-//   log                       the received bytes            unplug SECONDS            quit
+//   mode power|harmonics
+//   wiring 1P2W|1P3W|3P3W|3P4W
+//   channel 0..5                input of the harmonics mode: V1 I1 V2 I2 V3 I3
+//   silence on|off
+//   garbage on|off
+//   fault NAME[=VALUE]|none     see switch_on; none switches all faults off
+//   raw PHASE V I W P Q         fixes phase 1..3 at these raw numbers
+//   raw off                     lets the load drift again
+//   log                         shows the received bytes
+//   unplug SECONDS
+//   quit
 //
 // Each command is answered by one line: "ok", for log the number of bytes and the bytes as quoted text, or a
 // line that begins with "error: ".
@@ -16,15 +23,15 @@
 
 #include "simulator/meter.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 struct ConsoleAnswer {
   std::string text = "ok";  // without line end
   bool quit = false;
-  std::optional<double> unplug_s;  // the cable is to be out for that long
+  std::optional<double> unplug_s;  // how long the cable is to be unplugged
 };
 
-// An empty line is no command: its answer's text is empty.
-ConsoleAnswer obey(std::string_view line, Meter& meter);
+// An empty line is not a command; the text of its answer is empty.
+ConsoleAnswer apply_command(std::string_view line, Meter& meter);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -3,7 +3,7 @@
 
 #include "simulator/simulated_port.h"
 
-namespace halden {
+namespace halden::simulator {
 
 // Only one of the two is open at a time.
 class DemoPort : public SerialPort {
@@ -18,15 +18,15 @@ class DemoPort : public SerialPort {
   void send(std::string_view bytes) override { active_->send(bytes); }
   std::string receive() override { return active_->receive(); }
   std::size_t received_count() override { return active_->received_count(); }
-  std::string device_name(int number) const override { return behind(number).device_name(number); }
-  bool present(int number) const override { return behind(number).present(number); }
+  std::string device_name(int number) const override { return port_for(number).device_name(number); }
+  bool present(int number) const override { return port_for(number).present(number); }
 
  private:
-  SerialPort& behind(int number) const;
+  SerialPort& port_for(int number) const;
 
   SimulatedPort& simulated_;
   SerialPort& real_;
   SerialPort* active_ = &simulated_;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

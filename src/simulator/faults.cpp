@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -68,7 +68,7 @@ bool switch_on_split(std::string_view value, Faults& faults) {
          parse_all(value.substr(colon + 1), faults.split_pause_s);
 }
 
-bool understood(std::string_view fault, Faults& faults) {
+bool parse_fault(std::string_view fault, Faults& faults) {
   const auto equals = fault.find('=');
   if (equals == std::string_view::npos) return switch_on_flag(fault, faults);
   const auto name = fault.substr(0, equals);
@@ -81,7 +81,7 @@ bool understood(std::string_view fault, Faults& faults) {
 
 }  // namespace
 
-std::string spoiled(std::string reply, const Faults& faults) {
+std::string with_faults(std::string reply, const Faults& faults) {
   if (faults.garbage) reply = meaningless(reply.size());
   if (faults.doubled) reply += std::string(reply);
   if (faults.drop_every > 0) reply = without_every(reply, faults.drop_every);
@@ -98,9 +98,9 @@ char meaningless_byte(std::uint64_t position) {
 
 bool switch_on(std::string_view fault, Faults& faults) {
   Faults changed = faults;
-  if (!understood(fault, changed)) return false;
+  if (!parse_fault(fault, changed)) return false;
   faults = std::move(changed);
   return true;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

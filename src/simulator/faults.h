@@ -1,4 +1,4 @@
-// What can go wrong on the way from the meter, on demand. Everything is off until switched on, and stays on
+// Faults of the meter and its line, for tests and the demo. Everything is off until switched on, and stays on
 // until switched off, except the one frame of next_live_frame.
 #pragma once
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace halden {
+namespace halden::simulator {
 
 struct Faults {
   bool silence = false;                  // receives, but answers nothing
@@ -27,13 +27,11 @@ struct Faults {
   std::optional<std::string> next_live_frame;  // sent once, instead of the reply to the next " " or "W"
 };
 
-namespace meter_side {
-
 // The reply as it leaves a meter with these faults.
-std::string spoiled(std::string reply, const Faults& faults);
+std::string with_faults(std::string reply, const Faults& faults);
 
-// Byte number `position` of an endless meaningless text: small letters and digits, so that no frame mark is
-// in it.
+// Byte number `position` of an endless meaningless text: lower-case letters and digits, so that it contains
+// no frame mark.
 char meaningless_byte(std::uint64_t position);
 
 // Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "stream", "unplugged", or with
@@ -41,6 +39,4 @@ char meaningless_byte(std::uint64_t position);
 // these.
 bool switch_on(std::string_view fault, Faults& faults);
 
-}  // namespace meter_side
-
-}  // namespace halden
+}  // namespace halden::simulator

@@ -3,13 +3,13 @@
 #include <cmath>
 #include <numbers>
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
 constexpr double degree = std::numbers::pi / 180.0;
 
-// The periods have no common divisor worth mentioning, so the picture does not repeat within a day.
+// The periods have no large common divisor, so the readings do not repeat within a day.
 double wave(double uptime_s, double period_s, double shift) {
   return std::sin(2.0 * std::numbers::pi * uptime_s / period_s + shift);
 }
@@ -20,7 +20,7 @@ double nominal_angle_deg(int phase, Wiring wiring) {
 }
 
 // Around 230 V, 5 to 13 A, 10 to 20 degrees of lag. The slow terms of the current are the demand profile:
-// heavy and light quarters of an hour.
+// quarters of an hour with more and with less power.
 Reading drifting(int phase, Wiring wiring, double t) {
   constexpr std::array voltage_offset_v = {0.6, -0.9, 0.2};
   constexpr std::array current_offset_a = {0.2, -0.3, 0.1};
@@ -45,6 +45,11 @@ int wrapped_tenths(double tenths) {
   return whole == -1800 ? 1800 : whole;
 }
 
+Reading from_raw(const RawPhase& raw, int current_range) {
+  const double lag_tenths = std::remainder(static_cast<double>(raw.q) - raw.p, 3600.0);
+  return {raw.v / 10.0, -raw.p / 10.0, raw.i * raw_current_unit_a(current_range), lag_tenths / 10.0};
+}
+
 }  // namespace
 
 double raw_current_unit_a(int current_range) { return std::pow(10.0, current_range - 4); }
@@ -62,33 +67,24 @@ RawPhase to_raw(const Reading& reading, int current_range) {
   return raw;
 }
 
-Reading from_raw(const RawPhase& raw, int current_range) {
-  const double lag_tenths = std::remainder(static_cast<double>(raw.q) - raw.p, 3600.0);
-  return {raw.v / 10.0, -raw.p / 10.0, raw.i * raw_current_unit_a(current_range), lag_tenths / 10.0};
-}
-
 Reading Load::reading(int phase, const MeterSettings& settings, double uptime_s) const {
-  const Override& forced = override_of(phase);
+  const std::optional<RawPhase>& fixed = override_of(phase);
   if (phase > phases_in_use(settings.wiring)) return {};
-  if (const auto* reading = std::get_if<Reading>(&forced)) return *reading;
-  if (const auto* raw = std::get_if<RawPhase>(&forced)) return from_raw(*raw, settings.current_range);
-  return drifting(phase, settings.wiring, uptime_s);
+  return fixed ? from_raw(*fixed, settings.current_range) : drifting(phase, settings.wiring, uptime_s);
 }
 
 RawPhase Load::raw(int phase, const MeterSettings& settings, double uptime_s) const {
-  const auto* raw = std::get_if<RawPhase>(&override_of(phase));
-  if (raw != nullptr && phase <= phases_in_use(settings.wiring)) return *raw;
+  const std::optional<RawPhase>& fixed = override_of(phase);
+  if (fixed && phase <= phases_in_use(settings.wiring)) return *fixed;
   return to_raw(reading(phase, settings, uptime_s), settings.current_range);
 }
 
-void Load::fix(int phase, Reading reading) { overrides_.at(static_cast<std::size_t>(phase - 1)) = reading; }
-
 void Load::fix_raw(int phase, RawPhase raw) { overrides_.at(static_cast<std::size_t>(phase - 1)) = raw; }
 
-void Load::free() { overrides_.fill(std::monostate()); }
+void Load::free() { overrides_.fill(std::nullopt); }
 
-const Load::Override& Load::override_of(int phase) const {
+const std::optional<RawPhase>& Load::override_of(int phase) const {
   return overrides_.at(static_cast<std::size_t>(phase - 1));
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

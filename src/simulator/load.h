@@ -3,11 +3,11 @@
 #pragma once
 
 #include <array>
-#include <variant>
+#include <optional>
 
 #include "simulator/meter_settings.h"
 
-namespace halden {
+namespace halden::simulator {
 
 // Angles are those of phasors: counter-clockwise positive, V1 at 0, so V2 of a positive-sequence supply
 // stands at -120. A positive lag turns the current clockwise from its own voltage.
@@ -38,7 +38,6 @@ inline constexpr int raw_current_limit = 30000;
 double raw_current_unit_a(int current_range);
 
 RawPhase to_raw(const Reading& reading, int current_range);
-Reading from_raw(const RawPhase& raw, int current_range);
 
 // Phases are numbered 1 to 3 (anything else throws std::out_of_range). Times are seconds since the meter was
 // switched on.
@@ -49,15 +48,13 @@ class Load {
   RawPhase raw(int phase, const MeterSettings& settings, double uptime_s) const;
 
   // Overrides hold until the next one of the same phase, or until free().
-  void fix(int phase, Reading reading);
   void fix_raw(int phase, RawPhase raw);
   void free();
 
  private:
-  using Override = std::variant<std::monostate, Reading, RawPhase>;
-  const Override& override_of(int phase) const;
+  const std::optional<RawPhase>& override_of(int phase) const;
 
-  std::array<Override, 3> overrides_;
+  std::array<std::optional<RawPhase>, 3> overrides_;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

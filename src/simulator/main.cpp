@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "simulator/names.h"
 #include "simulator/pty_meter.h"
+
+namespace simulator = halden::simulator;
 
 namespace {
 
@@ -17,7 +18,7 @@ struct Options {
   std::vector<std::string> faults;
 };
 
-halden::MeterClock local_time() {
+simulator::MeterClock local_time() {
   const std::time_t now = std::time(nullptr);
   std::tm time{};
   localtime_r(&now, &time);
@@ -38,8 +39,8 @@ void describe(CLI::App& app, Options& options) {
          "silence, garbage, doubled, noise, stream, unplugged, cut=BYTES, drop=EVERY, late=SECONDS or "
          "split=BYTES:SECONDS (repeatable)")
       ->check([](const std::string& fault) {
-        halden::Faults ignored;
-        return halden::meter_side::switch_on(fault, ignored) ? std::string() : "unknown fault: " + fault;
+        simulator::Faults ignored;
+        return simulator::switch_on(fault, ignored) ? std::string() : "unknown fault: " + fault;
       });
   app.footer(
       "The first line on standard output is the device. Then one-line commands are read from standard "
@@ -49,13 +50,13 @@ void describe(CLI::App& app, Options& options) {
 }
 
 int serve(const Options& options) {
-  halden::MeterSettings settings;
-  settings.mode = halden::meter_side::mode_of(options.mode).value_or(settings.mode);
-  settings.wiring = halden::meter_side::wiring_of(options.wiring).value_or(settings.wiring);
+  simulator::MeterSettings settings;
+  settings.mode = simulator::mode_of(options.mode).value_or(settings.mode);
+  settings.wiring = simulator::wiring_of(options.wiring).value_or(settings.wiring);
   settings.clock_start = local_time();
-  halden::Meter meter(settings);
-  for (const std::string& fault : options.faults) halden::meter_side::switch_on(fault, meter.faults());
-  halden::PtyMeter device(meter, options.link);
+  simulator::Meter meter(settings);
+  for (const std::string& fault : options.faults) simulator::switch_on(fault, meter.faults());
+  simulator::PtyMeter device(meter, options.link);
   const std::string refusal = device.run();
   if (refusal.empty()) return 0;
   std::fprintf(stderr, "halden-meter: %s\n", refusal.c_str());

@@ -3,16 +3,14 @@
 #include <limits>
 #include <utility>
 
-#include "simulator/harmonics_frames.h"
-#include "simulator/power_frame.h"
-#include "simulator/status_reply.h"
+#include "simulator/replies.h"
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
-constexpr std::size_t most_logged_bytes = 100'000;
-constexpr std::ptrdiff_t forgotten_at_once = 10'000;
+constexpr std::size_t max_logged_bytes = 100'000;
+constexpr std::ptrdiff_t dropped_at_once = 10'000;
 
 }  // namespace
 
@@ -20,7 +18,7 @@ void Meter::receive(std::string_view bytes, double now_s) {
   advance(now_s);
   if (faults_.unplugged) return;
   for (const char byte : bytes) {
-    remember(byte, now_s);
+    log_byte(byte, now_s);
     if (!commands_.take(byte, now_s, settings_)) answer(byte, now_s);
   }
 }
@@ -40,7 +38,7 @@ double Meter::next_output_s(double now_s) const {
   return faults_.endless_stream ? stream_.next_s(now_s) : replies_.next_s(now_s);
 }
 
-// Catches up with what changed since the last call: faults are switched from outside at any time.
+// Applies what changed since the last call, because callers may switch faults at any time.
 void Meter::advance(double now_s) {
   if (!std::exchange(switched_on_, true)) switched_on_s_ = now_s;
   replies_.catch_up(now_s);
@@ -54,8 +52,8 @@ void Meter::advance(double now_s) {
   }
 }
 
-void Meter::remember(char byte, double now_s) {
-  if (log_.size() >= most_logged_bytes) log_.erase(log_.begin(), log_.begin() + forgotten_at_once);
+void Meter::log_byte(char byte, double now_s) {
+  if (log_.size() >= max_logged_bytes) log_.erase(log_.begin(), log_.begin() + dropped_at_once);
   log_.push_back({now_s, byte});
 }
 
@@ -64,13 +62,12 @@ void Meter::answer(char request, double now_s) {
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
   if (request != '?' && on_frame) on_frame(now_s, reply);
-  replies_.send({meter_side::spoiled(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
+  replies_.send({with_faults(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
                  faults_.split_after, faults_.split_pause_s});
 }
 
 std::string Meter::reply_to(char request, double now_s) {
-  if (request == '?')
-    return faults_.status_reply.value_or(meter_side::status_reply(settings_, uptime_s(now_s)));
+  if (request == '?') return faults_.status_reply.value_or(status_reply(settings_, uptime_s(now_s)));
   if (request != ' ' && request != 'W') return {};
   if (faults_.next_live_frame) return *std::exchange(faults_.next_live_frame, std::nullopt);
   return live_reply(request, now_s);
@@ -82,13 +79,13 @@ std::string Meter::live_reply(char request, double now_s) const {
     char request;
     std::string (*frame)(const Load&, const MeterSettings&, double uptime_s);
   };
-  constexpr std::array<Answer, 3> answers = {{{MeterMode::power, ' ', meter_side::power_frame},
-                                              {MeterMode::harmonics, ' ', meter_side::harmonics_frame},
-                                              {MeterMode::harmonics, 'W', meter_side::waveform_frame}}};
+  constexpr std::array<Answer, 3> answers = {{{MeterMode::power, ' ', power_frame},
+                                              {MeterMode::harmonics, ' ', harmonics_frame},
+                                              {MeterMode::harmonics, 'W', waveform_frame}}};
   for (const Answer& answer : answers)
     if (answer.mode == settings_.mode && answer.request == request)
       return answer.frame(load_, settings_, uptime_s(now_s));
   return {};
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

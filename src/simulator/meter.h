@@ -1,5 +1,5 @@
-// A Halden that answers like the meter: bytes in, bytes out, at the pace of its 9600 baud line. Written from
-// what the meter sends; it shares no decoder with the rest of the program.
+// A simulated Halden: it takes request bytes and gives reply bytes at the rate of the 9600 baud line. It is
+// written from what the meter sends and shares no decoder with the rest of the program.
 //
 //   request           answer
 //   " "               power mode: power frame; harmonics mode: harmonics frame
@@ -8,8 +8,8 @@
 //   C V F M S         setting commands, no answer (setting_commands.h)
 //   any other byte    ignored
 //
-// A reply starts a latency after its request and follows the reply still being sent. While one reply is on
-// its way at most one further request is kept; the meter is small.
+// A reply starts a latency after its request and follows the reply still being sent. While one reply is
+// being sent, at most one further request is kept, because the memory of the meter is small.
 //
 // Times are monotonic seconds given by the caller, from any starting point; they never go back.
 #pragma once
@@ -26,7 +26,7 @@
 #include "simulator/sending.h"
 #include "simulator/setting_commands.h"
 
-namespace halden {
+namespace halden::simulator {
 
 struct ReceivedByte {
   double time_s = 0.0;
@@ -52,8 +52,8 @@ class Meter {
   Load& load() { return load_; }
   Faults& faults() { return faults_; }
 
-  // Called with each live frame that is going to be sent, and when it was asked for: whoever wants to know
-  // what a long run sent keeps a ledger of its own.
+  // Called with each live frame that is going to be sent and the time of its request. The meter keeps no
+  // list of what it sent; a test of a long run keeps its own.
   std::function<void(double time_s, const std::string& frame)> on_frame;
 
   // The bytes received so far with their times; of a long run the newest 90,000 to 100,000.
@@ -62,7 +62,7 @@ class Meter {
  private:
   void advance(double now_s);
   double uptime_s(double now_s) const { return now_s - switched_on_s_; }
-  void remember(char byte, double now_s);
+  void log_byte(char byte, double now_s);
   void answer(char request, double now_s);
   std::string reply_to(char request, double now_s);
   std::string live_reply(char request, double now_s) const;
@@ -70,12 +70,12 @@ class Meter {
   MeterSettings settings_;
   Load load_;
   Faults faults_;
-  meter_side::SettingCommands commands_;
-  meter_side::SendQueue replies_;
-  meter_side::EndlessStream stream_;
+  SettingCommands commands_;
+  SendQueue replies_;
+  EndlessStream stream_;
   std::vector<ReceivedByte> log_;
   bool switched_on_ = false;
   double switched_on_s_ = 0.0;
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

@@ -1,13 +1,21 @@
-// What is set on the simulated meter: everything the status reply tells, plus the meter's own clock and pace.
+// The settings of the simulated meter: all fields of the status reply, and the start of the meter's clock and
+// its reply latency.
 #pragma once
 
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <string_view>
 
-namespace halden {
+namespace halden::simulator {
 
 enum class MeterMode { harmonics = 0, power = 1 };
 enum class Wiring { w1p2w = 0, w1p3w = 1, w3p3w = 2, w3p4w = 3 };
+
+// By the names typed on the command line and the console of halden-meter: "harmonics", "power"; "1P2W",
+// "1P3W", "3P3W", "3P4W".
+std::optional<MeterMode> mode_of(std::string_view name);
+std::optional<Wiring> wiring_of(std::string_view name);
 
 // Phases in use: 1 to 3.
 constexpr int phases_in_use(Wiring wiring) {
@@ -51,8 +59,8 @@ struct MeterSettings {
   int clamp_flags = 0;     // bits 9 and 10: 0x000 or 0x400 factor 1.0, 0x200 factor 3.0, 0x600 factor 1.2
   int harmonic_order = 1;  // 0..99
   LoggerSettings logger;
-  MeterClock clock_start;          // what the meter's clock showed when the meter was first spoken to
+  MeterClock clock_start;          // what the meter's clock shows at the first call of Meter
   double reply_latency_s = 0.020;  // from a request to the start of its reply
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

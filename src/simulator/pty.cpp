@@ -12,7 +12,7 @@
 #include <cerrno>
 #include <system_error>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -62,6 +62,6 @@ void Pty::write(const std::string& bytes) {
   [[maybe_unused]] const auto written = ::write(master_, bytes.data(), bytes.size());
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator
 
 #endif

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 class Pty {
  public:
@@ -13,9 +13,9 @@ class Pty {
   Pty(const Pty&) = delete;
   Pty& operator=(const Pty&) = delete;
 
-  // Empty when it went well, otherwise one sentence. The line is raw from the start. One slave descriptor
-  // stays open here: without it the master reports a hang-up, and a poll on it returns at once, as long as no
-  // program listens.
+  // Empty on success, otherwise one sentence. The line is in raw mode from the start. One slave descriptor
+  // stays open here: without it, while no program has the device open, the master would report a hang-up and
+  // every poll on it would return at once.
   std::string open();
 
   // The device vanishes; a program that has it open sees a hang-up.
@@ -25,13 +25,13 @@ class Pty {
   int descriptor() const { return master_; }             // to poll; -1 when closed
   const std::string& device() const { return device_; }  // "/dev/pts/7"
 
-  // A program takes the line for itself and, when killed, never gives it back, because our own descriptor
-  // keeps the line alive. This gives it back.
+  // Ends the exclusive use of the line by a program. A program that is killed does not end it itself, and the
+  // system does not either, because our own slave descriptor keeps the line open.
   void lift_exclusive_use();
 
-  std::string read();  // what has come, without waiting
+  std::string read();  // what has arrived; does not wait
 
-  // What does not fit because nobody reads is lost, as on a real line.
+  // Bytes that do not fit, because no program reads, are lost, as on a real line.
   void write(const std::string& bytes);
 
  private:
@@ -40,4 +40,4 @@ class Pty {
   std::string device_;
 };
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

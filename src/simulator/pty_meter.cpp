@@ -18,16 +18,16 @@
 
 #include "simulator/console.h"
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
 namespace fs = std::filesystem;
 
-// Bytes are handed over in small heaps, as a serial adapter does, not one by one.
-constexpr double heap_s = 0.010;
+// Bytes are handed over in small batches, as a serial adapter does, not one by one.
+constexpr double batch_s = 0.010;
 
-// So often, at least, exclusive use is lifted.
+// Exclusive use is lifted at least this often.
 constexpr double longest_wait_s = 1.0;
 
 double monotonic_s() {
@@ -39,9 +39,9 @@ void say(const std::string& line) {
   std::fflush(stdout);
 }
 
-// SIGTERM and SIGINT are let in only while waiting, where they interrupt the wait: no flag has to be shared
-// with a handler, and none is lost between two waits. SIGPIPE is ignored: whoever read the answers may be
-// gone.
+// SIGTERM and SIGINT are blocked except during a wait, which they interrupt: no flag has to be shared with a
+// handler, and no signal is lost between two waits. SIGPIPE is ignored: the program that reads the answers
+// may have ended.
 class SignalsWhileWaiting {
  public:
   SignalsWhileWaiting() {
@@ -101,7 +101,7 @@ std::string PtyMeter::make_link() const {
   return error ? "The link " + link_path_ + " could not be made: " + error.message() + "." : std::string();
 }
 
-// Only our own: another meter may have taken the path over meanwhile.
+// Removes only a link to our own device: another meter may have replaced it meanwhile.
 void PtyMeter::remove_link() const {
   std::error_code error;
   if (!link_path_.empty() && pty_.is_open() && fs::read_symlink(link_path_, error) == pty_.device())
@@ -128,7 +128,7 @@ std::string PtyMeter::run() {
   return {};
 }
 
-// The link goes first: the number of a closed device is soon given to another one.
+// The link is removed first: the system soon gives the number of a closed device to another one.
 void PtyMeter::unplug() {
   remove_link();
   pty_.close();
@@ -142,7 +142,7 @@ std::string PtyMeter::plug_back(double now_s) {
 }
 
 double PtyMeter::wait_s(double now_s) const {
-  const double output_s = std::max(meter_.next_output_s(now_s) - now_s, heap_s);
+  const double output_s = std::max(meter_.next_output_s(now_s) - now_s, batch_s);
   const double plug_s = pty_.is_open() ? longest_wait_s : std::max(plug_back_s_ - now_s, 0.0);
   return std::min({output_s, plug_s, longest_wait_s});
 }
@@ -155,7 +155,7 @@ bool PtyMeter::take_console(double now_s) {
   if (!console_open_) return true;
   console_text_.append(bytes.data(), static_cast<std::size_t>(count));
   for (std::size_t end; (end = console_text_.find('\n')) != std::string::npos;) {
-    const auto answer = meter_side::obey(console_text_.substr(0, end), meter_);
+    const auto answer = apply_command(console_text_.substr(0, end), meter_);
     console_text_.erase(0, end + 1);
     if (answer.unplug_s) {
       unplug();
@@ -167,6 +167,6 @@ bool PtyMeter::take_console(double now_s) {
   return true;
 }
 
-}  // namespace halden
+}  // namespace halden::simulator
 
 #endif

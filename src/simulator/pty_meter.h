@@ -1,4 +1,4 @@
-// The simulated meter behind a pseudo-terminal, so that the real serial code has something to talk to.
+// The simulated meter behind a pseudo-terminal, so that the real serial code can talk to it.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 #include "simulator/meter.h"
 #include "simulator/pty.h"
 
-namespace halden {
+namespace halden::simulator {
 
 class PtyMeter {
  public:
@@ -16,8 +16,8 @@ class PtyMeter {
   // Opens the device, makes the link in place of a stale one, prints the path of the device as the first line
   // on standard output, and serves until "quit" on standard input, SIGTERM or SIGINT; the end of standard
   // input does not end it. The answers to commands (console.h) go to standard output, and "plugged DEVICE"
-  // when a pulled cable is back. At the end device and link are gone. Empty when it ended as asked, otherwise
-  // one sentence.
+  // when the device is back after "unplug". At the end device and link are removed. Empty when it ended by
+  // one of these, otherwise one sentence.
   std::string run();
 
  private:
@@ -31,10 +31,10 @@ class PtyMeter {
 
   Meter& meter_;
   std::string link_path_;
-  meter_side::Pty pty_;
+  Pty pty_;
   bool console_open_ = true;
   std::string console_text_;  // a line that is not complete yet
   double plug_back_s_ = 0.0;  // while the device is closed
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

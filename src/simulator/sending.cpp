@@ -6,7 +6,7 @@
 
 #include "simulator/faults.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -19,7 +19,7 @@ std::uint64_t bytes_in(double elapsed_s) {
 }
 
 void keep_newest(std::string& bytes) {
-  if (bytes.size() > most_untaken_bytes) bytes.erase(0, bytes.size() - most_untaken_bytes);
+  if (bytes.size() > max_untaken_bytes) bytes.erase(0, bytes.size() - max_untaken_bytes);
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ void SendQueue::catch_up(double now_s) {
 std::size_t SendQueue::waiting(double now_s) const {
   std::size_t count = arrived_.size();
   for (const Transmission& transmission : queue_) count += transmission.arrived(now_s);
-  return std::min(count - collected_, most_untaken_bytes);
+  return std::min(count - collected_, max_untaken_bytes);
 }
 
 double SendQueue::next_s(double now_s) const {
@@ -85,7 +85,7 @@ std::string EndlessStream::take(double now_s) {
 
 std::size_t EndlessStream::waiting(double now_s) const {
   const std::uint64_t end = std::max(sent(now_s), taken_);
-  return static_cast<std::size_t>(std::min<std::uint64_t>(end - taken_, most_untaken_bytes));
+  return static_cast<std::size_t>(std::min<std::uint64_t>(end - taken_, max_untaken_bytes));
 }
 
 double EndlessStream::next_s(double now_s) const {
@@ -93,4 +93,4 @@ double EndlessStream::next_s(double now_s) const {
   return start_s + static_cast<double>(sent(now_s) + 1) / bytes_per_second;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -1,5 +1,5 @@
-// The sending side of the meter's serial line at 9600 baud: 960 bytes a second, computed from the time that
-// passed, never one event per byte.
+// The sending side of the meter's serial line at 9600 baud: 960 bytes a second, computed from the elapsed
+// time, never one event per byte.
 #pragma once
 
 #include <cstddef>
@@ -9,10 +9,10 @@
 #include <string>
 #include <utility>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 inline constexpr double bytes_per_second = 960.0;
-inline constexpr std::size_t most_untaken_bytes = 65536;
+inline constexpr std::size_t max_untaken_bytes = 65536;
 
 // One reply on its way. Byte i (from 0) has arrived (i + 1) / 960 s after the start, later ones after the
 // pause.
@@ -30,7 +30,7 @@ struct Transmission {
 // The replies being sent and kept: at most two, one after another.
 class SendQueue {
  public:
-  // Moves on to now_s. To be called first whenever time has passed.
+  // Makes the bytes that have arrived by now_s ready for take(). Call it first whenever time has passed.
   void catch_up(double now_s);
 
   // Whether a further request would be kept.
@@ -49,16 +49,16 @@ class SendQueue {
  private:
   std::deque<Transmission> queue_;  // not sent completely yet
   std::size_t collected_ = 0;       // bytes of the first transmission that are in arrived_ already
-  std::string arrived_;             // not taken yet; the newest most_untaken_bytes
+  std::string arrived_;             // not taken yet; the newest max_untaken_bytes
 };
 
-// Meaningless bytes without end, made only when they are taken.
+// An endless stream of meaningless bytes, generated only when they are taken.
 class EndlessStream {
  public:
   void start(double now_s);  // does nothing while it runs
   void stop() { start_s_.reset(); }
 
-  std::string take(double now_s);  // the newest most_untaken_bytes
+  std::string take(double now_s);  // the newest max_untaken_bytes
   std::size_t waiting(double now_s) const;
   double next_s(double now_s) const;
 
@@ -69,4 +69,4 @@ class EndlessStream {
   std::uint64_t taken_ = 0;
 };
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

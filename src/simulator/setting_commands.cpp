@@ -5,15 +5,15 @@
 #include <optional>
 #include <string_view>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
 constexpr std::string_view command_letters = "CVMSF";
 constexpr std::size_t longest_value = 5;
 
-// A program that was ended in the middle of a command must not leave the meter deaf.
-constexpr double abandoned_after_s = 5.0;
+// After a program that ended in the middle of a command, the meter must answer requests again.
+constexpr double stale_after_s = 5.0;
 
 std::optional<int> value_of(std::string_view text) {
   const bool digits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -40,7 +40,7 @@ void apply(char letter, int value, MeterSettings& settings) {
 }  // namespace
 
 bool SettingCommands::take(char byte, double now_s, MeterSettings& settings) {
-  abandon_stale(now_s);
+  drop_stale(now_s);
   last_byte_s_ = now_s;
   if (letter_ == '\0') {
     if (command_letters.find(byte) == std::string_view::npos) return false;
@@ -55,8 +55,8 @@ bool SettingCommands::take(char byte, double now_s, MeterSettings& settings) {
   return true;
 }
 
-void SettingCommands::abandon_stale(double now_s) {
-  if (now_s - last_byte_s_ > abandoned_after_s) letter_ = '\0';
+void SettingCommands::drop_stale(double now_s) {
+  if (now_s - last_byte_s_ > stale_after_s) letter_ = '\0';
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

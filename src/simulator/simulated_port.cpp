@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace halden {
+namespace halden::simulator {
 
 namespace {
 
@@ -13,7 +13,7 @@ bool is_port_number(int number) { return number >= first_port_number && number <
 
 }  // namespace
 
-SimulatedPort::SimulatedPort(Clock& clock, Meter& meter) : clock_(clock), meter_(meter) { pull(); }
+SimulatedPort::SimulatedPort(Clock& clock, Meter& meter) : clock_(clock), meter_(meter) { collect(); }
 
 PortRefusal SimulatedPort::open(int number) {
   close();
@@ -25,7 +25,7 @@ PortRefusal SimulatedPort::open(int number) {
 }
 
 void SimulatedPort::close() {
-  pull();
+  collect();
   open_ = false;
   received_.clear();
 }
@@ -42,12 +42,12 @@ void SimulatedPort::send(std::string_view bytes) {
 }
 
 std::string SimulatedPort::receive() {
-  pull();
+  collect();
   return std::exchange(received_, {});
 }
 
 std::size_t SimulatedPort::received_count() {
-  pull();
+  collect();
   return received_.size();
 }
 
@@ -65,21 +65,21 @@ void SimulatedPort::refuse(int number, PortRefusal why) {
 }
 
 void SimulatedPort::unplug() {
-  pull();
+  collect();
   plugged_ = false;
   received_.clear();
 }
 
 void SimulatedPort::plug_in() {
-  pull();
+  collect();
   plugged_ = true;
 }
 
-// The meter sends whether or not somebody listens.
-void SimulatedPort::pull() {
+// The meter sends whether the port is open or not.
+void SimulatedPort::collect() {
   const std::string arrived = meter_.take_output(clock_.monotonic_s());
   if (state() == PortState::open)
     received_ += arrived.substr(0, buffer_bytes - std::min(buffer_bytes, received_.size()));
 }
 
-}  // namespace halden
+}  // namespace halden::simulator

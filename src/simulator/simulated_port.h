@@ -1,4 +1,4 @@
-// The simulated meter as a SerialPort: for the demo, for tests, and wherever no cable is.
+// The simulated meter as a SerialPort, for the demo, for tests, and for use without a meter.
 #pragma once
 
 #include <array>
@@ -7,9 +7,9 @@
 #include "platform/serial_port.h"
 #include "simulator/meter.h"
 
-namespace halden {
+namespace halden::simulator {
 
-// The meter stands behind every port number. What arrives while the port is closed or vanished is lost.
+// Every port number leads to the same meter. What arrives while the port is closed or vanished is lost.
 class SimulatedPort : public SerialPort {
  public:
   // Both outlive the port.
@@ -27,8 +27,8 @@ class SimulatedPort : public SerialPort {
   std::string device_name(int number) const override;
   bool present(int number) const override;
 
-  // From now on that port (1..16, anything else throws std::out_of_range) is refused; PortRefusal::none takes
-  // it back.
+  // From now on that port (1..16, anything else throws std::out_of_range) is refused; PortRefusal::none lifts
+  // the refusal.
   void refuse(int number, PortRefusal why);
 
   // The adapter pulled and put back: an open port vanishes, and is open again by itself.
@@ -36,14 +36,14 @@ class SimulatedPort : public SerialPort {
   void plug_in();
 
  private:
-  void pull();
+  void collect();
 
   Clock& clock_;
   Meter& meter_;
   std::array<PortRefusal, last_port_number + 1> refusals_{};
   bool open_ = false;
   bool plugged_ = true;
-  std::string received_;  // bounded: a full buffer loses what comes next
+  std::string received_;  // at most 64 KiB; a full buffer drops what arrives next
 };
 
-}  // namespace halden
+}  // namespace halden::simulator

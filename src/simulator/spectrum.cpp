@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -24,7 +24,7 @@ struct Harmonic {
   double phase_deg;
 };
 
-// A flat-topped supply, and rectifiers among the motors.
+// Those of a flat-topped supply voltage and of a load of motors and rectifiers.
 constexpr std::array<Harmonic, 14> harmonics = {{{2, 0.2, 0.6, 30.0},
                                                  {3, 1.4, 9.5, 160.0},
                                                  {4, 0.1, 0.3, 75.0},
@@ -42,12 +42,12 @@ constexpr std::array<Harmonic, 14> harmonics = {{{2, 0.2, 0.6, 30.0},
 
 bool is_voltage(int channel) { return channel % 2 == 0; }
 
-// Of an order as a share of the fundamental. The current's harmonics breathe a little.
+// The amplitude of an order as a share of the fundamental's. It varies by 8 % with a period of 173 s.
 double share(const Harmonic& harmonic, int channel, double uptime_s) {
   const double percent = is_voltage(channel) ? harmonic.voltage_percent : harmonic.current_percent;
-  const double breath =
+  const double variation =
       std::sin(2.0 * std::numbers::pi * uptime_s / 173.0 + static_cast<double>(harmonic.order));
-  return percent / 100.0 * (1.0 + 0.08 * breath);
+  return percent / 100.0 * (1.0 + 0.08 * variation);
 }
 
 // A x cos(k phi + angle).
@@ -62,7 +62,7 @@ double squared(const Spectrum& spectrum, std::size_t order) {
   return cos * cos + sin * sin;
 }
 
-// The reading is the RMS value of everything, so the fundamental is a little smaller.
+// The reading is the RMS value of all components together, so the fundamental is a little smaller.
 void fill(Spectrum& spectrum, double rms_counts, double angle_deg, int channel, double uptime_s) {
   double square_sum = 1.0;
   for (const Harmonic& harmonic : harmonics) square_sum += std::pow(share(harmonic, channel, uptime_s), 2);
@@ -135,4 +135,4 @@ Spectrum measured_spectrum(const Load& load, const MeterSettings& settings, doub
   return spectrum;
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

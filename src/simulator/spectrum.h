@@ -1,5 +1,5 @@
-// What one input carries beside the fundamental: the one set of components from which both the harmonics
-// frame and the waveform frame are made, so that they agree.
+// The fundamental and the harmonics of one input. Both the harmonics frame and the waveform frame are made
+// from this one set of components, so that they agree.
 #pragma once
 
 #include <array>
@@ -7,7 +7,7 @@
 
 #include "simulator/load.h"
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 inline constexpr std::size_t order_count = 100;
 inline constexpr std::size_t sample_count = 1024;
@@ -39,4 +39,4 @@ Summary summarize(const Spectrum& spectrum);
 // The spectrum of settings.channel. All 0 when the wiring system does not use that input.
 Spectrum measured_spectrum(const Load& load, const MeterSettings& settings, double uptime_s);
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -60,6 +60,7 @@ TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
   const std::string system =
       "W_sys_value VA_sys_value VAR_sys_value PF_sys_value WH_sys_value VAH_sys_value VARH_sys_value "
       "PFH_sys_value W_AD_value VA_AD_value W_MD_value VA_MD_value ";
+  using simulator::Wiring;
   const std::pair<Wiring, std::string> rows[] = {
       {Wiring::w1p3w,
        "time V1_value I1_value W1_value VA1_value VAR1_value PF1_value Phase1_value "
@@ -78,7 +79,7 @@ TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
 }
 
 TEST_F(LiveReports, AMeterInHarmonicsModeIsToldAtOnce) {
-  journey.meter.settings().mode = MeterMode::harmonics;
+  journey.meter.settings().mode = simulator::MeterMode::harmonics;
   journey.start(1);
   start({std::nullopt, Format::text});
   EXPECT_EQ(terminal.ended, "The meter is in harmonics mode: press its POWER button and try again.");

@@ -75,7 +75,7 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
 }
 
 TEST_F(RecordRuns, AMeterInHarmonicsModeIsRefused) {
-  journey.meter.settings().mode = MeterMode::harmonics;
+  journey.meter.settings().mode = simulator::MeterMode::harmonics;
   start();
   EXPECT_EQ(terminal.ended, "The meter is in harmonics mode: press its POWER button and try again.");
   EXPECT_TRUE(journey.world.files.contents.empty());

@@ -25,8 +25,8 @@ halden::Platform with_files(const halden::Platform& outside, halden::Files& file
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   halden::VirtualWorld world;
-  halden::Meter meter;
-  halden::SimulatedPort port(world.clock, meter);
+  halden::simulator::Meter meter;
+  halden::simulator::SimulatedPort port(world.clock, meter);
   halden::QtFiles files;
   halden::StartOptions options;
   options.first_port = 1;

@@ -160,7 +160,7 @@ TEST(Closing, WhileAMessageIsOpenEndsTheProgram) {
 struct HarmonicsMode : testing::Test, Journey {};
 
 TEST_F(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {
-  meter.settings().mode = MeterMode::harmonics;
+  meter.settings().mode = simulator::MeterMode::harmonics;
   meter.settings().harmonic_order = 60;
   start_on_port(1);
   EXPECT_EQ(text("PQA_mode"), "Harmo. and Waveform");
@@ -184,7 +184,7 @@ TEST_F(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {
   EXPECT_FALSE(window()["har_hz_value"].visible) << "an automatic frequency is not known";
   EXPECT_EQ(window()["HScroll1"].value, 1);
 
-  meter.settings().mode = MeterMode::power;
+  meter.settings().mode = simulator::MeterMode::power;
   click("get_hz");
   companion->main_window_resized();
   EXPECT_EQ(program().link.display_mode, 1);

@@ -22,7 +22,7 @@ inline const std::string status_failed =
     "Meter status could not be obtained, please check connections, com port, etc, and try again.";
 
 struct Journey {
-  explicit Journey(double time_of_day_s = 12 * 3600.0, MeterSettings settings = {})
+  explicit Journey(double time_of_day_s = 12 * 3600.0, simulator::MeterSettings settings = {})
       : world({2026, 11, 22}, time_of_day_s), meter(settings) {}
 
   // Starts the program with what the working folder holds at that moment.
@@ -60,13 +60,13 @@ struct Journey {
   // The bytes the meter received from this moment of virtual time on.
   std::string received(double from_s = 0) const {
     std::string bytes;
-    for (const ReceivedByte& byte : meter.log())
+    for (const simulator::ReceivedByte& byte : meter.log())
       if (byte.time_s >= from_s) bytes += byte.byte;
     return bytes;
   }
 
   // Holds phase 1, 2 or 3 of the meter's load at these raw numbers.
-  void fix_phase(int phase, RawPhase raw) { meter.load().fix_raw(phase, raw); }
+  void fix_phase(int phase, simulator::RawPhase raw) { meter.load().fix_raw(phase, raw); }
 
   // One with every displayed digit worked out on paper where its texts are expected.
   void fix_worked_load() {
@@ -76,8 +76,8 @@ struct Journey {
   }
 
   VirtualWorld world;
-  Meter meter;
-  SimulatedPort port{world.clock, meter};
+  simulator::Meter meter;
+  simulator::SimulatedPort port{world.clock, meter};
   std::unique_ptr<Companion> companion;
 };
 

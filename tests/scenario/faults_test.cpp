@@ -10,6 +10,8 @@
 namespace halden {
 namespace {
 
+using simulator::Faults;
+
 using Texts = std::vector<std::string>;
 
 struct Linked : testing::Test, Journey {

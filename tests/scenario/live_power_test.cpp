@@ -3,6 +3,8 @@
 namespace halden {
 namespace {
 
+using simulator::Wiring;
+
 struct WorkedLoad : Journey {
   void start_wired(Wiring wiring) {
     meter.settings().wiring = wiring;

@@ -6,6 +6,8 @@
 namespace halden {
 namespace {
 
+using simulator::Wiring;
+
 using Texts = std::vector<std::string>;
 
 struct PhasorTest : testing::Test, Journey {

@@ -19,7 +19,7 @@ struct SettingsTest : testing::Test, Journey {
   std::string sent_since(double from_s) const {
     std::string text;
     double first_s = -1;
-    for (const ReceivedByte& byte : meter.log()) {
+    for (const simulator::ReceivedByte& byte : meter.log()) {
       if (byte.time_s <= from_s) continue;
       if (first_s < 0) first_s = byte.time_s;
       const long tenths = std::lround((byte.time_s - first_s) * 10);
@@ -117,7 +117,7 @@ TEST_F(SettingsTest, OnlyPtLetsEventsThroughAndOnlyOnce) {
     world.user_does(0.2, [&] { seen_s = now_s(); });
     world.run_for(30);
     double letter_s = 0;
-    for (const ReceivedByte& byte : meter.log())
+    for (const simulator::ReceivedByte& byte : meter.log())
       if (byte.byte == (pt ? 'V' : 'M') && byte.time_s > began_s) letter_s = byte.time_s;
     if (pt)
       EXPECT_NEAR(seen_s, letter_s, 0.01);

@@ -5,7 +5,7 @@
 #include "platform/virtual/scripted_port.h"
 #include "simulator/simulated_port.h"
 
-namespace halden {
+namespace halden::simulator {
 namespace {
 
 TEST(DemoPort, SendsOnlyNumberOneToTheMeter) {
@@ -33,4 +33,4 @@ TEST(DemoPort, SendsOnlyNumberOneToTheMeter) {
 }
 
 }  // namespace
-}  // namespace halden
+}  // namespace halden::simulator

@@ -4,13 +4,13 @@
 
 #include "simulator/meter.h"
 
-namespace halden {
+namespace halden::simulator {
 namespace {
 
 // A meter with that fault on, whose status reply is "ABCDEFGHIJ", asked for it at 0.
 Meter asked(std::string_view fault) {
   Meter meter;
-  EXPECT_TRUE(meter_side::switch_on(fault, meter.faults())) << fault;
+  EXPECT_TRUE(switch_on(fault, meter.faults())) << fault;
   meter.faults().status_reply = "ABCDEFGHIJ";
   meter.receive("?", 0.0);
   return meter;
@@ -26,7 +26,7 @@ TEST(Faults, SpoilTheReply) {
   for (const char* fault :
        {"", "nonsense", "cut", "cut=", "cut=x", "cut=-1", "late=1s", "split=4", "silence=1"}) {
     Faults faults;
-    EXPECT_FALSE(meter_side::switch_on(fault, faults)) << fault;
+    EXPECT_FALSE(switch_on(fault, faults)) << fault;
     EXPECT_FALSE(faults.cut_after || faults.split_after) << fault;
   }
 }
@@ -52,4 +52,4 @@ TEST(Faults, AnEndlessStreamNeedsNoRequestAndNoMemory) {
 }
 
 }  // namespace
-}  // namespace halden
+}  // namespace halden::simulator

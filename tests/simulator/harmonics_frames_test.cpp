@@ -1,4 +1,4 @@
-#include "simulator/harmonics_frames.h"
+#include "simulator/replies.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <numeric>
 #include <vector>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 namespace {
 
 constexpr double pi = std::numbers::pi;
@@ -38,9 +38,9 @@ std::vector<double> samples(const std::string& frame) {
 // The currents lag 15 degrees; phase 1 carries the biggest signals that the 16 bits must hold.
 Load steady_load() {
   Load load;
-  load.fix(1, {400.0, 0.0, 29.9, 15.0});
-  load.fix(2, {230.0, -120.0, 8.0, 15.0});
-  load.fix(3, {230.0, 120.0, 8.0, 15.0});
+  load.fix_raw(1, {4000, 29900, 11552, 0, 150});
+  load.fix_raw(2, {2300, 8000, 1777, 1200, 1350});
+  load.fix_raw(3, {2300, 8000, 1777, -1200, -1050});
   return load;
 }
 
@@ -109,11 +109,11 @@ TEST(Frames, SpectrumAndWaveformAreOneSignal) {
 
 TEST(Frames, SayOverRange) {
   MeterSettings settings = on_channel(1);
-  settings.current_range = 0;
-  const std::string over = harmonics_frame(steady_load(), settings, 0.0);
+  settings.current_range = 0;  // 3 A, and the load takes more
+  const std::string over = harmonics_frame(Load(), settings, 0.0);
   EXPECT_EQ(over.substr(8, 24), "R=    -1P=    -1N=    -1");
   EXPECT_EQ(over.size(), 1957U);
 }
 
 }  // namespace
-}  // namespace halden::meter_side
+}  // namespace halden::simulator

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace halden {
+namespace halden::simulator {
 namespace {
 
 // 230.1 V x 8.123 A x cos 14.2 = 1812.0 W
@@ -49,4 +49,4 @@ TEST(Load, IsBelievableAllDayAndFitsTheWiring) {
 }
 
 }  // namespace
-}  // namespace halden
+}  // namespace halden::simulator

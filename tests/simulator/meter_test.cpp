@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace halden {
+namespace halden::simulator {
 namespace {
 
 // 3P4W with numbers of every sign and width, over range in phase 3.
@@ -140,4 +140,4 @@ TEST(Pacing, OneFurtherRequestIsKeptAndUntakenOutputIsBounded) {
 }
 
 }  // namespace
-}  // namespace halden
+}  // namespace halden::simulator

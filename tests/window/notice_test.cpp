@@ -109,19 +109,19 @@ TEST(Colours, PanelsFollowTheLookAndPaperIsLightAndOpensNoWindow) {
 
 TEST(DemoPanel, ButtonsActOnTheMeter) {
   VirtualWorld world({2026, 11, 22}, 0);
-  Meter meter;
-  SimulatedPort port(world.clock, meter);
+  simulator::Meter meter;
+  simulator::SimulatedPort port(world.clock, meter);
   port.open(1);
   DemoPanel panel(meter, port, nullptr);
   const auto button = [&panel](const char* name) {
     return panel.findChild<QPushButton*>(QLatin1String(name));
   };
   for (const char* pressed : {"demo_harmonics", "demo_3p3w", "demo_i2"}) button(pressed)->click();
-  EXPECT_EQ(meter.settings().mode, MeterMode::harmonics);
-  EXPECT_EQ(meter.settings().wiring, Wiring::w3p3w);
+  EXPECT_EQ(meter.settings().mode, simulator::MeterMode::harmonics);
+  EXPECT_EQ(meter.settings().wiring, simulator::Wiring::w3p3w);
   EXPECT_EQ(meter.settings().channel, 3);
   button("demo_power")->click();
-  EXPECT_EQ(meter.settings().mode, MeterMode::power);
+  EXPECT_EQ(meter.settings().mode, simulator::MeterMode::power);
   for (const PortState state : {PortState::vanished, PortState::open}) {
     button("demo_cable_out")->click();
     EXPECT_EQ(port.state(), state);

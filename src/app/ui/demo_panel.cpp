@@ -36,20 +36,20 @@ QString object_name(std::string_view choice) { return QStringLiteral("demo_") + 
 
 }  // namespace
 
-DemoPanel::DemoPanel(Meter& meter, SimulatedPort& port, QWidget* main_window)
+DemoPanel::DemoPanel(simulator::Meter& meter, simulator::SimulatedPort& port, QWidget* main_window)
     : QWidget(main_window, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       grid_(new QGridLayout(this)) {
   setObjectName(QStringLiteral("demo_panel"));
   setWindowTitle(QStringLiteral("Halden meter (demo)"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   grid_->setContentsMargins(gap, gap, gap, gap);
-  MeterSettings& settings = meter.settings();
+  simulator::MeterSettings& settings = meter.settings();
   add_choices("Mode", std::array{Choice{"POWER", 1}, Choice{"HARMONICS", 0}}, static_cast<int>(settings.mode),
-              [&settings](int value) { settings.mode = static_cast<MeterMode>(value); });
+              [&settings](int value) { settings.mode = static_cast<simulator::MeterMode>(value); });
   add_choices("Wiring",
               std::array{Choice{"1P2W", 0}, Choice{"1P3W", 1}, Choice{"3P3W", 2}, Choice{"3P4W", 3}},
               static_cast<int>(settings.wiring),
-              [&settings](int value) { settings.wiring = static_cast<Wiring>(value); });
+              [&settings](int value) { settings.wiring = static_cast<simulator::Wiring>(value); });
   add_choices("Input",
               std::array{Choice{"V1", 0}, Choice{"I1", 1}, Choice{"V2", 2}, Choice{"I2", 3}, Choice{"V3", 4},
                          Choice{"I3", 5}},
@@ -91,7 +91,7 @@ void DemoPanel::add_transient() {
   grid_->addWidget(button, grid_->rowCount(), 0, 1, columns);
 }
 
-void DemoPanel::add_cable(SimulatedPort& port) {
+void DemoPanel::add_cable(simulator::SimulatedPort& port) {
   auto* const button = make_button(QStringLiteral("demo_cable_out"), QStringLiteral("Cable out"));
   button->setCheckable(true);
   connect(button, &QPushButton::toggled, this, [&port](bool out) { out ? port.unplug() : port.plug_in(); });

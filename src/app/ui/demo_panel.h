@@ -10,15 +10,17 @@ class QGridLayout;
 
 namespace halden {
 
+namespace simulator {
 class Meter;
 class SimulatedPort;
+}  // namespace simulator
 
 class DemoPanel : public QWidget {
   Q_OBJECT
 
  public:
   // Both outlive the panel, which acts on them directly. Closing the panel only hides it.
-  DemoPanel(Meter& meter, SimulatedPort& port, QWidget* main_window);
+  DemoPanel(simulator::Meter& meter, simulator::SimulatedPort& port, QWidget* main_window);
 
   // Beside or below the main window where the screen has room, otherwise in a corner of the screen.
   void show_beside(const QRect& main_window);
@@ -32,7 +34,7 @@ class DemoPanel : public QWidget {
   void add_choices(const char* title, const Choices& choices, int chosen, std::function<void(int)> choose);
   void add_heading(const char* title);
   void add_transient();
-  void add_cable(SimulatedPort& port);
+  void add_cable(simulator::SimulatedPort& port);
 
   QGridLayout* grid_;
 };

@@ -76,9 +76,9 @@ struct Outside {
   QtTimer timer1{world};
   QtTimer timer2{world};
   QtSerialPort real_port;
-  Meter meter;
-  SimulatedPort simulated_port{clock, meter};
-  DemoPort demo_port{simulated_port, real_port};
+  simulator::Meter meter;
+  simulator::SimulatedPort simulated_port{clock, meter};
+  simulator::DemoPort demo_port{simulated_port, real_port};
   QtDialogs dialogs{world};
   UnattendedDialogs unattended;
   QtPrinter printer;

@@ -55,8 +55,8 @@ class QtSession : public Session {
   QtTimer timer1_{world_};
   QtTimer timer2_{world_};
   QtSerialPort real_port_;
-  Meter simulated_meter_;
-  SimulatedPort simulated_port_{clock_, simulated_meter_};
+  simulator::Meter simulated_meter_;
+  simulator::SimulatedPort simulated_port_{clock_, simulated_meter_};
   RememberingDialogs dialogs_;
   NoPrinter printer_;
   SilentShell shell_{[this] { done(); }};

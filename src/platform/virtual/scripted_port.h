@@ -1,5 +1,5 @@
-// A serial port whose other end is a script: bytes arrive at given moments, and what was sent is kept with
-// its time.
+// A serial port whose other end is a script: bytes arrive at given moments, and what was sent is recorded
+// with its time.
 #pragma once
 
 #include <map>

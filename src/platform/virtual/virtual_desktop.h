@@ -1,4 +1,4 @@
-// Dialogs that answer from a script, a printer that keeps its pages, a desktop that only remembers what it
+// Dialogs that answer from a script, a printer that keeps its pages, a desktop that only records what it
 // was asked.
 #pragma once
 

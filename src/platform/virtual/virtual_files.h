@@ -1,7 +1,6 @@
 // Files in memory, on a disk that can fail.
 #pragma once
 
-#include <limits>
 #include <map>
 #include <string>
 
@@ -26,11 +25,9 @@ class VirtualFiles : public Files {
   std::map<std::string, FileFailure> read_failures;    // by path
   FileFailure write_failure = FileFailure::none;       // of every append, replace and remove
   std::map<std::string, FileFailure> folder_failures;  // of the same, by the beginning of the path
-  std::uint64_t capacity = std::numeric_limits<std::uint64_t>::max();
 
  private:
   FileFailure why_not_writable(const std::string& path) const;
-  std::uint64_t used() const;
 };
 
 }  // namespace halden

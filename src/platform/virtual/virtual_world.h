@@ -1,6 +1,6 @@
-// The outside world in memory, with virtual time: a day of work passes in seconds and always the same way.
+// The platform in memory, with virtual time: a day of work takes seconds and every run gives the same result.
 //
-// Time stands still while code runs and advances only in waits and in run_for. What a user does is scheduled
+// Time does not advance while code runs, only in waits, run_for and run_until. What a user does is scheduled
 // with `user_does` and reaches the program when it takes input: in the event loop or in a wait that yields.
 #pragma once
 
@@ -87,8 +87,8 @@ class VirtualWorld {
   double time_of_day_s() const;
   Date date() const;
 
-  // Sets the computer's clock forward (or back, when negative); waits and timers see it as a user's clock
-  // change.
+  // Sets the computer's clock forward (or back, when negative), as a user may do: time of day and date
+  // change, monotonic time and the timers do not.
   void set_clock_forward(double seconds) { clock_offset_us_ += static_cast<std::int64_t>(seconds * 1e6); }
 
  private:

@@ -17,11 +17,11 @@ namespace halden {
 
 namespace {
 
-// Between two looks at the events: short against the 0.1 s of the shortest waits, long against the cost of a
-// look.
+// The time between two checks for events: short compared with the shortest wait (0.1 s), long compared with
+// the cost of a check.
 constexpr double turn_s = 0.005;
 
-// A turn goes on while events bring new events (a posted event that follows a timer, say), but not for ever.
+// A turn goes on while events cause new events (a timer that posts one, for example), at most for this time.
 constexpr int max_event_time_ms = 5;
 
 void sleep_s(double seconds) {
@@ -55,8 +55,8 @@ void QtClock::pause(Yield yield, double at_most_s) {
     world_.end_wait();
     QCoreApplication::processEvents(QEventLoop::AllEvents, max_event_time_ms);
   } else {
-    // All events: the window stays alive and can be closed. What the user starts meanwhile is kept by
-    // run_input.
+    // All events, so that the window is repainted and can be closed. run_input keeps what the user starts
+    // meanwhile.
     const QtWorld::Hold hold(world_);
     QCoreApplication::processEvents(QEventLoop::AllEvents, max_event_time_ms);
   }

@@ -1,4 +1,5 @@
-// The computer's clock, and waits that keep the windows alive. Needs a QCoreApplication, no windows.
+// The computer's clock, and waits during which the windows keep working. Needs a QCoreApplication, no
+// windows.
 #pragma once
 
 #include <QString>

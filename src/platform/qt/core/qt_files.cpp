@@ -13,14 +13,14 @@ namespace halden {
 
 namespace {
 
-// Qt also finds a file missing that it may not look at.
+// Not QFileInfo::exists, which is false also for a file that the user has no right to see.
 bool is_missing(const QFileInfo& info) {
   std::error_code why;
   const std::filesystem::path path(info.filePath().toStdU16String());
   return std::filesystem::status(path, why).type() == std::filesystem::file_type::not_found;
 }
 
-// Qt keeps no cause of a failed open; these questions find it out afterwards.
+// Qt does not keep the cause of a failed open; these functions determine it afterwards.
 FileFailure cause_of_failed_read(const QFileInfo& info) {
   if (is_missing(info)) return FileFailure::not_found;
   if (!info.exists()) return FileFailure::forbidden;
@@ -39,8 +39,8 @@ FileFailure cause_of_failed_write(const QFileDevice& file) {
   return file.error() == QFileDevice::ResourceError ? FileFailure::disk_full : FileFailure::failed;
 }
 
-// A full disk takes a part first and tells its cause only when asked to take the rest; it may also show only
-// in the flush.
+// On a full disk the first write is cut short and only the next one reports the cause; the failure may also
+// appear only in the flush.
 bool write_all(QFileDevice& file, std::string_view bytes) {
   while (!bytes.empty()) {
     const qint64 written = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
@@ -69,8 +69,8 @@ FilePiece QtFiles::read(const std::string& path, std::uint64_t offset, std::size
   return {FileFailure::none, std::move(bytes)};
 }
 
-// Unbuffered: bytes that a failed write left in a buffer would be tried again by close, after the file was
-// cut back.
+// Unbuffered: bytes that a failed write left in a buffer would be written again by close, after the file
+// was truncated.
 FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
   QFile file(QString::fromStdString(path));
   if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
@@ -82,8 +82,8 @@ FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
   return failure;
 }
 
-// The commit brings the bytes to the disk before it renames, but does not notice a full disk by itself.
-// Without it the new file is dropped.
+// commit() writes the bytes to the disk before it renames, but does not notice a full disk; write_all does.
+// Without commit() the new file is removed.
 FileFailure QtFiles::replace(const std::string& path, std::string_view bytes) {
   QSaveFile file(QString::fromStdString(path));
   if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(QFileInfo(file));

@@ -12,7 +12,7 @@ namespace {
 constexpr int watch_period_ms = 100;
 constexpr int search_period_ms = 500;
 
-// More than a minute of the line's 960 bytes a second; only a device that is no meter sends more at once.
+// More than a minute of the line's 960 bytes a second; only a device that is not a meter sends more at once.
 constexpr std::size_t max_received_bytes = 65536;
 
 struct ErrorCause {
@@ -20,8 +20,8 @@ struct ErrorCause {
   PortRefusal cause;
 };
 
-// A device whose name is there while its hardware is not answers with a resource error. Whether the user may
-// open a device was found out before: what is left for a permission error is another program.
+// A device name without its hardware gives a resource error. probe_device has checked before whether the user
+// may open the device, so a permission error means that another program uses it.
 constexpr std::array<ErrorCause, 4> open_causes = {
     {{QSerialPort::DeviceNotFoundError, PortRefusal::missing},
      {QSerialPort::ResourceError, PortRefusal::missing},
@@ -80,7 +80,7 @@ PortRefusal QtSerialPort::try_open() {
 }
 
 // Some adapters power their optical head from DTR and RTS; devices without these lines refuse them, which is
-// no fault.
+// not an error.
 void QtSerialPort::prepare_line() {
   port_.setDataTerminalReady(true);
   port_.setRequestToSend(true);
@@ -93,8 +93,8 @@ bool QtSerialPort::present(int number) const {
   return !device.empty() && probe_device(device) != PortRefusal::missing;
 }
 
-// A full output buffer reports a false resource error; the device itself tells whether it is gone. What could
-// not be sent yet follows from the event loop.
+// A full output buffer gives a resource error although the device is there, so hung_up decides instead. The
+// event loop sends later what could not be sent yet.
 void QtSerialPort::send(std::string_view bytes) {
   if (state_ != PortState::open) return;
   busy_ = true;
@@ -115,8 +115,9 @@ std::size_t QtSerialPort::received_count() {
   return received_.size();
 }
 
-// One waitForReadyRead takes at most 4095 bytes, and none when bytes are buffered already: ask until it says
-// no, then always read. Errors are sticky, and every look at an idle line leaves a timeout.
+// One waitForReadyRead takes at most 4095 bytes, and none when bytes are buffered already: call it until it
+// returns false, then read in any case. An error stays set until it is cleared, and every call on an idle
+// line sets a timeout error.
 void QtSerialPort::collect() {
   if (state_ != PortState::open) return;
   busy_ = true;

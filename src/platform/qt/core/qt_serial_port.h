@@ -1,8 +1,8 @@
-// The serial line to the meter on QSerialPort. Works with and without a running event loop: every look at the
-// port fetches what has arrived by itself.
+// The serial line to the meter on QSerialPort. Works with and without a running event loop: receive and
+// received_count fetch what has arrived themselves.
 //
-// A device that goes away is closed at once (an open port without a device costs a whole processor), looked
-// for twice a second under the same number, and opened again. Nothing here opens a box.
+// A device that disappears is closed at once (an open port without a device keeps a whole processor busy),
+// looked for twice a second under the same number, and opened again. Nothing here shows a box.
 #pragma once
 
 #include <QSerialPort>

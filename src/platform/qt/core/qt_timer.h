@@ -1,5 +1,5 @@
 // A periodic timer of the main window on Qt's event loop. While ticks must wait (a tick or a wait without
-// input is running) no Qt timer runs at all, so that holding back costs nothing.
+// input is running) no Qt timer runs at all, so that holding back takes no processor time.
 #pragma once
 
 #include <QTimer>

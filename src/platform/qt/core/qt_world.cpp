@@ -10,11 +10,11 @@ namespace halden {
 
 namespace {
 
-// Shorter waits are not worth a changing mouse pointer.
+// Shorter waits do not change the mouse pointer.
 constexpr double long_wait_s = 0.3;
 
-// A mirror that shows a window can cause a handler that changes values again; more rounds than this are a
-// quarrel between two mirrors, which the next turn may go on with.
+// A mirror that shows a window can cause a handler that changes values again. More rounds than this mean two
+// mirrors that keep changing each other's values; they go on at the next turn.
 constexpr int max_refresh_rounds = 4;
 
 }  // namespace
@@ -70,8 +70,9 @@ void QtWorld::end_program() {
 
 void QtWorld::on_end(std::function<void()> callback) { end_callbacks_.push_back(std::move(callback)); }
 
-// Queued, so that it also ends a loop that has not started yet, and bound to this object, so that nothing is
-// left over for a later loop. QCoreApplication::quit would ask the windows for permission first.
+// Queued, so that it also ends a loop that has not started yet, and bound to this object, so that no
+// call is left for a later loop. QCoreApplication::quit would first try to close the windows, which may
+// refuse.
 void QtWorld::leave_event_loop() {
   if (running_handlers_ > 0) return;
   QMetaObject::invokeMethod(
@@ -83,7 +84,7 @@ QtWorld::Hold::Hold(QtWorld& world) : world_(world) {
   world_.begin_turn();
 }
 
-// Outside every handler nobody else will say that the wait is over.
+// run() ends the wait at the end of a handler; outside every handler it must be ended here.
 QtWorld::Hold::~Hold() {
   --world_.holds_;
   if (world_.running_handlers_ == 0) world_.end_wait();

@@ -49,12 +49,12 @@ class QtWorld : public QObject {
     QtWorld& world_;
   };
 
-  // Says that the running wait has let input through: a yielding turn, a box, or the end of a handler. What
-  // was held back may go on. Does nothing inside a Hold.
+  // Ends the wait without input that is running, so that ticks and inputs held back are delivered. Called at
+  // a yielding turn, before a box is shown, and at the end of a handler. Does nothing inside a Hold.
   void end_wait();
 
  Q_SIGNALS:
-  // A wait without input has lasted long enough that the user should see it.
+  // A wait without input has lasted so long that it should be shown to the user.
   void long_wait_began();
 
   // Follows every wait without input, long or short.
@@ -68,7 +68,7 @@ class QtWorld : public QObject {
   void run_kept_inputs();
   void leave_event_loop();
 
-  // Elements stay where they are while others are added, even by a running one.
+  // Deques, because a running element may add another: that does not move the elements of a deque.
   std::deque<std::function<void()>> mirrors_;
   std::deque<std::function<void()>> end_callbacks_;
   std::deque<std::function<void()>> kept_inputs_;

@@ -1,5 +1,5 @@
-// What only the operating system itself tells about a serial device: what stands behind its name, and whether
-// the other end of an open one is still there. One implementation per system.
+// What only the operating system knows about a serial device: what kind of file its name is, and whether the
+// other end of an open one is still there. One implementation per system.
 #pragma once
 
 #include <QSerialPort>
@@ -9,12 +9,12 @@
 
 namespace halden {
 
-// What can be known without opening the device: missing, forbidden, not_serial, or none when opening it is
-// worth a try. Never changes the state of a line.
+// What can be known without opening the device: missing, forbidden, not_serial, or none when opening it
+// may succeed. Never changes the state of a line.
 PortRefusal probe_device(const std::string& device);
 
-// The device behind symbolic links, so that one device is locked under one name; the name itself when there
-// is none.
+// The device that symbolic links lead to, so that one device is locked under one name; the name itself when
+// there is no such device.
 std::string resolved_device(const std::string& device);
 
 // Whether an open port has lost its device.

@@ -32,7 +32,8 @@ void fill(QMessageBox& box, const Message& message) {
   box.setIcon(box_icons[static_cast<int>(message.icon)]);
 }
 
-// The pattern behind each caption is not shown. To Qt "*.*" means names with a dot only.
+// Qt does not show the pattern after each caption (HideNameFilterDetails). To Qt "*.*" means names with a dot
+// only.
 QStringList name_filters(const std::vector<FileFilter>& filters) {
   QStringList result;
   for (const auto& filter : filters) {
@@ -63,11 +64,11 @@ bool QtDialogs::confirm(const Message& question) {
 
 void QtDialogs::tell(const Message& message) {
   if (waiting_boxes_ > 0) {
-    put_off(message);
+    postpone(message);
     return;
   }
   QPointer<QMessageBox>& told = told_[message.text];
-  // A box that was closed lives on, unseen, until the event loop deletes it.
+  // A closed box still exists, hidden, until the event loop deletes it.
   if (world_.ending() || (told && told->isVisible())) return;
   auto* box = new QMessageBox(visible_parent());
   told = box;
@@ -80,14 +81,14 @@ void QtDialogs::tell(const Message& message) {
   box->show();
 }
 
-// Beside a box that waits for its answer another one could not be answered.
-void QtDialogs::put_off(const Message& message) {
+// While a box waits for its answer, the user could not close another one.
+void QtDialogs::postpone(const Message& message) {
   const auto same = [&message](const Message& other) { return other.text == message.text; };
-  if (std::none_of(put_off_.begin(), put_off_.end(), same)) put_off_.push_back(message);
+  if (std::none_of(postponed_.begin(), postponed_.end(), same)) postponed_.push_back(message);
 }
 
-void QtDialogs::tell_what_was_put_off() {
-  for (const Message& message : std::exchange(put_off_, {})) tell(message);
+void QtDialogs::tell_postponed() {
+  for (const Message& message : std::exchange(postponed_, {})) tell(message);
 }
 
 std::string QtDialogs::input(const std::string& prompt, const std::string& title,
@@ -149,11 +150,11 @@ int QtDialogs::wait_for_answer(QDialog& box) {
   const int answer = box.exec();
   --waiting_boxes_;
   if (world_.ending()) throw ProgramEnded{};
-  if (waiting_boxes_ == 0) tell_what_was_put_off();
+  if (waiting_boxes_ == 0) tell_postponed();
   return answer;
 }
 
-// Never another box: a notice may close, and take what belongs to it along, while its box still waits.
+// Never a message box: a notice that closes takes the boxes it owns along, even one that still waits.
 QWidget* QtDialogs::owner() const {
   QWidget* active = QApplication::activeWindow();
   if (active != nullptr && qobject_cast<QMessageBox*>(active) == nullptr) return active;

@@ -35,8 +35,8 @@ class QtDialogs : public Dialogs {
  private:
   // What QDialog::exec gives; throws ProgramEnded when the program ends meanwhile.
   int wait_for_answer(QDialog& box);
-  void put_off(const Message& message);
-  void tell_what_was_put_off();
+  void postpone(const Message& message);
+  void tell_postponed();
   std::optional<std::string> choose_file(QFileDialog& box, const FileQuestion& question);
   QWidget* owner() const;
   QWidget* visible_parent() const;
@@ -44,8 +44,8 @@ class QtDialogs : public Dialogs {
   QtWorld& world_;
   QPointer<QWidget> parent_;
   std::map<std::string, QPointer<QMessageBox>> told_;
-  int waiting_boxes_ = 0;         // that wait for an answer
-  std::vector<Message> put_off_;  // told meanwhile
+  int waiting_boxes_ = 0;           // that wait for an answer
+  std::vector<Message> postponed_;  // messages told while a box waited
   QString folder_;
 };
 

@@ -24,7 +24,7 @@ QPageLayout::Orientation page_orientation(Orientation orientation) {
 
 QtPrinter::QtPrinter() { set_font({}); }
 
-// A document that was not finished belongs to a handler that was cut short: it is not printed.
+// A document that was not finished belongs to a handler that the program end cut short; it is not printed.
 QtPrinter::~QtPrinter() {
   if (painter_ && painter_->isActive()) printer_->abort();
   close_document();
@@ -91,13 +91,13 @@ PrintFailure QtPrinter::finish() {
   return std::exchange(failure_, PrintFailure::none);
 }
 
-// A document that was begun ends here, in the destructor too, so that the printer object goes last.
+// The painter is destroyed before the printer it paints on.
 void QtPrinter::close_document() {
   painter_.reset();
   printer_.reset();
 }
 
-// Distances are measured from the corner of what the printer can reach: no margins beyond its own.
+// Distances are measured from the corner of the printable area: no margins beyond those of the printer.
 QPrinter& QtPrinter::document() {
   if (printer_) return *printer_;
   printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);

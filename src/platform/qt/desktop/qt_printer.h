@@ -45,7 +45,7 @@ class QtPrinter : public Printer {
   Orientation orientation_ = Orientation::portrait;
   QFont font_;
 
-  // The painter goes before the printer it paints on.
+  // In this order, so that the painter is destroyed before the printer it paints on.
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   PrintFailure failure_ = PrintFailure::none;

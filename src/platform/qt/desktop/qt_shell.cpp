@@ -9,7 +9,7 @@
 
 namespace halden {
 
-// Only a file that is there: viewers answer a missing one with a box of their own, or not at all.
+// Only a file that exists: for a missing one a viewer shows a box of its own, or nothing at all.
 bool QtShell::open_document(const std::string& path) {
   const QFileInfo file(QString::fromStdString(path));
   return file.isFile() && QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));

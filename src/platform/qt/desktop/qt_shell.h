@@ -1,4 +1,4 @@
-// The user's desktop: default viewers, the bell, and the end of the program.
+// The user's desktop: default viewers, the beep, and the end of the program.
 #pragma once
 
 #include "platform/shell.h"

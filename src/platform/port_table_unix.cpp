@@ -3,8 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "platform/port_names.h"
-#include "platform/serial_port.h"
+#include "platform/port_table.h"
 
 namespace halden {
 

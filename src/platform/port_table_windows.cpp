@@ -1,6 +1,6 @@
 #ifdef _WIN32
 
-#include "platform/port_names.h"
+#include "platform/port_table.h"
 
 namespace halden {
 

@@ -1,8 +1,8 @@
-#include "simulator/names.h"
+#include "simulator/meter_settings.h"
 
 #include <algorithm>
 
-namespace halden::meter_side {
+namespace halden::simulator {
 
 namespace {
 
@@ -25,4 +25,4 @@ std::optional<Wiring> wiring_of(std::string_view name) {
   return named<Wiring>(names, name);
 }
 
-}  // namespace halden::meter_side
+}  // namespace halden::simulator
