@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "app/companion.h"
 #include "app/program.h"
 #include "platform/program_end.h"
 #include "platform/virtual/scripted_port.h"
@@ -21,10 +20,10 @@ const std::string frame =
     "V3=  2306  I3= 13020  W3=  2902  P3= -1200  Q3= -1052";
 
 void prepare(Program& program) {
-  program.link.port_ready = 1;
-  program.status.ct_ratio = program.status.pt_ratio = 1;
-  program.status.current_range = 1;
-  program.status.md_period = 15;
+  program.link.state.port_ready = 1;
+  program.link.status.ct_ratio = program.link.status.pt_ratio = 1;
+  program.link.status.current_range = 1;
+  program.link.status.md_period = 15;
 }
 
 enum class Sampling { between_instants, at_an_instant };
@@ -32,16 +31,16 @@ enum class Sampling { between_instants, at_an_instant };
 void handle_frames(benchmark::State& state, Sampling sampling) {
   VirtualWorld world;
   ScriptedPort port(world);
-  Companion companion(world.platform(port), {});
-  companion.start_up();
-  prepare(companion.program());
+  Program program(world.platform(port), {});
+  program.desk.start_up();
+  prepare(program);
   for (auto _ : state) {
-    companion.program().link.poll_buffer = frame;
-    if (sampling == Sampling::at_an_instant) companion.program().monitor.last_sample_time.clear();
-    companion.program().monitor.frame_complete();
-    benchmark::DoNotOptimize(companion.screen().meter_rec.revision());
+    program.link.state.poll_buffer = frame;
+    if (sampling == Sampling::at_an_instant) program.live.sample_clock.last_sample_time.clear();
+    program.live.monitor.frame_complete();
+    benchmark::DoNotOptimize(program.shared.meter_rec.revision());
   }
-  if (companion.screen().meter_rec["V31_value"].text != "398.9V") state.SkipWithError("wrong reading");
+  if (program.shared.meter_rec["V31_value"].text != "398.9V") state.SkipWithError("wrong reading");
 }
 void frame_to_texts(benchmark::State& state) { handle_frames(state, Sampling::between_instants); }
 BENCHMARK(frame_to_texts);
@@ -58,8 +57,8 @@ void hour_of_polling(benchmark::State& state) {
     simulator::Meter meter;
     simulator::SimulatedPort port(world.clock, meter);
     world.files.contents["./commport.dat"] = "1\r\n";
-    Companion companion(world.platform(port), {});
-    dispatch([&companion] { companion.start_up(); });
+    Program program(world.platform(port), {});
+    dispatch([&program] { program.desk.start_up(); });
     world.run_for(3600);
   }
   state.SetItemsProcessed(state.iterations());

@@ -5,9 +5,8 @@
 #include <QApplication>
 #include <QPixmap>
 
-#include "app/companion.h"
 #include "app/program.h"
-#include "live/ui/phasor_form.h"
+#include "live/phasors/ui/phasor_form.h"
 #include "platform/program_end.h"
 #include "platform/virtual/virtual_world.h"
 #include "simulator/meter.h"
@@ -15,6 +14,12 @@
 
 namespace halden {
 namespace {
+
+struct DirectInput : UserInput {
+  void run_input(std::function<void()> handler) override { handler(); }
+  void run_now(std::function<void()> handler) override { handler(); }
+  bool busy() const override { return false; }
+};
 
 void redraw_phasors(benchmark::State& state) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -25,20 +30,22 @@ void redraw_phasors(benchmark::State& state) {
   simulator::SimulatedPort port(world.clock, meter);
   StartOptions options;
   options.first_port = first_port_number;
-  Companion companion(world.platform(port), options);
-  dispatch([&companion] { companion.start_up(); });
-  companion.click("phasor_button");
+  Program program(world.platform(port), options);
+  dispatch([&program] { program.desk.start_up(); });
+  program.shared.meter_rec.click("phasor_button");
   world.run_for(2);
-  PhasorForm form(companion.screen().phasor_form, {[](std::string_view) {}, [] {}, [] {}}, Look::light);
+  Window& values = program.shared.windows["PhasorForm"];
+  DirectInput input;
+  FormWindow form(values, input, phasor_form_design(), Look::light);
   form.resize(1000, 640);
   form.show_changes();
   QPixmap picture(form.size());
   for (auto _ : state) {
-    companion.program().phasors.update_phasors();
+    program.live.phasors.power_frame_shown();
     form.show_changes();
     form.render(&picture);
   }
-  if (companion.screen().phasor_form["angle_v1v2"].text.empty()) state.SkipWithError("nothing was drawn");
+  if (values["angle_v1v2"].text.empty()) state.SkipWithError("nothing was drawn");
 }
 BENCHMARK(redraw_phasors)->Unit(benchmark::kMillisecond);
 

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <string>
 
-#include "app/companion.h"
 #include "app/program.h"
 #include "platform/program_end.h"
 #include "platform/qt/core/qt_files.h"
@@ -26,12 +25,12 @@ void record_line(benchmark::State& state) {
   const Platform outside = world.platform(port);
   StartOptions options;
   options.first_port = first_port_number;
-  Companion companion({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
-                       outside.printer, outside.shell, files},
-                      options);
-  dispatch([&companion] { companion.start_up(); });
+  Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
+                   outside.printer, outside.shell, files},
+                  options);
+  dispatch([&program] { program.desk.start_up(); });
   world.run_for(5);
-  Recording& recording = companion.program().recording;
+  Recording& recording = program.live.recording;
   recording.begin_data_file(folder / "record.csv");
   recording.start_manual();
   for (auto _ : state) {

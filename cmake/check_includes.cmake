@@ -2,13 +2,11 @@
 #
 #   cmake -P check_includes.cmake ARGUMENTS-FILE
 #
-# The file's three lines: the folder of all rooms; the folders whose headers may be included; the files to
-# search. Lists are separated by semicolons.
+# The file sets three variables: src, the folder of all rooms; allowed, the folders whose headers may be
+# included; files, what to search.
 
-file(STRINGS ${CMAKE_ARGV3} arguments)
-list(POP_FRONT arguments src)
-list(POP_FRONT arguments allowed)
-list(POP_FRONT arguments files)
+cmake_minimum_required(VERSION 3.25)
+include(${CMAKE_ARGV3})
 
 foreach(file ${files})
   file(STRINGS ${file} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
@@ -22,7 +20,8 @@ foreach(file ${files})
     if(NOT folder IN_LIST allowed)
       file(RELATIVE_PATH place ${src} ${file})
       string(REPLACE ";" " " rooms "${allowed}")
-      message(SEND_ERROR "${place} may not include ${header}: its room uses ${rooms} (src/CMakeLists.txt)")
+      # Indented, so that CMake does not break the line.
+      message(SEND_ERROR "  ${place} may not include ${header}: its room uses ${rooms} (src/CMakeLists.txt)")
     endif()
   endforeach()
 endforeach()

@@ -27,7 +27,7 @@ function(halden_check_includes target folder)
     list(APPEND allowed ${used})
   endforeach()
   set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}.includes)
-  file(GENERATE OUTPUT ${stamp}.args CONTENT "${PROJECT_SOURCE_DIR}/src\n${allowed}\n${CHECK_FILES}\n")
+  file(GENERATE OUTPUT ${stamp}.args CONTENT "set(src [[${PROJECT_SOURCE_DIR}/src]])\nset(allowed [[${allowed}]])\nset(files [[${CHECK_FILES}]])\n")
   add_custom_command(
     OUTPUT ${stamp}
     COMMAND ${CMAKE_COMMAND} -P ${PROJECT_SOURCE_DIR}/cmake/check_includes.cmake ${stamp}.args

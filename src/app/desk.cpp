@@ -43,8 +43,9 @@ void Desk::connect() {
   port_choice_.connect();
   meter_rec_.on_click("quit", [this] { exit(); });
   meter_rec_.on_click("Command3D1", [this] { print_main_window(); });
-  meter_rec_.on_click("HelpAbout",
-                      [this] { platform_.dialogs.message({about_text(), "About", Icon::none}); });
+  meter_rec_.on_click("HelpAbout", [this] {
+    platform_.dialogs.message({about_text(), "About", Icon::none});
+  });
   for (int manual = 0; manual_path(options_.program_folder, manual) != ""; ++manual)
     meter_rec_.on_click(element("HelpManual", manual), [this, manual] {
       platform_.shell.open_document(manual_path(options_.program_folder, manual));
@@ -105,8 +106,7 @@ void Desk::exit() {
 void Desk::print_main_window() {
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(meter_rec_.name());
-  meter_rec_.set_text(status_hint,
-                      print_failure_sentence(platform_.printer.finish(), link_.state.language));
+  meter_rec_.set_text(status_hint, print_failure_sentence(platform_.printer.finish(), link_.state.language));
 }
 
 }  // namespace halden

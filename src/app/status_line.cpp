@@ -30,15 +30,14 @@ StatusLine::Link StatusLine::link(double frames_per_s) const {
 
 void StatusLine::refresh() {
   const bool open = number_ != 0 && platform_.port.state() != PortState::closed;
-  window_.set_text("status_port", open ? "COM " + std::to_string(number_) + " (" +
-                                             platform_.port.device_name(number_) + ")"
-                                       : std::string("COM -"));
+  window_.set_text("status_port",
+                   open ? "COM " + std::to_string(number_) + " (" + platform_.port.device_name(number_) + ")"
+                        : std::string("COM -"));
   const double rate = frame_rate_.per_second(platform_.clock.monotonic_s());
   const Link now = link(rate);
   window_.set_text("status_link", now.text.in(state_.language));
   window_.set_tag("status_link", now.tag);
-  window_.set_text("status_rate",
-                   format_pattern(rate, "#0.0") + std::string(rate_unit.in(state_.language)));
+  window_.set_text("status_rate", format_pattern(rate, "#0.0") + std::string(rate_unit.in(state_.language)));
   window_.set_text("status_recording",
                    recording_status_text(recording_.state(), recording_.file(), state_.language));
 }

@@ -1,6 +1,6 @@
-// The status line of the main window: port, link state, frames per second, recording state. Beside them stands
-// one hint, which whoever has something to say writes into the control status_hint. All of it is beside the
-// messages and captions, never in them.
+// The status line of the main window: port, link state, frames per second, recording state. Beside them
+// stands one hint, which whoever has something to say writes into the control status_hint. All of it is
+// beside the messages and captions, never in them.
 #pragma once
 
 #include <string_view>

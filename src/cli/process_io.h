@@ -1,4 +1,5 @@
-// The process around a command: interruptions from the terminal, and standard output, whose reader may go away
+// The process around a command: interruptions from the terminal, and standard output, whose reader may go
+// away
 // (`haldenctl live ... | head`).
 #pragma once
 

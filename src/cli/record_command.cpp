@@ -50,7 +50,8 @@ void RecordRun::start() {
   Recording& recording = program_.live.recording;
   recording.begin_data_file(options_.file);
   if (const FileFailure failure = recording.file().failure(); failure != FileFailure::none) {
-    terminal_.failed(options_.file + ": " + std::string(write_failure_text(failure, Language::english)) + ".");
+    terminal_.failed(options_.file + ": " + std::string(write_failure_text(failure, Language::english)) +
+                     ".");
     return;
   }
   recording.start_automatic();
@@ -60,7 +61,8 @@ void RecordRun::start() {
 }
 
 void RecordRun::frame_shown() {
-  if (options_.records && std::cmp_greater_equal(program_.live.recording.records(), *options_.records)) finish();
+  if (options_.records && std::cmp_greater_equal(program_.live.recording.records(), *options_.records))
+    finish();
 }
 
 void RecordRun::look_after() {

@@ -38,7 +38,8 @@ std::uint64_t bit_pattern(std::string_view field) {
 }
 
 void set_wiring(MeterStatus& status, std::string_view field) {
-  if (const auto system = to_int16(leading_number(field))) status.wiring_system = static_cast<Wiring>(*system);
+  if (const auto system = to_int16(leading_number(field)))
+    status.wiring_system = static_cast<Wiring>(*system);
 }
 
 void set_recorded_range(MeterStatus& status, std::string_view field) {

@@ -115,8 +115,7 @@ void StatusQuery::show_status(int fields) {
     arrange_for_system(status_.wiring_system, window_, label_column_left_);
   }
   for (const SettingNames& setting : meter_settings)
-    if (fields >= setting.status_field)
-      window_.set_text(setting.box, setting_text(setting.setting, status_));
+    if (fields >= setting.status_field) window_.set_text(setting.box, setting_text(setting.setting, status_));
 }
 
 }  // namespace halden

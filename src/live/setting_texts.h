@@ -9,7 +9,9 @@ namespace halden {
 
 // Valid as long as the boxes do not change.
 inline SettingTexts setting_texts(const Window& meter_rec) {
-  const auto shown = [&](Setting setting) -> std::string_view { return meter_rec[names_of(setting).box].text; };
+  const auto shown = [&](Setting setting) -> std::string_view {
+    return meter_rec[names_of(setting).box].text;
+  };
   return {shown(Setting::hz), shown(Setting::md), shown(Setting::sec), shown(Setting::ct),
           shown(Setting::pt)};
 }

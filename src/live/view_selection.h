@@ -18,9 +18,14 @@ struct HarmonicsOptions {
 
 class ViewSelection {
  public:
-  ViewSelection(Exchange& exchange, Polling& polling, LinkState& state, MeterStatus& status, HarmonicsOptions& options,
-                Window& meter_rec)
-      : exchange_(exchange), polling_(polling), state_(state), status_(status), options_(options), window_(meter_rec) {}
+  ViewSelection(Exchange& exchange, Polling& polling, LinkState& state, MeterStatus& status,
+                HarmonicsOptions& options, Window& meter_rec)
+      : exchange_(exchange),
+        polling_(polling),
+        state_(state),
+        status_(status),
+        options_(options),
+        window_(meter_rec) {}
 
   // A meter in power mode closes the harmonics or waveform view; one in harmonics mode opens the harmonics
   // view with 51 orders in percent.

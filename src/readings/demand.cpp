@@ -40,7 +40,8 @@ void Readings::advance_maximum_demand_w(double t) {
   demand_w_sum += system_w_raw;
   if (!demand_period_complete(t)) return;
   const double average = demand_w_sum / demand_samples;
-  if (average >= max_demand_w && show_demand(scaling_, average, w_units, demand_w_text)) max_demand_w = average;
+  if (average >= max_demand_w && show_demand(scaling_, average, w_units, demand_w_text))
+    max_demand_w = average;
 }
 
 void Readings::advance_maximum_demand_va(double t) {

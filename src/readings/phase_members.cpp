@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <utility>
 
-#include "readings/raw_values.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
+#include "readings/raw_values.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
 

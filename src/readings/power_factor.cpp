@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "readings/numbers.h"
-#include "readings/raw_values.h"
 #include "readings/patterns.h"
+#include "readings/raw_values.h"
 #include "readings/readings.h"
 
 namespace halden {

@@ -5,8 +5,8 @@
 #include <cstddef>
 
 #include "readings/numbers.h"
-#include "readings/raw_values.h"
 #include "readings/patterns.h"
+#include "readings/raw_values.h"
 
 namespace halden {
 

@@ -13,9 +13,7 @@ struct Text {
   std::string_view english;
   std::string_view chinese;
 
-  std::string_view in(Language language) const {
-    return language == Language::chinese ? chinese : english;
-  }
+  std::string_view in(Language language) const { return language == Language::chinese ? chinese : english; }
 };
 
 }  // namespace halden

@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "../scenario/companion_test_base.h"
+#include "../scenario/program_test_base.h"
 #include "cli/live_command.h"
 #include "noted_terminal.h"
 
@@ -45,15 +45,16 @@ TEST(LivePhasors, AnglesAreThoseOfThePhasesInUse) {
   angles.v12_phasor_angle = 300;
   angles.v23_phasor_angle = -900;
   angles.v31_phasor_angle = 1501;
-  const auto shown = [&angles](std::int16_t wiring_system) {
+  const auto shown = [&angles](Wiring wiring_system) {
     Record record;
     add_phasor_angles(angles, wiring_system, record);
     return record.dump();
   };
-  EXPECT_EQ(shown(0), R"({"v1_phasor_angle":"0.0","i1_phasor_angle":"-15.5"})");
-  EXPECT_EQ(shown(3), R"({"v1_phasor_angle":"0.0","i1_phasor_angle":"-15.5","v2_phasor_angle":"-120.0",)"
-                      R"("i2_phasor_angle":"-135.0","v3_phasor_angle":"119.9","i3_phasor_angle":"105.0",)"
-                      R"("v12_phasor_angle":"30.0","v23_phasor_angle":"-90.0","v31_phasor_angle":"150.1"})");
+  EXPECT_EQ(shown(Wiring::w1p2w), R"({"v1_phasor_angle":"0.0","i1_phasor_angle":"-15.5"})");
+  EXPECT_EQ(shown(Wiring::w3p4w),
+            R"({"v1_phasor_angle":"0.0","i1_phasor_angle":"-15.5","v2_phasor_angle":"-120.0",)"
+            R"("i2_phasor_angle":"-135.0","v3_phasor_angle":"119.9","i3_phasor_angle":"105.0",)"
+            R"("v12_phasor_angle":"30.0","v23_phasor_angle":"-90.0","v31_phasor_angle":"150.1"})");
 }
 
 TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
@@ -61,7 +62,7 @@ TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
       "W_sys_value VA_sys_value VAR_sys_value PF_sys_value WH_sys_value VAH_sys_value VARH_sys_value "
       "PFH_sys_value W_AD_value VA_AD_value W_MD_value VA_MD_value ";
   using simulator::Wiring;
-  const std::pair<Wiring, std::string> rows[] = {
+  const std::pair<simulator::Wiring, std::string> rows[] = {
       {Wiring::w1p3w,
        "time V1_value I1_value W1_value VA1_value VAR1_value PF1_value Phase1_value "
        "V2_value I2_value W2_value VA2_value VAR2_value PF2_value Phase2_value " +

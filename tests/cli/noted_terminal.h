@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/terminal.h"
+#include "cli/session.h"
 
 namespace halden {
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "../scenario/companion_test_base.h"
+#include "../scenario/program_test_base.h"
 #include "cli/record_command.h"
 #include "noted_terminal.h"
 

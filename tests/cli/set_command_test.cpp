@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "../scenario/companion_test_base.h"
+#include "../scenario/program_test_base.h"
 #include "noted_terminal.h"
 
 namespace halden {
@@ -30,7 +30,7 @@ TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {
   for (const auto& [settings, ended] : rows) {
     NotedTerminal terminal;
     journey.world.dialogs.messages.clear();
-    send_settings(*journey.companion, settings, Format::text, last_message, terminal);
+    send_settings(journey.program(), settings, Format::text, last_message, terminal);
     EXPECT_EQ(terminal.ended, ended);
     printed.insert(printed.end(), terminal.printed.begin(), terminal.printed.end());
   }

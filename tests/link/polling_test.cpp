@@ -6,7 +6,7 @@
 #include "link/live_poll.h"
 #include "platform/virtual/scripted_port.h"
 #include "platform/virtual/virtual_world.h"
-#include "screen/main_window.h"
+#include "screen/meter_rec/main_window.h"
 
 namespace halden {
 namespace {
@@ -80,7 +80,7 @@ TEST_F(PollingTest, TheLiveTimerFollowsTheView) {
   EXPECT_EQ(state.poll_buffer, "");
 }
 
-struct Recorded : LiveViews {
+struct Recorded : LiveFrames {
   void frame_complete() override { ++frames; }
   void no_communication() override { ++lost; }
   int frames = 0;
@@ -88,9 +88,9 @@ struct Recorded : LiveViews {
 };
 
 struct LivePollTest : PollingTest {
-  Screen screen;
+  Window meter_rec = make_main_window();
   Recorded views;
-  LivePoll poll{world.platform(port), waits, polling, state, screen.meter_rec, views};
+  LivePoll poll{world.platform(port), waits, polling, state, meter_rec, views};
 };
 
 TEST_F(LivePollTest, KnowsACompleteFrame) {
@@ -124,7 +124,7 @@ TEST_F(LivePollTest, ASilentMeterIsAskedAgainEveryFourthTickAndGivenUpAfterTwent
     port.arrive(0, "x");
     poll.tick();
     requests += std::to_string(tick) + ":" + sent_text() + ";";
-    EXPECT_EQ(screen.meter_rec["Warning"].visible, tick >= 17) << tick;
+    EXPECT_EQ(meter_rec["Warning"].visible, tick >= 17) << tick;
     EXPECT_EQ(state.link_lost, tick >= 17 ? 1 : 0) << tick;
     EXPECT_EQ(views.lost, std::max(0, tick - 16)) << tick;
     EXPECT_EQ(world.shell.beeps, tick == 21 ? 1 : 0) << tick;

@@ -1,9 +1,10 @@
-#include "live/phasors.h"
+#include "live/phasors/phasors.h"
 
 #include <gtest/gtest.h>
 
-#include "live/unbalance.h"
-#include "screen/main_window.h"
+#include "live/phasors/phasor_form.h"
+#include "live/phasors/unbalance.h"
+#include "screen/meter_rec/main_window.h"
 
 namespace halden {
 namespace {
@@ -18,7 +19,7 @@ TEST(Phasors, OwnAtanKnowsAllFourQuadrants) {
 }
 
 TEST(Phasors, AnglesAreCountedFromV1AndBroughtIntoRangeOnce) {
-  LiveReadings raw;
+  PowerReadings raw;
   raw.v_angle = {100, 1300, -1100};
   raw.i_angle = {400, -1800, 1900};
   const PhasorAngles angles = calculate_vi_angles(raw);
@@ -35,16 +36,17 @@ struct Supply : testing::Test {
     raw.v_angle = {0, 1200, -1200};
     raw.i_angle = {0, 1200, -1200};
     angles = calculate_vi_angles(raw);
-    calculate_unbalance(raw, angles, scaling, screen.meter_rec, screen.phasor_form);
+    calculate_unbalance(raw, angles, scaling, meter_rec, form);
     std::string texts;
-    for (const Panel& panel : unbalance_panels()) texts += screen.meter_rec[panel.value].text + "|";
-    return texts + screen.phasor_form["Vn_value"].text + "|" + screen.phasor_form["In_value"].text;
+    for (const Panel& panel : unbalance_panels()) texts += meter_rec[panel.value].text + "|";
+    return texts + form["Vn_value"].text + "|" + form["In_value"].text;
   }
 
   const Scaling scaling{1, 1, 1.0F, 1};
-  LiveReadings raw;
+  PowerReadings raw;
   PhasorAngles angles;
-  Screen screen;
+  Window meter_rec = make_main_window();
+  Window form = make_phasor_form();
 };
 
 // 230, 220 and 210 V at 0, -120 and 120 degrees:

@@ -1,4 +1,4 @@
-#include "live/power_monitor.h"
+#include "live/power/power_monitor.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/virtual/scripted_port.h"
-#include "screen/main_window.h"
+#include "screen/meter_rec/main_window.h"
 
 namespace halden {
 namespace {
@@ -25,26 +25,24 @@ struct PowerMonitorTest : testing::Test {
     status.current_range = 1;
   }
 
-  PowerFrame handle(std::string buffer, std::int16_t wiring_system) {
+  PowerFrame handle(std::string buffer, int wiring_system) {
     state.poll_buffer = std::move(buffer);
-    status.wiring_system = wiring_system;
+    status.wiring_system = static_cast<Wiring>(wiring_system);
     port.sent.clear();
     return monitor.handle_frame();
   }
 
-  std::string text(const std::string& control) { return screen.meter_rec[control].text; }
+  std::string text(const std::string& control) { return meter_rec[control].text; }
 
   VirtualWorld world;
   ScriptedPort port{world};
   LinkState state;
   MeterStatus status;
-  Readings readings{status};
-  LiveReadings raw;
-  Screen screen;
-  PowerFrameSteps steps;
+  PowerChain chain{status};
+  Window meter_rec = make_main_window();
   Waits waits{world.clock, port};
   Polling polling{world.platform(port), waits, state};
-  PowerMonitor monitor{waits, polling, state, status, readings, raw, screen.meter_rec, steps};
+  PowerMonitor monitor{waits, polling, state, status, chain, meter_rec};
 };
 
 TEST_F(PowerMonitorTest, AGroupOf51CharactersIsNotParsedOneMoreIs) {
@@ -56,21 +54,13 @@ TEST_F(PowerMonitorTest, AGroupOf51CharactersIsNotParsedOneMoreIs) {
   EXPECT_EQ(state.poll_buffer, "");
 }
 
-TEST_F(PowerMonitorTest, TheNextFrameIsAskedForBeforeTheSystemStepsOfItsWiringRun) {
+// As many groups as the wiring system has phases make a frame; an unknown one has one.
+TEST_F(PowerMonitorTest, TheNextFrameIsAskedForOnceTheLastPhaseOfTheWiringIsRead) {
   const std::string frame = group('1') + "  " + group('2') + "  " + group('3') + "   ";
-  std::string ran;
-  steps = {[&] { ran += "[" + port.sent.at(0).bytes + "] angles "; }, [&] { ran += "unbalance "; },
-           [&] { ran += "phasors"; }};
-  struct Case {
-    std::int16_t wiring_system;
-    const char* steps;
-  };
-  for (const Case& row :
-       {Case{0, "[ ] angles phasors"}, Case{1, "[ ] angles phasors"}, Case{2, "[ ] angles unbalance phasors"},
-        Case{3, "[ ] angles unbalance phasors"}, Case{9, "[ ] angles phasors"}}) {
-    ran.clear();
-    EXPECT_EQ(handle(frame, row.wiring_system), PowerFrame::complete);
-    EXPECT_EQ(ran, row.steps) << row.wiring_system;
+  for (const auto& [wiring_system, w_sys] :
+       {std::pair(0, "0.200KW"), {1, "0.400KW"}, {2, "0.600KW"}, {3, "0.600KW"}, {9, "0.200KW"}}) {
+    EXPECT_EQ(handle(frame, wiring_system), PowerFrame::complete);
+    EXPECT_EQ(text("W_sys_value"), w_sys) << wiring_system;
     EXPECT_EQ(port.sent.size(), 1u);
   }
 }

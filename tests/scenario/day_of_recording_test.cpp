@@ -1,5 +1,5 @@
 // A day of recording, held against what the meter itself wrote down that it sent.
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {

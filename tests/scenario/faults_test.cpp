@@ -5,7 +5,7 @@
 #include <malloc.h>
 #endif
 
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -25,7 +25,7 @@ struct Linked : testing::Test, Journey {
   void expect_resumes(const std::string& after) {
     fix_phase(1, {2200, 12340, 2781, 0, 116});
     EXPECT_TRUE(world.run_until([this] { return text("V1_value") == "220.0V"; }, 12)) << after;
-    EXPECT_EQ(program().link.link_lost, 0) << after;
+    EXPECT_EQ(program().link.state.link_lost, 0) << after;
     fix_phase(1, {2301, 12340, 2781, 0, 116});
     EXPECT_TRUE(world.run_until([this] { return text("V1_value") == "230.1V"; }, 12)) << after;
   }
@@ -55,7 +55,7 @@ TEST_F(Linked, ALostLinkIsShownAfterSeventeenTicksAndReadingsResumeByThemselves)
 // A click that lands in a tick of a lost link: polling and its warning go on under the message it leads to.
 TEST_F(Linked, PollingGoesOnUnderTheMessageOfAFailedQuery) {
   faults().silence = true;
-  ASSERT_TRUE(world.run_until([this] { return program().link.missed_polls == 16; }, 10));
+  ASSERT_TRUE(world.run_until([this] { return program().link.state.missed_polls == 16; }, 10));
   click_after(0.249, "get_hz");
   std::size_t requests = 0;
   world.dialogs.while_open = [&](const Message&) {
@@ -115,7 +115,7 @@ TEST_F(Linked, SpoiledFramesAreSurvivedAndTheNextGoodOnesShown) {
   for (const Row& row : rows) {
     row.spoil(faults());
     world.run_for(20);
-    EXPECT_LE(program().link.poll_buffer.size(), live_buffer_limit) << row.name;
+    EXPECT_LE(program().link.state.poll_buffer.size(), live_buffer_limit) << row.name;
     faults() = {};
     expect_resumes(row.name);
   }
@@ -165,7 +165,7 @@ TEST_F(Linked, SurplusFramesLeaveNoLagBehind) {
   fix_phase(1, {2200, 12340, 2781, 0, 116});
   world.run_for(1.1);
   EXPECT_EQ(text("V1_value"), "220.0V");
-  EXPECT_LT(program().link.poll_buffer.size(), 160u);
+  EXPECT_LT(program().link.state.poll_buffer.size(), 160u);
 }
 
 TEST_F(Linked, ASpoiledStatusReplyIsReportedOrReadAsFarAsItGoes) {

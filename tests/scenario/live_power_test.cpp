@@ -1,4 +1,4 @@
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -62,7 +62,7 @@ TEST_F(LivePower, EnergyAdvancesOncePerSamplingInstantAndDemandOncePerPeriod) {
   EXPECT_EQ(values("W_MD W_AD VA_MD VA_AD"), "------||------||");
   world.run_for(10);
   EXPECT_EQ(values("W_MD W_AD VA_MD VA_AD"), "8.338KW|8.338KW|8.565KVA|8.565KVA|");
-  EXPECT_LT(program().readings.demand_samples, 10) << "a new period has begun";
+  EXPECT_LT(program().live.chain.readings.demand_samples, 10) << "a new period has begun";
   fix_phase(3, {2306, 13020, 1902, -1200, -1052});
   world.run_for(120);
   EXPECT_EQ(values("W_MD W_AD"), "8.338KW|7.338KW|");
@@ -74,20 +74,20 @@ TEST_F(LivePower, APhaseWithoutVoltageOrCurrentHasNoAngle) {
   fix_phase(3, {2306, 13020, 2902, -1200, -1052});
   start_on_port(1);
   world.run_for(0.6);
-  EXPECT_EQ(program().raw.v_angle[0], 0);
-  EXPECT_EQ(program().raw.i_angle[1], 0);
+  EXPECT_EQ(program().live.chain.raw.v_angle[0], 0);
+  EXPECT_EQ(program().live.chain.raw.i_angle[1], 0);
   EXPECT_EQ(values("Phase1 Phase2 PF1"), "-011.6|120.0|0.00|");
 }
 
 TEST_F(LivePower, OverRangeShowsInAllThatDependsOnItAndAddsNothing) {
   start_wired(Wiring::w3p4w);
-  const double energy = program().readings.energy_wh;
+  const double energy = program().live.chain.readings.energy_wh;
   fix_phase(2, {2298, -1, -1, 1200, 1332});
   world.run_for(5);
   EXPECT_EQ(values("V2 I2 W2 VA2 VAR2 PF2 Phase2"), "229.8V|  OL |  OL |  OL |  OL |  OL |  OL |");
   EXPECT_EQ(values("W_sys VAR_sys VA_sys PF_sys WH_sys"), "  OL |  OL |  OL |   OL |  OL |");
   EXPECT_EQ(values("V1 I1 W1 VA1 VAR1 PF1 Phase1"), "230.1V|12.34A|2.781KW|2.839KVA|-0.570KVAR|0.98|-011.6|");
-  EXPECT_EQ(program().readings.energy_wh, energy);
+  EXPECT_EQ(program().live.chain.readings.energy_wh, energy);
 }
 
 // A phase that is not in use counts nothing, even when it was over range before the wiring changed.

@@ -1,7 +1,7 @@
 // The phasor window beside the simulated meter.
 #include <cmath>
 
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -20,7 +20,7 @@ struct PhasorTest : testing::Test, Journey {
     world.run_for(1);
   }
 
-  const Window& form() const { return companion->screen().phasor_form; }
+  const Window& form() const { return window("PhasorForm"); }
 
   // "x,y" of the end of a vector, rounded.
   std::string end_of(const std::string& vector) const {
@@ -89,11 +89,11 @@ TEST_F(PhasorTest, WiringAndCommandsDecideWhatIsShown) {
                                           {"vxy", "000000111111"},
                                           {"vi_all", "111111111111"},
                                           {"hide_vxy", "111111001111"}}) {
-    click(command);
+    click(command, "PhasorForm");
     world.run_for(1);
     EXPECT_EQ(visible(), expected) << command;
   }
-  companion->phasor_form_resized();
+  window("PhasorForm").resized();
   EXPECT_EQ(visible(), "111111111111") << "as after loading";
 }
 
@@ -107,7 +107,7 @@ TEST_F(PhasorTest, EachFrameRedrawsOnceWhileTheWindowIsVisible) {
     empty = !empty;
     EXPECT_LT(now_s() - from_s, 0.6);
   }
-  companion->phasor_form_closed();
+  window("PhasorForm").closed();
   const std::string before = form()["Text1"].text;
   fix_phase(1, {1500, 1, 1, 0, 0});
   EXPECT_FALSE(world.run_until([&] { return form()["Text1"].text != before; }, 2));
@@ -126,20 +126,21 @@ TEST_F(PhasorTest, WithoutVoltageTheVectorsHaveNoLength) {
 }
 
 TEST_F(PhasorTest, OpensOnlyInPowerModeAndPrintsInLandscape) {
-  click("print_phasor");
+  click("print_phasor", "PhasorForm");
   ASSERT_EQ(world.printer.documents.size(), 1u);
   EXPECT_EQ(world.printer.documents[0][0].orientation, Orientation::landscape);
   EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"PhasorForm"});
-  for (const char* gone_with : {"print_phasor", "phasor_button"}) {
+  for (const auto& [gone_with, on] :
+       {std::pair("print_phasor", "PhasorForm"), {"phasor_button", "MeterRec"}}) {
     world.printer.failure = PrintFailure::failed;
-    click("print_phasor");
+    click("print_phasor", "PhasorForm");
     EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
     world.printer.failure = PrintFailure::none;
-    click(gone_with);
+    click(gone_with, on);
     EXPECT_EQ(form()["status_hint"].text, "") << gone_with;
   }
-  companion->phasor_form_closed();
-  program().status.meter_mode = harmonics_mode;
+  window("PhasorForm").closed();
+  program().link.status.meter_mode = harmonics_mode;
   click("phasor_button");
   EXPECT_FALSE(form().visible());
   EXPECT_EQ(world.dialogs.message_texts(), Texts{"Not in power mode, please press the POWER button"});

@@ -1,5 +1,7 @@
 // Recording as the user sees it: menus, questions, and what stands in the file.
-#include "companion_test_base.h"
+#include <algorithm>
+
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -51,11 +53,11 @@ struct Recorder : Journey {
     for (const char* entry : {"FileName", "FileStart", "FileStop"})
       state += window()[entry].enabled ? '1' : '0';
     return state + (window()["record_button"].visible ? "R" : "-") +
-           (companion->screen().chkspeed.visible() ? "N" : "-");
+           (window("CHKSPEED").visible() ? "N" : "-");
   }
 
   const std::string& status() {
-    companion->refresh_status_line();
+    program().desk.refresh_status_line();
     return text("status_recording");
   }
 
@@ -85,7 +87,7 @@ TEST_F(RecordingTest, TheMenusFollowTheFourStates) {
   click("manual_record");
   EXPECT_EQ(menu_state(), "001RN");
   EXPECT_EQ(status(), "recording by hand: 0 lines");
-  const Window& notice = companion->screen().chkspeed;
+  const Window& notice = window("CHKSPEED");
   EXPECT_EQ(notice.caption(), "");
   EXPECT_EQ(notice["Text1"].text, "Recording (12:00:17)");
   EXPECT_FALSE(notice["Text1"].enabled);
@@ -99,8 +101,8 @@ TEST_F(RecordingTest, TheDialogFollowsTheViewAndNoChoiceMeansNoFile) {
   click("FileName");  // cancelled
   EXPECT_EQ(menu_state(), "100--");
   EXPECT_EQ(text("FileName"), "&Create Data File");
-  program().link.display_mode = waveform_view;
-  program().link.language = 1;
+  program().link.state.display_mode = waveform_view;
+  program().link.state.language = Language::chinese;
   click("FileName");
   EXPECT_EQ(text("FileName"), "建立檔案名稱");
   ASSERT_EQ(dialogs().file_questions.size(), 3u);
@@ -134,14 +136,14 @@ TEST_F(RecordingTest, AnExistingFileIsAppendedToOnlyWhenTheUserAgrees) {
 }
 
 TEST_F(RecordingTest, TheHeaderFollowsModeAndView) {
-  program().status.meter_mode = harmonics_mode;
-  program().status.harmonic_channel = 3;
-  program().link.display_mode = harmonics_view;
+  program().link.status.meter_mode = harmonics_mode;
+  program().link.status.harmonic_channel = 3;
+  program().link.state.display_mode = harmonics_view;
   create("d/h.csv");
   EXPECT_EQ(lines_of(world.files.contents["d/h.csv"])[0],
             "HARMO,Hz=50,MD=15,SEC=2,CT=1,VT=1,INPUT=I2,SYS=3P4W,,NO.=100 ,OPTION=%");
   EXPECT_TRUE(dialogs().messages.empty());
-  program().link.display_mode = waveform_view;
+  program().link.state.display_mode = waveform_view;
   for (const char* path : {"d/w.dat", "d/w2.dat"}) create(path);
   EXPECT_EQ(dialogs().message_texts(),
             Texts{"The minimum sampling time for recording waveform is 4 seconds"});
@@ -151,9 +153,9 @@ TEST_F(RecordingTest, TheHeaderFollowsModeAndView) {
   EXPECT_EQ(waveform[0].substr(0, 8), "WAVE Hz=");
   EXPECT_EQ(waveform[1].substr(0, 14), "DATE, TIME 0 1");
   // An unknown wiring has no columns of its own.
-  program().status.meter_mode = power_mode;
-  program().link.display_mode = power_view;
-  program().status.wiring_system = 9;
+  program().link.status.meter_mode = power_mode;
+  program().link.state.display_mode = power_view;
+  program().link.status.wiring_system = Wiring{9};
   create("d/q.csv");
   EXPECT_EQ(world.files.contents["d/q.csv"], "????,Hz=50,MD=15,SEC=2,CT=1,VT=1\r\n\r\n");
 }
@@ -171,6 +173,59 @@ TEST_F(RecordingTest, AutomaticallyOneRecordPerSamplingInstantWithTheTextsOfTheS
   EXPECT_EQ(record.substr(407), "    ------,");
   world.run_for(20);
   EXPECT_EQ(seconds_of(records()), "13 15 17 19 21 23 25 27 29 31 33 ");
+}
+
+// The format's own spacing, the uneven places included.
+const std::string demand_names = "     W(AD),    VA(AD),     W(MD),    VA(MD)";
+const std::string system_names =
+    "     W_SYS,    VA_SYS,   VAR_SYS,    PF_SYS,     WH_SYS,  VAH_SYS,  VARH_SYS,   PFH_SYS,";
+const std::string system_panels =
+    " W_sys VA_sys VAR_sys PF_sys WH_sys VAH_sys VARH_sys PFH_sys W_AD VA_AD W_MD VA_MD";
+
+// Column by column, the panel of every name; a record is right when each stands where its name does.
+TEST_F(RecordingTest, EveryPanelStandsUnderItsName) {
+  const struct {
+    Wiring wiring;
+    std::string names;
+    std::string panels;  // without DATE and TIME
+  } cases[] = {
+      {Wiring::w1p2w, "      DATE,      TIME,        V1,        I1,    Phase1," + system_names + demand_names,
+       "V1 I1 Phase1" + system_panels},
+      {Wiring::w1p3w,
+       "      DATE,      TIME,        V1,        V2,        I1,        I2,         P1,       P2, '"
+       "        S1,        S2,        Q1,        Q2,       PF1,       PF2,    Phase1,    Phase2," +
+           system_names + demand_names,
+       "V1 V2 I1 I2 W1 W2 VA1 VA2 VAR1 VAR2 PF1 PF2 Phase1 Phase2" + system_panels},
+      {Wiring::w3p3w,
+       "      DATE,      TIME,       V12,       V23,       V31,        I1,         I2,       I3," +
+           system_names + demand_names,
+       "V12 V23 V31 I1 I2 I3" + system_panels},
+      {Wiring::w3p4w,
+       "      DATE,      TIME,       V12,       V23,       V31,        V1,        V2,        V3,"
+       "        I1,        I2,        I3,        P1,        P2,        P3,"
+       "        S1,        S2,        S3,        Q1,        Q2,        Q3,"
+       "       PF1,       PF2,       PF3,    Phase1,    Phase2,    Phase3,"
+       "     W_SYS,    VA_SYS,   VAR_SYS,    PF_SYS,    WH_SYS,   VAH_SYS,  VARH_SYS,   PFH_SYS," +
+           demand_names,
+       "V12 V23 V31 V1 V2 V3 I1 I2 I3 W1 W2 W3 VA1 VA2 VA3 VAR1 VAR2 VAR3 PF1 PF2 PF3 Phase1 Phase2 Phase3" +
+           system_panels}};
+  for (const auto& c : cases) {
+    program().link.status.wiring_system = c.wiring;
+    EXPECT_EQ(lines_of(program().live.power.header())[1], c.names);
+    window().set_text("Label1_3", "12:30:44");
+    std::string expected = "11-22-2026,  12:30:44,";
+    std::istringstream panels(c.panels);
+    int mark = 100;
+    for (std::string panel; panels >> panel; ++mark) {
+      window().set_text(panel + "_value", std::to_string(mark) + ".5KVAR");
+      expected += " " + std::to_string(mark) + ".5KVAR,";
+    }
+    const std::string record = program().live.power.record();
+    EXPECT_EQ(record, expected);
+    EXPECT_EQ(record.size(), 11 * (1 + static_cast<std::size_t>(std::ranges::count(c.names, ','))));
+  }
+  program().link.status.wiring_system = Wiring{4};
+  EXPECT_EQ(program().live.power.record(), "") << "an unknown system has no columns";
 }
 
 TEST_F(RecordingTest, ByHandOneRecordPerPressHoweverOftenItIsPressed) {
@@ -336,7 +391,7 @@ TEST(ClosingWhileRecording, ByTheFrameRescuesWhatWaits) {
     fresh.world.files.folder_failures["d/"] = FileFailure::disk_full;
     if (folder == "temp") fresh.world.files.folder_failures["work/"] = FileFailure::forbidden;
     fresh.world.run_for(4);
-    dispatch([&] { fresh.companion->main_window_closed(); });
+    dispatch([&] { fresh.window().closed(); });
     EXPECT_TRUE(fresh.world.ended());
     EXPECT_TRUE(fresh.dialogs().questions.empty());
     const std::string path = folder + "/halden-rescued-power.csv";

@@ -1,7 +1,7 @@
 // What reaches the meter when a setting is sent, character by character and to the tenth of a second.
 #include <cmath>
 
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -12,7 +12,9 @@ struct SettingsTest : testing::Test, Journey {
     world.run_for(3);
   }
 
-  void type(const std::string& box, const std::string& text) { program().screen.meter_rec[box].text = text; }
+  void type(const std::string& box, const std::string& text) {
+    program().shared.meter_rec.set_text(box, text);
+  }
 
   // The bytes from the letter on: "C@0.0 4@2.0 ..." with the seconds since the first; the carriage return as
   // "CR".
@@ -84,9 +86,9 @@ TEST_F(SettingsTest, AnOddIntervalIsRefusedAndNothingElseHappens) {
 TEST_F(SettingsTest, EnergiesAndDemandsStartAnewAfterEverySetting) {
   for (const char* button : {"set_ct", "set_pt", "set_md", "set_sec", "set_hz", "get_hz", "reset_kwh"}) {
     world.run_for(6);
-    ASSERT_GT(program().readings.energy_wh, 0) << button;
+    ASSERT_GT(program().live.chain.readings.energy_wh, 0) << button;
     click(button);
-    EXPECT_EQ(program().readings.energy_wh, 0) << button;
+    EXPECT_EQ(program().live.chain.readings.energy_wh, 0) << button;
     EXPECT_EQ(values("WH_sys VAH_sys VARH_sys PFH_sys W_MD VA_MD W_AD VA_AD"),
               "0.0|0.0 |0.0|0.00|------|------|||")
         << button;
@@ -98,12 +100,12 @@ TEST_F(SettingsTest, TheExchangeLastsUntilTheBoxesAreFilledAgain) {
   bool ran = false;
   click_after(0, "set_ct");
   world.user_does(0.2, [&] {
-    ran = companion->exchange_runs();
+    ran = program().link.gate.busy();
     type("md_value", "99");
   });
   world.run_for(30);
   EXPECT_TRUE(ran);
-  EXPECT_FALSE(companion->exchange_runs());
+  EXPECT_FALSE(program().link.gate.busy());
   EXPECT_EQ(values("md"), "15|");
 }
 
@@ -129,7 +131,7 @@ TEST_F(SettingsTest, OnlyPtLetsEventsThroughAndOnlyOnce) {
 TEST(SettingsAtMidnight, AWaitBeginsAnewAndNothingIsLost) {
   Journey late(86400 - 16.0);
   late.start_on_port(1);  // 11 s
-  late.program().screen.meter_rec["ct_value"].text = "12";
+  late.program().shared.meter_rec.set_text("ct_value", "12");
   late.click_after(2, "set_ct");
   late.world.user_closes(3, [&] { EXPECT_EQ(late.text("status_hint"), "Sending CT to the meter..."); });
   late.world.run_for(40);

@@ -1,4 +1,4 @@
-#include "companion_test_base.h"
+#include "program_test_base.h"
 
 namespace halden {
 namespace {
@@ -13,7 +13,7 @@ TEST_F(StartUp, WithoutAConfiguredPortTheUserIsToldAndTheWindowIsShown) {
   EXPECT_TRUE(window().visible());
   EXPECT_FALSE(world.timer1.enabled() || world.timer2.enabled());
   EXPECT_EQ(port.state(), PortState::closed);
-  EXPECT_EQ(program().link.port_ready, 0);
+  EXPECT_EQ(program().link.state.port_ready, 0);
   EXPECT_EQ(text("Label1_5"), "11/22/2026");
   EXPECT_EQ(text("comm_port"), "COM");
   EXPECT_EQ(text("status_link"), "no port");
@@ -26,7 +26,7 @@ TEST_F(StartUp, TheStoredPortIsOpenedAskedAndPolledBehindTheSplash) {
   meter.settings().clock_start = {2026, 5, 12, 9, 30, 0};
   const Window* splash = nullptr;
   world.user_does(4.5, [&] {
-    splash = &companion->screen().chkspeed;
+    splash = &window("CHKSPEED");
     EXPECT_TRUE(splash->visible());
     EXPECT_EQ(splash->caption(), "Status");
     EXPECT_EQ((*splash)["Text1"].text, "Working, please wait");
@@ -43,9 +43,9 @@ TEST_F(StartUp, TheStoredPortIsOpenedAskedAndPolledBehindTheSplash) {
   EXPECT_EQ(text("power_system"), "3P4W");
   EXPECT_EQ(values("HZ ct pt sec md"), "60|20|1|2|15|");
   // The simulated meter's clock runs from the moment it is first spoken to.
-  EXPECT_EQ(companion->screen().logger["Text1_1"].text, "2026-05-12");
-  EXPECT_EQ(companion->screen().logger["Text1_2"].text.substr(0, 6), "09:30:");
-  EXPECT_EQ(program().link.port_ready, 1);
+  EXPECT_EQ(window("Logger")["Text1_1"].text, "2026-05-12");
+  EXPECT_EQ(window("Logger")["Text1_2"].text.substr(0, 6), "09:30:");
+  EXPECT_EQ(program().link.state.port_ready, 1);
   // 1 s after opening, 3 + 1 s before "?", 5 s for the reply, 1 s before the first live request.
   EXPECT_NEAR(now_s(), 11.0, 0.05);
   EXPECT_EQ(received(), "? ");
@@ -99,7 +99,7 @@ TEST_F(StartUp, AnUnreadableConfigurationIsNoMissingOne) {
                                {"work/language.pha", FileFailure::forbidden}};
   start();
   EXPECT_EQ(world.dialogs.message_texts(), Texts{"Users select comm port  is not available"});
-  EXPECT_EQ(program().link.language, 0);
+  EXPECT_EQ(program().link.state.language, Language::english);
 }
 
 TEST_F(StartUp, TheFirstCharacterOfTheLanguageFileDecides) {
@@ -124,9 +124,9 @@ TEST_F(StartUp, ASilentMeterIsReportedAndPollingGoesOn) {
   start_on_port(1);
   EXPECT_EQ(world.dialogs.message_texts(), Texts{status_failed});
   EXPECT_TRUE(window().visible());
-  EXPECT_FALSE(companion->screen().chkspeed.visible());
+  EXPECT_FALSE(window("CHKSPEED").visible());
   EXPECT_EQ(text("ct_value"), "") << "designer value";
-  EXPECT_EQ(program().status.ct_ratio, 1);
+  EXPECT_EQ(program().link.status.ct_ratio, 1);
   EXPECT_TRUE(world.timer2.enabled());
   meter.faults().silence = false;
   world.run_for(3);

@@ -1,4 +1,4 @@
-#include "screen/columns.h"
+#include "screen/meter_rec/columns.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "screen/main_window.h"
-#include "screen/panels.h"
+#include "screen/meter_rec/main_window.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 std::vector<Panel> column_panels() {
   std::vector<Panel> panels = {line_panel(0), line_panel(1), line_panel(2)};
   for (const PhaseQuantity quantity : phase_quantities)
-    for (int phase = 0; phase < phase_count; ++phase) panels.push_back(phase_panel(quantity, phase));
+    for (std::size_t phase = 0; phase < phase_count; ++phase) panels.push_back(phase_panel(quantity, phase));
   panels.insert(panels.end(), unbalance_panels().begin(), unbalance_panels().end());
   return panels;
 }
@@ -66,7 +66,7 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
   Window window = make_main_window();
   const LabelColumns columns = read_label_columns(window);
   for (const auto& turn : in_turn) {
-    arrange_for_system(turn.system, window, columns);
+    arrange_for_system(static_cast<Wiring>(turn.system), window, columns);
     EXPECT_EQ(shown(window), turn.shown) << turn.system;
     EXPECT_EQ(lefts(window), turn.lefts) << turn.system;
   }
@@ -76,9 +76,10 @@ TEST(Columns, AnItemIsAsWideAsTheColumnItStandsInAndComesBack) {
   Window window = make_main_window();
   const Window designed = window;
   const LabelColumns columns = read_label_columns(window);
-  arrange_for_system(2, window, columns);
+  arrange_for_system(Wiring::w3p3w, window, columns);
   EXPECT_EQ(window["V12_value"].width, window["VA1_value"].width);
-  for (const int system : {0, 1, 3}) arrange_for_system(system, window, columns);
+  for (const Wiring system : {Wiring::w1p2w, Wiring::w1p3w, Wiring::w3p4w})
+    arrange_for_system(system, window, columns);
   for (const Panel& panel : column_panels()) {
     EXPECT_EQ(window[panel.value].left, designed[panel.value].left) << panel.value;
     EXPECT_EQ(window[panel.value].width, designed[panel.value].width) << panel.value;

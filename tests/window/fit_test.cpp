@@ -4,11 +4,11 @@
 #include <QAbstractButton>
 #include <QFontMetricsF>
 
-#include "live/ui/phasor_diagram.h"
-#include "live/ui/phasor_form.h"
-#include "meter_rec_fixture.h"
-#include "screen/captions.h"
-#include "screen/panels.h"
+#include "form_fixture.h"
+#include "live/phasors/phasor_form.h"
+#include "live/phasors/ui/phasor_diagram.h"
+#include "live/phasors/ui/phasor_form.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -28,7 +28,7 @@ void expect_fits(const QWidget* shown, const std::string& where) {
 struct FitTest : MeterRecTest {
   void fill_with_widest() {
     for (const DesignedControl& designed : main_window_design())
-      if (!designed.widest.empty()) values[designed.name].text = designed.widest;
+      if (!designed.widest.empty()) values.set_text(designed.name, designed.widest);
   }
 
   void expect_nothing_clipped(const std::string& where) {
@@ -43,22 +43,26 @@ struct FitTest : MeterRecTest {
 TEST_F(FitTest, NoTextIsClippedAtAnySize) {
   fill_with_widest();
   for (const auto& panels : {harmonic_cursor_panels(), wave_summary_panels()})
-    for (const Panel& panel : panels) values[panel.value].visible = values[panel.label].visible = true;
+    for (const Panel& panel : panels) {
+      values.set_visible(panel.value, true);
+      values.set_visible(panel.label, true);
+    }
   for (const char* hidden : {"hold", "Warning", "record_button", "Harmo_Graph1"})
-    values[hidden].visible = true;
-  values["Label1_1"].text = "3600.0 SEC";
-  values["Label1_3"].text = "12:30:44";
-  values["Label1_5"].text = "2026-11-22";
-  for (const std::int16_t language : {english, chinese}) {
-    apply_captions(language, screen);
-    values["PQA_mode"].text = language == chinese ? "諧波與波形" : "Harmo. and Waveform";
-    values["power_system"].text = language == chinese ? "三相四線" : "3P4W";
+    values.set_visible(hidden, true);
+  values.set_text("Label1_1", "3600.0 SEC");
+  values.set_text("Label1_3", "12:30:44");
+  values.set_text("Label1_5", "2026-11-22");
+  for (const Language language : {Language::english, Language::chinese}) {
+    values.apply_captions(language);
+    values.set_text("PQA_mode", language == Language::chinese ? "諧波與波形" : "Harmo. and Waveform");
+    values.set_text("power_system", language == Language::chinese ? "三相四線" : "3P4W");
     for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1024, 1400), QSize(3840, 2160)})
-      for (int system = 0; system <= 3; ++system) {
+      for (const Wiring system : {Wiring::w1p2w, Wiring::w1p3w, Wiring::w3p3w, Wiring::w3p4w}) {
         arrange_for_system(system, values, columns);
         resize(size.width(), size.height());
         expect_nothing_clipped(" in " + std::to_string(size.width()) + "x" + std::to_string(size.height()) +
-                               " language " + std::to_string(language) + " system " + std::to_string(system));
+                               " language " + std::to_string(static_cast<int>(language)) + " system " +
+                               std::to_string(static_cast<int>(system)));
       }
   }
 }
@@ -76,7 +80,7 @@ TEST_F(FitTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
   EXPECT_GT(widget("V12_value")->parentWidget()->height(), 2 * panel.height());
   resize(2048, 1400);
   EXPECT_GE(digits("VAR1_value"), 2 * small - 2);
-  for (int phase = 0; phase < phase_count; ++phase)
+  for (std::size_t phase = 0; phase < phase_count; ++phase)
     for (const PhaseQuantity quantity : phase_quantities)
       EXPECT_EQ(digits(phase_panel(quantity, phase).value), digits("V12_value"));
   for (const Panel& panel : system_panels()) EXPECT_EQ(digits(panel.value), digits("W_sys_value"));
@@ -85,40 +89,41 @@ TEST_F(FitTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
 TEST_F(FitTest, ATextLongerThanExpectedShrinksAlone) {
   resize(1024, 700);
   const int usual = digits("W2_value");
-  values["W1_value"].text = "-123456.789KW";
-  rec.show_changes();
+  values.set_text("W1_value", "-123456.789KW");
+  form.show_changes();
   EXPECT_LT(digits("W1_value"), usual);
   EXPECT_EQ(digits("W2_value"), usual);
   expect_nothing_clipped(" with a long text");
-  values["W1_value"].text = "1.000KW";
-  rec.show_changes();
+  values.set_text("W1_value", "1.000KW");
+  form.show_changes();
   EXPECT_EQ(digits("W1_value"), usual);
 }
 
-TEST(PhasorFit, NoTextIsClippedAtAnySize) {
-  apply_to_application(Look::light);
-  Window values = make_phasor_form();
-  PhasorForm form(values, {[](std::string_view) {}, [] {}, [] {}, [] { return false; }}, Look::light);
+struct PhasorFit : FormTest {
+  PhasorFit() : FormTest(make_phasor_form(), phasor_form_design()) {}
+};
+
+TEST_F(PhasorFit, NoTextIsClippedAtAnySize) {
   std::vector<std::string_view> names;
   for (const PhasorButton& button : phasor_buttons()) names.push_back(button.name);
   for (const PhasorPair& pair : phasor_pairs()) {
     names.insert(names.end(), {pair.caption_name, pair.value});
-    values[pair.value].text = "-000.0";
+    values.set_text(pair.value, "-000.0");
   }
   for (const Panel& panel : phasor_panels()) {
     names.insert(names.end(), {panel.label, panel.value});
-    values[panel.value].text = "000.0KV";
+    values.set_text(panel.value, "000.0KV");
   }
   // Both ways a label can extend from the outermost ring, at the height of the origin.
   for (const PhasorVector& vector : phasor_vectors()) {
-    Control& label = values[vector.label];
+    Place label = values[vector.label];
     const bool leftward = vector.phase == 1;
-    label.text = widest_vector_label;
-    label.tag = leftward ? right_end_tag : "";
     label.left = leftward ? 7480 - 2600 - label.width : 7480 + 2600;
     label.top = 3560;
+    values.set_place(vector.label, label);
+    values.set_text(vector.label, widest_vector_label);
+    values.set_tag(vector.label, leftward ? right_end_tag : "");
   }
-  values.show();
   form.show_changes();
   for (const QSize size : {QSize(800, 560), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
     form.resize(size);

@@ -11,8 +11,8 @@
 #include <array>
 
 #include "../platform/qt_events.h"
-#include "meter_rec_fixture.h"
-#include "screen/panels.h"
+#include "form_fixture.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -26,9 +26,9 @@ TEST_F(MeterRecTest, ValuesShowUnderTheirQuantity) {
       {"W_sys_value", "8.338KW", "W (SYS)"}, {"d0_v_value", "0.21%", "d0% (V, ZERO)"},
       {"RMS_value", "230.1V", "RMS"},        {"power_system", "三相四線", "System"},
       {"Label1_3", "12:30:44", "Time"},      {"ct_value", "100", "CT"}};
-  values["V12_label"].text = "線電壓";
-  for (const auto& [control, text, quantity] : rows) values[control].text = text;
-  rec.show_changes();
+  values.set_text("V12_label", "線電壓");
+  for (const auto& [control, text, quantity] : rows) values.set_text(control, text);
+  form.show_changes();
   for (const auto& [control, text, quantity] : rows) {
     QAccessibleInterface* const reading = QAccessible::queryAccessibleInterface(widget(control));
     EXPECT_EQ(from_qt(reading->text(QAccessible::Name)), quantity);
@@ -41,12 +41,12 @@ TEST_F(MeterRecTest, PanelsMoveAndHideWithTheirColumn) {
   const auto place = [this](const char* value) { return widget(value)->parentWidget()->geometry(); };
   const QRect designed = place("V1_value");
   const QRect va_column = place("VA1_value");
-  arrange_for_system(0, values, columns);
-  rec.show_changes();
+  arrange_for_system(Wiring::w1p2w, values, columns);
+  form.show_changes();
   EXPECT_EQ(place("V1_value"), va_column);
   EXPECT_FALSE(widget("V2_value")->parentWidget()->isVisible());
-  arrange_for_system(3, values, columns);
-  rec.show_changes();
+  arrange_for_system(Wiring::w3p4w, values, columns);
+  form.show_changes();
   EXPECT_EQ(place("V1_value"), designed);
   EXPECT_TRUE(widget("V2_value")->isVisible());
 }
@@ -59,10 +59,10 @@ TEST_F(MeterRecTest, ChartCoversThePowerPanelsWhileItIsShown) {
     return panel->isAncestorOf(on_top) || panel == on_top;
   };
   for (const bool chart : {false, true}) {
-    values["Harmo_Graph1"].visible = chart;
+    values.set_visible("Harmo_Graph1", chart);
     for (const Panel& cursor : harmonic_cursor_panels())
-      values[cursor.value].visible = values[cursor.label].visible = chart;
-    rec.show_changes();
+      for (const std::string& name : {cursor.value, cursor.label}) values.set_visible(name, chart);
+    form.show_changes();
     for (const DesignedControl& designed : main_window_design()) {
       if (designed.kind != ControlKind::value || !values[designed.name].visible) continue;
       EXPECT_EQ(is_on_top(designed.name), !chart || designed.name.starts_with("har_")) << designed.name;
@@ -74,16 +74,16 @@ TEST_F(MeterRecTest, ChartCoversThePowerPanelsWhileItIsShown) {
 
 // Entries that cannot be chosen stand in brackets.
 TEST_F(MeterRecTest, MenusShowTheirEntries) {
-  values["comm_port"].text = "COM 12";
-  values["port_number_16"].tooltip = "/dev/rfcomm3";
-  rec.show_changes();
+  values.set_text("comm_port", "COM 12");
+  values.set_tooltip("port_number_16", "/dev/rfcomm3");
+  form.show_changes();
   const auto entries = [](const QWidget& menu) {
     std::string all;
     for (const QAction* entry : menu.actions())
       all += entry->isEnabled() ? from_qt(entry->text()) + " " : "(" + from_qt(entry->text()) + ") ";
     return all;
   };
-  EXPECT_EQ(entries(*rec.menuBar()), "File Harmonics Waveform (Datalogger) Option &Help ");
+  EXPECT_EQ(entries(*form.menuBar()), "File Harmonics Waveform (Datalogger) Option &Help ");
   EXPECT_EQ(entries(*menu("zmenu")),
             "&Create Data File (&Start Recording) (&End Recording) (&View File) (&Plot Power Data) "
             "(Plot &Harmonics) (Plot &Waveform) (Plot &Hardcopy) E&xit ");
@@ -93,16 +93,16 @@ TEST_F(MeterRecTest, MenusShowTheirEntries) {
 }
 
 TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
-  values["port_number_3"].checked = true;
-  values["set_ct"].enabled = false;
-  values["HScroll1"].maximum = 51;
-  values["HScroll1"].value = 7;
-  rec.show_changes();
+  values.set_checked("port_number_3", true);
+  values.set_enabled("set_ct", false);
+  values.set_range("HScroll1", 0, 51);
+  values.set_value("HScroll1", 7);
+  form.show_changes();
   for (const char* entry : {"port_number_3", "port_number_12"}) action(entry)->trigger();
   EXPECT_TRUE(action("port_number_3")->isChecked());
   EXPECT_FALSE(action("port_number_12")->isChecked());
-  values["port_number_3"].checked = false;
-  rec.show_changes();
+  values.set_checked("port_number_3", false);
+  form.show_changes();
   EXPECT_FALSE(action("port_number_3")->isChecked());
   menu("comm_port")->popup(QPoint(0, 0));
   menu("comm_port")->close();
@@ -119,15 +119,16 @@ TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
   bar->triggerAction(QAbstractSlider::SliderToMaximum);
   EXPECT_EQ(values["HScroll1"].value, 51);
   EXPECT_EQ(clicks, (Clicks{"port_number_3", "port_number_12", "comm_port", "get_hz", "Command3D1",
-                            "Label1_0", "Label1_3", "HScroll1", "HScroll1"}));
-  EXPECT_FALSE(rec.close());
-  EXPECT_TRUE(rec.isVisible());
+                            "Label1_0", "Label1_3"}));
+  EXPECT_EQ(changes, (Clicks{"HScroll1", "HScroll1"}));
+  EXPECT_FALSE(form.close());
+  EXPECT_TRUE(form.isVisible());
   EXPECT_EQ(closes, 1);
 }
 
 TEST_F(MeterRecTest, KeysReachEverything) {
   for (const char* keys : {"F5", "Ctrl+P", "F10"})
-    for (QShortcut* shortcut : rec.findChildren<QShortcut*>())
+    for (QShortcut* shortcut : form.findChildren<QShortcut*>())
       if (shortcut->key() == QKeySequence(QLatin1String(keys))) Q_EMIT shortcut->activated();
   EXPECT_EQ(clicks, (Clicks{"get_hz", "Command3D1", "zmenu"}));
   EXPECT_TRUE(menu("zmenu")->isVisible());
@@ -148,33 +149,33 @@ TEST_F(MeterRecTest, OnlySettingsCanBeTypedAndEnterSendsThemButNotDuringALongWai
   auto* const box = static_cast<QLineEdit*>(widget("pt_value"));
   EXPECT_EQ(static_cast<QLineEdit*>(widget("W1_value"))->text(), QString());
   EXPECT_EQ(values["pt_value"].text, "1234567890") << "each further character would hold the program up";
-  rec.refuse_typing();
+  form.set_typing(Typing::refused);
   for (const int key : {Qt::Key_Backspace, Qt::Key_Return}) press("pt_value", key);
   EXPECT_EQ(values["pt_value"].text, "1234567890");
   EXPECT_EQ(clicks, Clicks{});
-  rec.take_typing();
+  form.set_typing(Typing::taken);
   box->setCursorPosition(1);
-  values["ct_value"].text = "40";
-  rec.show_changes();  // nothing is written into the box while the user is in it
+  values.set_text("ct_value", "40");
+  form.show_changes();  // nothing is written into the box while the user is in it
   for (const int key : {Qt::Key_Backspace, Qt::Key_Return}) press("pt_value", key);
   EXPECT_EQ(values["pt_value"].text, "234567890");
   EXPECT_EQ(clicks, Clicks{"set_pt"});
-  values["pt_value"].text = "7";
-  rec.show_changes();
+  values.set_text("pt_value", "7");
+  form.show_changes();
   EXPECT_EQ(box->text(), QStringLiteral("7"));
 }
 
 TEST_F(MeterRecTest, ShowingAndASettledDragAreToldOnceEachWhenTheLogicIsFree) {
-  busy = true;
+  input.is_busy = true;
   run_events_for(500);
   EXPECT_EQ(resizes, 0);
-  busy = false;
+  input.is_busy = false;
   ASSERT_TRUE(run_events_until([this] { return resizes == 1; }));
   for (int width = 1100; width < 1200; width += 20) resize(width, 760);
   EXPECT_EQ(resizes, 1);
   ASSERT_TRUE(run_events_until([this] { return resizes == 2; }));
-  arrange_for_system(0, values, columns);
-  rec.show_changes();
+  arrange_for_system(Wiring::w1p2w, values, columns);
+  form.show_changes();
   run_events_for(400);  // neither our own re-arranging nor the end of the drag is told again
   EXPECT_EQ(resizes, 2);
 }
@@ -189,13 +190,13 @@ TEST(Mirror, TouchesWhatDiffersAndSaysWhenPlaceOrVisibilityChanged) {
   }
   EXPECT_TRUE(mirror.show_changes());
   for (int time = 0; time < 2; ++time) {
-    window["two"].text = "new";
+    window.set_text("two", "new");
     EXPECT_FALSE(mirror.show_changes());
   }
   EXPECT_EQ(shown, "one two two ");
-  window["one"].left = 15;
+  window.set_place("one", {15, 0, 0, 0});
   EXPECT_TRUE(mirror.show_changes());
-  window["one"].visible = false;
+  window.set_visible("one", false);
   EXPECT_TRUE(mirror.show_changes());
 }
 

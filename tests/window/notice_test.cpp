@@ -9,8 +9,9 @@
 #include "app/ui/demo_panel.h"
 #include "app/ui/notice_window.h"
 #include "app/ui/status_row.h"
-#include "meter_rec_fixture.h"
+#include "form_fixture.h"
 #include "platform/virtual/virtual_world.h"
+#include "screen/windows.h"
 #include "simulator/simulated_port.h"
 
 namespace halden {
@@ -18,34 +19,35 @@ namespace halden {
 namespace {
 
 TEST_F(MeterRecTest, NoticeSaysWhatTheValuesSayAndLeavesTheUserAlone) {
-  NoticeWindow notice(screen.chkspeed, rec, Look::light);
+  Window said = make_notice_window();
+  NoticeWindow notice(said, form, Look::light);
   notice.show_changes();
   EXPECT_FALSE(notice.isVisible());
-  screen.chkspeed.set_caption("Status");
-  screen.chkspeed["Text1"].text = "Working";
-  screen.chkspeed.show();
+  said.set_caption("Status");
+  said.set_text("Text1", "Working");
+  said.show();
   notice.show_changes();
   EXPECT_EQ(notice.windowTitle(), QStringLiteral("Status"));
   EXPECT_EQ(notice.findChild<QLineEdit*>(QStringLiteral("Text1"))->text(), QStringLiteral("Working"));
   EXPECT_FALSE(notice.isModal());
   EXPECT_TRUE(notice.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
   EXPECT_TRUE(notice.testAttribute(Qt::WA_ShowWithoutActivating));
-  EXPECT_TRUE(rec.geometry().contains(notice.geometry()));
+  EXPECT_TRUE(form.geometry().contains(notice.geometry()));
   EXPECT_FALSE(notice.close());
   EXPECT_TRUE(notice.isVisible());
-  screen.chkspeed.hide();
+  said.hide();
   notice.show_changes();
   EXPECT_FALSE(notice.isVisible());
 }
 
 TEST_F(MeterRecTest, ALongHintInTheStatusLineDoesNotWidenTheWindow) {
-  const int usual_width = rec.width();
+  const int usual_width = form.width();
   const std::string text(400, 'x');
-  values["status_hint"].text = text;
-  rec.show_changes();
+  values.set_text("status_hint", text);
+  form.show_changes();
   QWidget* const hint = widget("status_hint");
-  EXPECT_LE(hint->geometry().right(), rec.width());
-  EXPECT_EQ(rec.width(), usual_width);
+  EXPECT_LE(hint->geometry().right(), form.width());
+  EXPECT_EQ(form.width(), usual_width);
   QHelpEvent hover(QEvent::ToolTip, QPoint(2, 2), hint->mapToGlobal(QPoint(2, 2)));
   QCoreApplication::sendEvent(hint, &hover);
   EXPECT_EQ(hint->toolTip(), to_qt(text));
@@ -53,7 +55,7 @@ TEST_F(MeterRecTest, ALongHintInTheStatusLineDoesNotWidenTheWindow) {
 
 // Which pixels are marked at all, whatever their colour.
 QImage shape_of(const char* tag) {
-  LinkLight light;
+  LinkLight light(theme(Look::light));
   light.set_mark(link_mark(tag));
   QImage image(light.size(), QImage::Format_ARGB32);
   image.fill(Qt::transparent);
@@ -90,20 +92,21 @@ TEST(Colours, PanelsFollowTheLookAndPaperIsLightAndOpensNoWindow) {
   const std::array light = {QStringLiteral("#eef0f2"), QStringLiteral("#047857"), QStringLiteral("#ffffff")};
   for (const Look look : {Look::dark, Look::light}) {
     apply_to_application(look);
-    Screen screen;
-    screen.meter_rec.show();
-    MeterRec rec(screen.meter_rec, {[](std::string_view) {}, [] {}, [] {}}, look);
-    rec.show_changes();
-    const QWidget* const panel = rec.findChild<QWidget*>(QStringLiteral("V2_value"))->parentWidget();
+    Window values = make_main_window();
+    values.show();
+    DirectInput input;
+    FormWindow form(values, input, meter_rec_design(), look);
+    form.show_changes();
+    const QWidget* const panel = form.findChild<QWidget*>(QStringLiteral("V2_value"))->parentWidget();
     const auto& shown = look == Look::dark ? dark : light;
-    EXPECT_EQ(colours(rec.grab().toImage(), *panel, rec), shown);
+    EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
     ShownWindows others;
     qApp->installEventFilter(&others);
-    const QImage paper = rec.paper_image();
+    const QImage paper = form.paper_image();
     EXPECT_EQ(others.count, 0);
-    EXPECT_EQ(paper.deviceIndependentSize().toSize(), rec.size());
-    EXPECT_EQ(colours(paper, *panel, rec), light);
-    EXPECT_EQ(colours(rec.grab().toImage(), *panel, rec), shown);
+    EXPECT_EQ(paper.deviceIndependentSize().toSize(), form.size());
+    EXPECT_EQ(colours(paper, *panel, form), light);
+    EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
   }
 }
 

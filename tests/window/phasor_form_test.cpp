@@ -8,38 +8,23 @@
 #include <QShortcut>
 
 #include "../platform/qt_events.h"
-#include "live/ui/phasor_diagram.h"
-#include "live/ui/phasor_form.h"
+#include "form_fixture.h"
+#include "live/phasors/phasor_form.h"
+#include "live/phasors/ui/phasor_diagram.h"
+#include "live/phasors/ui/phasor_form.h"
 
 namespace halden {
 
 namespace {
 
-struct PhasorFormTest : testing::Test {
-  PhasorFormTest() {
-    apply_to_application(Look::light);
-    values.show();
-    form.show_changes();
-  }
-
-  PhasorFormEvents events() {
-    return {[this](std::string_view control) { clicks.emplace_back(control); }, [this] { ++resizes; },
-            [this] { ++closes; }, [] { return false; }};
-  }
-
-  QWidget* widget(std::string_view name) { return form.findChild<QWidget*>(to_qt(name)); }
-
-  Window values = make_phasor_form();
-  std::vector<std::string> clicks;
-  int resizes = 0;
-  int closes = 0;
-  PhasorForm form{values, events(), Look::light};
+struct PhasorFormTest : FormTest {
+  PhasorFormTest() : FormTest(make_phasor_form(), phasor_form_design()) {}
 };
 
 TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
-  values["VUR_label"].visible = values["VUR_value"].visible = false;
-  values["In_label"].text = "In";
-  values["v1_vector_label"].text = "V1 < 230.1V, 0.0 >";
+  for (const char* name : {"VUR_label", "VUR_value"}) values.set_visible(name, false);
+  values.set_text("In_label", "In");
+  values.set_text("v1_vector_label", "V1 < 230.1V, 0.0 >");
   form.show_changes();
   EXPECT_FALSE(widget("VUR_value")->isVisible());
   EXPECT_EQ(widget("In_value")->accessibleName(), QStringLiteral("In"));
@@ -62,9 +47,9 @@ TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
 // units lower, most of a line's 280, and V31 beside them.
 TEST_F(PhasorFormTest, ALabelBehindAnotherOneIsListedInTheCorner) {
   const auto put = [this](const char* label, float left, float top) {
-    values[label].text = std::string(label, 2);
-    values[label].left = left;
-    values[label].top = top;
+    values.set_text(label, std::string(label, 2));
+    const Place& now = values[label];
+    values.set_place(label, {left, top, now.width, now.height});
   };
   put("v1_vector_label", 9530, 3560);
   put("i1_vector_label", 9530, 3600);

@@ -14,12 +14,12 @@ constexpr std::int16_t missed_polls_before_request = 3;  // the next missed tick
 
 // In the order of PowerQuantity. P, S and Q are the file's names of W, VA and VAR.
 constexpr std::array<std::string_view, power_quantity_count> panels = {
-    "V12_value",    "V23_value",    "V31_value",     "V1_value",      "V2_value",     "V3_value",
-    "I1_value",     "I2_value",     "I3_value",      "W1_value",      "W2_value",     "W3_value",
-    "VA1_value",    "VA2_value",    "VA3_value",     "VAR1_value",    "VAR2_value",   "VAR3_value",
-    "PF1_value",    "PF2_value",    "PF3_value",     "Phase1_value",  "Phase2_value", "Phase3_value",
-    "W_sys_value",  "VA_sys_value", "VAR_sys_value", "PF_sys_value",  "WH_sys_value", "VAH_sys_value",
-    "VARH_sys_value", "PFH_sys_value", "W_AD_value", "VA_AD_value",   "W_MD_value",   "VA_MD_value"};
+    "V12_value",      "V23_value",     "V31_value",     "V1_value",     "V2_value",     "V3_value",
+    "I1_value",       "I2_value",      "I3_value",      "W1_value",     "W2_value",     "W3_value",
+    "VA1_value",      "VA2_value",     "VA3_value",     "VAR1_value",   "VAR2_value",   "VAR3_value",
+    "PF1_value",      "PF2_value",     "PF3_value",     "Phase1_value", "Phase2_value", "Phase3_value",
+    "W_sys_value",    "VA_sys_value",  "VAR_sys_value", "PF_sys_value", "WH_sys_value", "VAH_sys_value",
+    "VARH_sys_value", "PFH_sys_value", "W_AD_value",    "VA_AD_value",  "W_MD_value",   "VA_MD_value"};
 
 PowerTexts shown_texts(const Window& meter_rec) {
   PowerTexts texts;

@@ -57,7 +57,7 @@ class PowerView : public LiveView {
   PowerFrameListener& listener_;
   Window& window_;
   PowerMonitor monitor_;
-  std::string stalled_;  // poll_buffer after the last tick that found no last group
+  std::string stalled_;      // poll_buffer after the last tick that found no last group
   std::string header_line_;  // the column names of the last known wiring system
 };
 

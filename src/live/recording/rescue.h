@@ -17,8 +17,8 @@ class Rescue {
   // Folders in UTF-8.
   Rescue(Files& files, std::string work_folder, std::string temporary_folder);
 
-  // Appends the file's header lines and all that waits to the rescue file of that kind; each has its own. The path, or nothing
-  // when neither folder can be written: everything still waits then.
+  // Appends the file's header lines and all that waits to the rescue file of that kind; each has its own. The
+  // path, or nothing when neither folder can be written: everything still waits then.
   std::optional<std::string> save(DataFile& file, RecordKind kind);
 
   // The rescue files that are there.

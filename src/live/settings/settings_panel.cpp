@@ -72,8 +72,8 @@ Afterwards SettingsPanel::send(const SettingNames& names) {
 void SettingsPanel::tell_sending(const SettingNames& names) {
   const bool chinese = link_.state.language == Language::chinese;
   const std::string caption(names.caption);
-  window_.set_text(status_hint, chinese ? "正在傳送 " + caption + " 至電表…"
-                                        : "Sending " + caption + " to the meter...");
+  window_.set_text(status_hint,
+                   chinese ? "正在傳送 " + caption + " 至電表…" : "Sending " + caption + " to the meter...");
 }
 
 void SettingsPanel::send_value(Setting setting, const std::string& text) {

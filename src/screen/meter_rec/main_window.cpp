@@ -42,7 +42,6 @@ constexpr std::array captions = {
     Caption{"energy_heading", {"Energy and demand", "電能與需量"}},
 };
 
-
 struct Box {
   int left, top, width, height;  // design pixels
 };
@@ -151,7 +150,8 @@ void design_settings(Designer& to) {
   for (const SettingNames& setting : meter_settings) {
     const int row_top = top + pitch * setting.row;
     const std::string button(setting.button);
-    to.place({button, ControlKind::button, -1, {}, {}}, {left, row_top, 58, 32}, std::string(setting.caption));
+    to.place({button, ControlKind::button, -1, {}, {}}, {left, row_top, 58, 32},
+             std::string(setting.caption));
     to.place({std::string(setting.box), ControlKind::edit_box, -1, {}, button},
              {left + 66, row_top, width - 66, 32}, "");
   }

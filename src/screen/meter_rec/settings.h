@@ -11,8 +11,8 @@ enum class Setting { ct, pt, md, sec, hz };
 
 struct SettingNames {
   Setting setting;
-  std::string_view letter;   // begins the command that sends it
-  std::string_view box;      // the edit box and the button beside it
+  std::string_view letter;  // begins the command that sends it
+  std::string_view box;     // the edit box and the button beside it
   std::string_view button;
   std::string_view caption;  // of the button
   int row;                   // where both stand in the panel, from above

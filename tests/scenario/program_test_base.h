@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "app/companion.h"
 #include "app/program.h"
 #include "platform/program_end.h"
 #include "platform/virtual/virtual_world.h"
@@ -27,9 +26,9 @@ struct Journey {
 
   // Starts the program with what the working folder holds at that moment.
   void start(int first_port = 0) {
-    companion = std::make_unique<Companion>(world.platform(port),
-                                            StartOptions{"work", "programs", "temp", first_port});
-    dispatch([this] { companion->start_up(); });
+    started =
+        std::make_unique<Program>(world.platform(port), StartOptions{"work", "programs", "temp", first_port});
+    dispatch([this] { program().desk.start_up(); });
   }
 
   void start_on_port(int number) {
@@ -38,13 +37,16 @@ struct Journey {
   }
 
   // Clicks and runs until what the click began is over.
-  void click(const std::string& control) { companion->click(control); }
-
-  void click_after(double seconds, const std::string& control) {
-    world.user_does(seconds, [this, control] { companion->click(control); });
+  void click(const std::string& control, const std::string& on = "MeterRec") {
+    window(on).click(control);
+    program().desk.refresh_status_line();
   }
 
-  const Window& window() const { return companion->screen().meter_rec; }
+  void click_after(double seconds, const std::string& control) {
+    world.user_does(seconds, [this, control] { click(control); });
+  }
+
+  Window& window(const std::string& name = "MeterRec") const { return started->shared.windows[name]; }
   const std::string& text(const std::string& control) const { return window()[control].text; }
   // The texts of the value panels with these names, "V1 I1", each followed by a bar.
   std::string values(const std::string& names) const {
@@ -55,7 +57,7 @@ struct Journey {
   }
 
   double now_s() const { return world.clock.monotonic_s(); }
-  Program& program() { return companion->program(); }
+  Program& program() { return *started; }
 
   // The bytes the meter received from this moment of virtual time on.
   std::string received(double from_s = 0) const {
@@ -78,7 +80,7 @@ struct Journey {
   VirtualWorld world;
   simulator::Meter meter;
   simulator::SimulatedPort port{world.clock, meter};
-  std::unique_ptr<Companion> companion;
+  std::unique_ptr<Program> started;
 };
 
 }  // namespace halden
