@@ -66,6 +66,18 @@ function(halden_qt_room name)
   target_compile_definitions(halden_${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 endfunction()
 
+# halden_program(NAME FOLDER dir USES rooms...): a program from the main.cpp of a folder.
+function(halden_program name)
+  cmake_parse_arguments(PROGRAM "" "FOLDER" "USES" ${ARGN})
+  set(main ${CMAKE_CURRENT_SOURCE_DIR}/${PROGRAM_FOLDER}/main.cpp)
+  add_executable(${name} ${main})
+  halden_check_includes(${name} ${PROGRAM_FOLDER} USES ${PROGRAM_USES} FILES ${main})
+  list(TRANSFORM PROGRAM_USES PREPEND halden_)
+  target_link_libraries(${name} PRIVATE ${PROGRAM_USES} halden_warnings CLI11::CLI11)
+  target_compile_definitions(${name} PRIVATE HALDEN_VERSION="${PROJECT_VERSION}")
+  install(TARGETS ${name} RUNTIME DESTINATION bin)
+endfunction()
+
 # halden_test(NAME [TIMEOUT s] USES rooms...): one test program from tests/NAME/*.cpp.
 function(halden_test name)
   cmake_parse_arguments(TEST "" "TIMEOUT" "USES" ${ARGN})

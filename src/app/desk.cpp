@@ -1,6 +1,6 @@
 #include "app/desk.h"
 
-#include <utility>
+#include <array>
 
 #include "app/about.h"
 #include "platform/dialogs.h"
@@ -20,27 +20,20 @@ constexpr std::array languages = {Language::english, Language::chinese};
 
 }  // namespace
 
-Desk::Desk(const Platform& platform, StartOptions options, Windows& windows, Window& meter_rec,
-           Window& notice, const LabelColumns& label_column_left, Link& link, SampleClock& sample_clock,
-           LiveMonitor& monitor, ViewSelection& views, Recording& recording)
+Desk::Desk(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live)
     : platform_(platform),
-      options_(std::move(options)),
-      windows_(windows),
-      meter_rec_(meter_rec),
-      notice_(notice),
-      label_column_left_(label_column_left),
+      options_(options),
+      shared_(shared),
+      meter_rec_(shared.meter_rec),
       link_(link),
-      sample_clock_(sample_clock),
-      views_(views),
-      recording_(recording),
-      configuration_(platform.files, options_.work_folder),
-      status_line_(platform, link.state, monitor.frame_rate(), recording, meter_rec),
-      port_choice_(platform, link, configuration_, status_line_, meter_rec) {
+      live_(live),
+      configuration_(platform.files, options.work_folder),
+      status_line_(platform, link.state, live.monitor.frame_rate(), live.recording, shared.meter_rec),
+      port_choice_(platform, link, configuration_, status_line_, shared.meter_rec) {
   connect();
 }
 
 void Desk::connect() {
-  port_choice_.connect();
   meter_rec_.on_click("quit", [this] { exit(); });
   meter_rec_.on_click("Command3D1", [this] { print_main_window(); });
   meter_rec_.on_click("HelpAbout", [this] {
@@ -52,10 +45,11 @@ void Desk::connect() {
     });
   for (const Language language : languages)
     link_.gate.connect(meter_rec_, entry_of(language), [this, language] { choose_language(language); });
-  meter_rec_.on_resize([this] { link_.gate.run("resize", [this] { views_.select_by_meter_mode(); }); });
+  meter_rec_.on_resize(
+      [this] { link_.gate.run("resize", [this] { live_.selection.select_by_meter_mode(); }); });
   meter_rec_.on_close(
       [this] {
-        recording_.rescue_waiting();
+        live_.recording.rescue_waiting();
         platform_.shell.end_program();
       },
       Closing::at_once);
@@ -63,12 +57,12 @@ void Desk::connect() {
 
 // Errors of a step never stop the next one: what can fail tells so by its result.
 void Desk::start_up() {
-  notice_.set_text("Text1", "");
-  sample_clock_.show_date();
+  shared_.notice.set_text("Text1", "");
+  live_.sample_clock.show_date();
   link_.polling.stop_polling();
-  arrange_for_system(link_.status.wiring_system, meter_rec_, label_column_left_);
+  arrange_for_system(link_.status.wiring_system, meter_rec_, shared_.label_column_left);
   link_.state.language = configuration_.read_language();
-  windows_.apply_captions(link_.state.language);
+  shared_.windows.apply_captions(link_.state.language);
   show_language();
   port_choice_.describe_ports();
   status_line_.refresh();
@@ -77,13 +71,13 @@ void Desk::start_up() {
   if (link_.status.pt_ratio == 0) link_.status.pt_ratio = 1;
   status_line_.refresh();
   meter_rec_.show();
-  recording_.tell_rescued();
+  live_.recording.tell_rescued();
 }
 
 void Desk::choose_language(Language language) {
   link_.exchange.run([&] {
     link_.state.language = language;
-    windows_.apply_captions(language);
+    shared_.windows.apply_captions(language);
     show_language();
     meter_rec_.set_text(status_hint, not_kept_hint(configuration_.write_language(language), language));
     return Afterwards::read_status;
@@ -96,10 +90,10 @@ void Desk::show_language() {
 }
 
 void Desk::exit() {
-  if (recording_.runs())
-    recording_.end_recording();
+  if (live_.recording.runs())
+    live_.recording.end_recording();
   else
-    recording_.settle_waiting();
+    live_.recording.settle_waiting();
   platform_.shell.end_program();
 }
 

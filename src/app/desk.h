@@ -2,33 +2,21 @@
 // the print of the main window.
 #pragma once
 
-#include <string>
-
 #include "app/configuration.h"
+#include "app/live.h"
 #include "app/port_choice.h"
+#include "app/shared.h"
+#include "app/start_options.h"
 #include "app/status_line.h"
 #include "link/link.h"
-#include "live/live_monitor.h"
-#include "live/recording/recording.h"
-#include "live/view_selection.h"
 #include "platform/platform.h"
-#include "screen/windows.h"
 
 namespace halden {
-
-struct StartOptions {
-  std::string work_folder = ".";     // holds language.pha and commport.dat
-  std::string program_folder = ".";  // holds help/
-  std::string temporary_folder;      // for recorded lines when the working folder cannot be written
-  int first_port = 0;                // the port to start with where there is no commport.dat; 0 asks for one
-};
 
 class Desk {
  public:
   // All outlive the desk. Connects the entries of the main window that no other room connects.
-  Desk(const Platform& platform, StartOptions options, Windows& windows, Window& meter_rec, Window& notice,
-       const LabelColumns& label_column_left, Link& link, SampleClock& sample_clock, LiveMonitor& monitor,
-       ViewSelection& views, Recording& recording);
+  Desk(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live);
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
 
@@ -45,16 +33,12 @@ class Desk {
   void exit();
   void print_main_window();
 
-  Platform platform_;
-  StartOptions options_;
-  Windows& windows_;
+  const Platform& platform_;
+  const StartOptions& options_;
+  Shared& shared_;
   Window& meter_rec_;
-  Window& notice_;
-  const LabelColumns& label_column_left_;
   Link& link_;
-  SampleClock& sample_clock_;
-  ViewSelection& views_;
-  Recording& recording_;
+  Live& live_;
   Configuration configuration_;
   StatusLine status_line_;
   PortChoice port_choice_;

@@ -14,16 +14,18 @@ namespace halden {
 
 class PortChoice {
  public:
+  // All outlive this. Connects the COM menu of the main window.
   PortChoice(const Platform& platform, Link& link, Configuration& configuration, StatusLine& status_line,
              Window& meter_rec)
       : platform_(platform),
         link_(link),
         configuration_(configuration),
         status_line_(status_line),
-        window_(meter_rec) {}
-
-  // The COM menu of the main window.
-  void connect();
+        window_(meter_rec) {
+    connect();
+  }
+  PortChoice(const PortChoice&) = delete;
+  PortChoice& operator=(const PortChoice&) = delete;
 
   // The last part of the start-up: opens the stored port (or `first_port` where none is stored), asks the
   // meter for its status and starts polling. Without a port, or when it does not open, the user is told and
@@ -37,6 +39,7 @@ class PortChoice {
   void describe_ports();
 
  private:
+  void connect();
   Afterwards try_stored(const std::string& stored);
   Afterwards try_chosen(int number);
   PortRefusal open(int number);

@@ -9,7 +9,7 @@ namespace halden {
 
 namespace {
 
-constexpr Text rate_unit = {" frames/s", " 筆/秒"};
+constexpr Text frames_per_second = {"{} frames/s", "{} 筆/秒"};
 
 }  // namespace
 
@@ -37,7 +37,7 @@ void StatusLine::refresh() {
   const Link now = link(rate);
   window_.set_text("status_link", now.text.in(state_.language));
   window_.set_tag("status_link", now.tag);
-  window_.set_text("status_rate", format_pattern(rate, "#0.0") + std::string(rate_unit.in(state_.language)));
+  window_.set_text("status_rate", frames_per_second.with(state_.language, {format_pattern(rate, "#0.0")}));
   window_.set_text("status_recording",
                    recording_status_text(recording_.state(), recording_.file(), state_.language));
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/dialogs.h"
+#include "platform/timer.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
@@ -29,14 +31,15 @@ std::string time_of_day_text(double seconds_since_midnight) {
          format_pattern(whole % 60, "#00");
 }
 
-void SampleClock::connect(Dialogs& dialogs) {
-  const auto ask = [this, &dialogs] { ask_sampling_time(dialogs); };
+SampleClock::SampleClock(const Platform& platform, Window& meter_rec)
+    : platform_(platform), window_(meter_rec) {
+  const auto ask = [this] { ask_sampling_time(); };
   window_.on_click("SampleRate", ask);
   for (int label = 0; label < clock_label_count; ++label) window_.on_click(element("Label1", label), ask);
 }
 
 void SampleClock::tick() {
-  const double now_s = clock_.seconds_since_midnight();
+  const double now_s = platform_.clock.seconds_since_midnight();
   show_date();
   const double sample_s = sample_time_s();
   if (sampling_instant_reached(sample_s)) mark_sampling_instant(now_s, sample_s);
@@ -68,21 +71,21 @@ void SampleClock::align(double now_s) {
   const int now_ms = static_cast<int>(round_half_even(now_s * 1000.0));
   int period_ms = clock_tick_ms - now_ms % clock_tick_ms;
   if (period_ms < shortest_period_ms) period_ms += clock_tick_ms;
-  timer_.set_period_ms(period_ms);
+  platform_.timer1.set_period_ms(period_ms);
 }
 
 void SampleClock::show_date() {
-  if (clock_.today() == shown_date_) return;
-  shown_date_ = clock_.today();
-  window_.set_text(date_label, clock_.short_date());
+  if (platform_.clock.today() == shown_date_) return;
+  shown_date_ = platform_.clock.today();
+  window_.set_text(date_label, platform_.clock.short_date());
 }
 
-void SampleClock::ask_sampling_time(Dialogs& dialogs) {
-  std::string answer = dialogs.input(prompt, title, format_pattern(sample_time_s(), "#0"));
+void SampleClock::ask_sampling_time() {
+  std::string answer = platform_.dialogs.input(prompt, title, format_pattern(sample_time_s(), "#0"));
   if (answer.empty()) return;
   if (const std::size_t comma = answer.find(','); comma != std::string::npos) answer[comma] = '.';
   const double typed_s = leading_number(answer);
-  if (typed_s < shortest_s) dialogs.message({"Sampling time must be > 2 seconds", "", Icon::none});
+  if (typed_s < shortest_s) platform_.dialogs.message({"Sampling time must be > 2 seconds", "", Icon::none});
   set_sampling_time(static_cast<std::int16_t>(std::clamp(typed_s, shortest_s, longest_s)));
 }
 

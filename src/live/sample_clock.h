@@ -6,19 +6,18 @@
 #include <string>
 
 #include "platform/clock.h"
-#include "platform/dialogs.h"
-#include "platform/timer.h"
+#include "platform/platform.h"
 #include "screen/window.h"
 
 namespace halden {
 
 class SampleClock {
  public:
-  SampleClock(const Clock& clock, Timer& timer1, Window& meter_rec)
-      : clock_(clock), timer_(timer1), window_(meter_rec) {}
-
-  // "Sample Rate" and a double click on a label of the clock ask for the sampling time.
-  void connect(Dialogs& dialogs);
+  // The window outlives the clock. "Sample Rate" and a double click on a label of the clock ask for the
+  // sampling time.
+  SampleClock(const Platform& platform, Window& meter_rec);
+  SampleClock(const SampleClock&) = delete;
+  SampleClock& operator=(const SampleClock&) = delete;
 
   void tick();
 
@@ -49,13 +48,12 @@ class SampleClock {
  private:
   // What lies outside the range is brought to its nearer end, and a fraction is cut off. An empty answer
   // changes nothing.
-  void ask_sampling_time(Dialogs& dialogs);
+  void ask_sampling_time();
   bool sampling_instant_reached(double sample_time_s);
   void mark_sampling_instant(double now_s, double sample_time_s);
   void align(double now_s);
 
-  const Clock& clock_;
-  Timer& timer_;
+  Platform platform_;
   Window& window_;
   Date shown_date_{0, 0, 0};
 };

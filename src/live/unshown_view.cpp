@@ -6,13 +6,14 @@
 namespace halden {
 
 FrameOutcome UnshownView::take_frame() {
-  live_buffer(state_).clear();
-  polling_.send_live_request();
+  live_buffer(link_.state).clear();
+  link_.polling.send_live_request();
   return FrameOutcome::not_shown;
 }
 
 std::string UnshownView::header() {
-  const WaveSource source = {status_.wiring_system, status_.harmonic_channel, options_.harmonic_option};
+  const WaveSource source = {link_.status.wiring_system, link_.status.harmonic_channel,
+                             options_.harmonic_option};
   const SettingTexts settings = setting_texts(meter_rec_);
   if (kind_ == RecordKind::waveform)
     return header_lines(waveform_settings_line(source, settings), waveform_column_line());

@@ -2,9 +2,7 @@
 // a data file of theirs gets its header lines.
 #pragma once
 
-#include "link/link_state.h"
-#include "link/meter_status.h"
-#include "link/polling.h"
+#include "link/link.h"
 #include "live/live_view.h"
 #include "live/view_selection.h"
 #include "screen/window.h"
@@ -14,14 +12,8 @@ namespace halden {
 class UnshownView : public LiveView {
  public:
   // `kind` is harmonics or waveform.
-  UnshownView(RecordKind kind, Polling& polling, LinkState& state, const MeterStatus& status,
-              const HarmonicsOptions& options, const Window& meter_rec)
-      : kind_(kind),
-        polling_(polling),
-        state_(state),
-        status_(status),
-        options_(options),
-        meter_rec_(meter_rec) {}
+  UnshownView(RecordKind kind, Link& link, const HarmonicsOptions& options, const Window& meter_rec)
+      : kind_(kind), link_(link), options_(options), meter_rec_(meter_rec) {}
 
   FrameOutcome take_frame() override;
   RecordKind record_kind() const override { return kind_; }
@@ -30,9 +22,7 @@ class UnshownView : public LiveView {
 
  private:
   RecordKind kind_;
-  Polling& polling_;
-  LinkState& state_;
-  const MeterStatus& status_;
+  Link& link_;
   const HarmonicsOptions& options_;
   const Window& meter_rec_;
 };

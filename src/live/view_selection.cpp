@@ -29,36 +29,36 @@ std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().fir
 }  // namespace
 
 void ViewSelection::select_by_meter_mode() {
-  if (status_.meter_mode == harmonics_mode)
+  if (link_.status.meter_mode == harmonics_mode)
     open_harmonics();
-  else if (state_.display_mode != power_view)
+  else if (link_.state.display_mode != power_view)
     close_view();
 }
 
 void ViewSelection::close_view() {
-  exchange_.run([this] {
-    state_.display_mode = power_view;
+  link_.exchange.run([this] {
+    link_.state.display_mode = power_view;
     show_graph(window_, false);
     show_panels(window_, harmonic_cursor_panels(), false);
     show_panels(window_, wave_summary_panels(), false);
-    polling_.set_live_timer();
+    link_.polling.set_live_timer();
     return Afterwards::just_poll;
   });
 }
 
 void ViewSelection::open_harmonics() {
   options_ = {offered_orders, 0};
-  state_.display_mode = harmonics_view;
-  if (status_.harmonic_order == 0) status_.harmonic_order = 1;
+  link_.state.display_mode = harmonics_view;
+  if (link_.status.harmonic_order == 0) link_.status.harmonic_order = 1;
   window_.set_range("HScroll1", 1, offered_orders);
-  window_.set_value("HScroll1", std::clamp<std::int16_t>(status_.harmonic_order, 1, offered_orders));
+  window_.set_value("HScroll1", std::clamp<std::int16_t>(link_.status.harmonic_order, 1, offered_orders));
   show_graph(window_, true);
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_of_harmonics(), true);
-  const bool frequency_known = status_.frequency_code != 0;
+  const bool frequency_known = link_.status.frequency_code != 0;
   window_.set_visible("har_hz_label", frequency_known);
   window_.set_visible("har_hz_value", frequency_known);
-  polling_.set_live_timer();
+  link_.polling.set_live_timer();
 }
 
 }  // namespace halden

@@ -3,10 +3,7 @@
 
 #include <cstdint>
 
-#include "link/exchange.h"
-#include "link/link_state.h"
-#include "link/meter_status.h"
-#include "link/polling.h"
+#include "link/link.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -18,14 +15,8 @@ struct HarmonicsOptions {
 
 class ViewSelection {
  public:
-  ViewSelection(Exchange& exchange, Polling& polling, LinkState& state, MeterStatus& status,
-                HarmonicsOptions& options, Window& meter_rec)
-      : exchange_(exchange),
-        polling_(polling),
-        state_(state),
-        status_(status),
-        options_(options),
-        window_(meter_rec) {}
+  ViewSelection(Link& link, HarmonicsOptions& options, Window& meter_rec)
+      : link_(link), options_(options), window_(meter_rec) {}
 
   // A meter in power mode closes the harmonics or waveform view; one in harmonics mode opens the harmonics
   // view with 51 orders in percent.
@@ -37,10 +28,7 @@ class ViewSelection {
  private:
   void open_harmonics();
 
-  Exchange& exchange_;
-  Polling& polling_;
-  LinkState& state_;
-  MeterStatus& status_;
+  Link& link_;
   HarmonicsOptions& options_;
   Window& window_;
 };

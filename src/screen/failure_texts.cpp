@@ -6,16 +6,16 @@ namespace halden {
 
 namespace {
 
-// Each table is in the order of its enumeration. Those of ports follow the device's name.
+// Each table is in the order of its enumeration.
 constexpr std::array<Text, 7> refusals = {
     {{"", ""},
-     {": there are only the ports COM 1 to COM 16.", "：連接埠只有 COM 1 至 COM 16。"},
-     {" is not there. Is the adapter plugged in?", " 不存在，請檢查轉接器是否已插入。"},
-     {": no permission. Add yourself to the group dialout and log in again.",
-      "：沒有權限，請加入 dialout 群組後重新登入。"},
-     {" is in use by another program.", " 正被其他程式使用。"},
-     {" is not a serial port.", " 不是序列埠。"},
-     {" could not be opened.", " 無法開啟。"}}};
+     {"{}: there are only the ports COM 1 to COM 16.", "{}：連接埠只有 COM 1 至 COM 16。"},
+     {"{} is not there. Is the adapter plugged in?", "{} 不存在，請檢查轉接器是否已插入。"},
+     {"{}: no permission. Add yourself to the group dialout and log in again.",
+      "{}：沒有權限，請加入 dialout 群組後重新登入。"},
+     {"{} is in use by another program.", "{} 正被其他程式使用。"},
+     {"{} is not a serial port.", "{} 不是序列埠。"},
+     {"{} could not be opened.", "{} 無法開啟。"}}};
 
 constexpr std::array<Text, 3> print_failures = {
     {{"", ""},
@@ -31,8 +31,7 @@ constexpr std::array<Text, 5> write_failures = {{{"", ""},
 }  // namespace
 
 std::string refusal_sentence(PortRefusal refusal, const std::string& device, Language language) {
-  if (refusal == PortRefusal::none) return {};
-  return device + std::string(refusals[static_cast<std::size_t>(refusal)].in(language));
+  return refusals[static_cast<std::size_t>(refusal)].with(language, {device});
 }
 
 std::string_view print_failure_sentence(PrintFailure failure, Language language) {

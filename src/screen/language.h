@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ struct Text {
   std::string_view chinese;
 
   std::string_view in(Language language) const { return language == Language::chinese ? chinese : english; }
+
+  // The same with the values in the places of the "{}", in their order.
+  std::string with(Language language, std::initializer_list<std::string_view> values) const;
 };
 
 }  // namespace halden

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/virtual/virtual_world.h"
+#include "platform/virtual/scripted_port.h"
 #include "screen/meter_rec/main_window.h"
 #include "screen/meter_rec/panels.h"
 
@@ -16,7 +16,8 @@ struct ClockAt {
 
   VirtualWorld world;
   Window window = make_main_window();
-  SampleClock clock{world.clock, world.timer1, window};
+  ScriptedPort port{world};
+  SampleClock clock{world.platform(port), window};
 };
 
 // A tick at .950 would leave 50 ms to the next whole second: that one is left out.

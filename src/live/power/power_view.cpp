@@ -30,10 +30,6 @@ PowerTexts shown_texts(const Window& meter_rec) {
 
 }  // namespace
 
-void PowerView::connect() {
-  window_.on_click("reset_kwh", [this] { reset_kwh(); });
-}
-
 FrameOutcome PowerView::take_frame() {
   const PowerFrame frame = monitor_.handle_frame();
   if (frame == PowerFrame::complete) listener_.power_frame_shown();

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "link/link.h"
 #include "live/live_view.h"
 #include "live/power/power_monitor.h"
 #include "live/sample_clock.h"
@@ -19,20 +20,21 @@ class PowerFrameListener {
 
 class PowerView : public LiveView {
  public:
-  PowerView(const Clock& clock, Waits& waits, Polling& polling, LinkState& state, const MeterStatus& status,
-            PowerChain& chain, const SampleClock& sample_clock, PowerFrameListener& listener,
-            Window& meter_rec)
+  // All outlive the view. A click on "<- Reset" clears what the program accumulates.
+  PowerView(const Clock& clock, Link& link, PowerChain& chain, const SampleClock& sample_clock,
+            PowerFrameListener& listener, Window& meter_rec)
       : clock_(clock),
-        state_(state),
-        status_(status),
+        state_(link.state),
+        status_(link.status),
         chain_(chain),
         sample_clock_(sample_clock),
         listener_(listener),
         window_(meter_rec),
-        monitor_(waits, polling, state, status, chain, meter_rec) {}
-
-  // "<- Reset": a click clears what the program accumulates.
-  void connect();
+        monitor_(link.waits, link.polling, link.state, link.status, chain, meter_rec) {
+    window_.on_click("reset_kwh", [this] { reset_kwh(); });
+  }
+  PowerView(const PowerView&) = delete;
+  PowerView& operator=(const PowerView&) = delete;
 
   FrameOutcome take_frame() override;
   RecordKind record_kind() const override { return RecordKind::power; }

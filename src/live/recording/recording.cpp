@@ -32,7 +32,9 @@ Recording::Recording(const Platform& platform, const LinkState& link, const Live
       window_(meter_rec),
       notice_(notice),
       rescue_(rescue),
-      file_(platform.files) {}
+      file_(platform.files) {
+  connect();
+}
 
 void Recording::connect() {
   window_.on_click("FileName", [this] { window_.set_text(status_hint, create_data_file()); });

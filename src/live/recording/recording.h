@@ -25,12 +25,11 @@ namespace halden {
 
 class Recording : public LiveListener {
  public:
-  // All outlive the recording.
+  // All outlive the recording. Connects the menu entries and the record button of the main window.
   Recording(const Platform& platform, const LinkState& link, const LiveViews& views,
             SampleClock& sample_clock, Window& meter_rec, Window& notice, Rescue& rescue);
-
-  // The menu entries and the record button of the main window.
-  void connect();
+  Recording(const Recording&) = delete;
+  Recording& operator=(const Recording&) = delete;
 
   // Tells the user where lines lie that an earlier recording could write to no file of the user's choice.
   void tell_rescued();
@@ -80,6 +79,7 @@ class Recording : public LiveListener {
   std::string data_record;
 
  private:
+  void connect();
   void set_create_caption();
   void no_file_chosen();
   bool may_append_to(const std::string& path);

@@ -14,23 +14,43 @@ constexpr std::array<Text, 4> state_texts = {{{"not recording", "未記錄"},
                                               {"recording", "記錄中"},
                                               {"recording by hand", "手動記錄中"}}};
 
+constexpr Text one_line = {": {} line", "：{} 行"};
+constexpr Text many_lines = {": {} lines", "：{} 行"};
+constexpr Text lines_wait = {", {} waiting ({})", "，{} 行等待寫入（{}）"};
+constexpr Text header_waits = {", not written yet ({})", "，尚未寫入（{}）"};
+
+constexpr Text title = {"End Recording", "停止記錄"};
+constexpr Text another_file = {"{} could not be written ({}) to\n{}\n\nSave what is missing to another file?",
+                               "{} 行記錄無法寫入檔案（{}）：\n{}\n\n是否另存到其他檔案？"};
+constexpr Text giving_up = {
+    "{} could not be kept in the working folder or the temporary folder either, and will be lost.\n\nTry "
+    "again?",
+    "{} 行記錄也無法保存到工作資料夾或暫存資料夾，放棄即會遺失。\n\n是否再試一次？"};
+constexpr Text rescued = {"Recorded lines that could not be written are kept in {}", "未寫入的記錄保存於 {}"};
+
 bool runs(RecordingState state) {
   return state == RecordingState::automatic || state == RecordingState::manual;
 }
 
 std::string written_text(std::size_t lines, Language language) {
-  const std::string count = std::to_string(lines);
-  if (language == Language::chinese) return "：" + count + " 行";
-  return ": " + count + (lines == 1 ? " line" : " lines");
+  return (lines == 1 ? one_line : many_lines).with(language, {std::to_string(lines)});
 }
 
 std::string waiting_text(const DataFile& file, Language language) {
-  const std::string why(write_failure_text(file.failure(), language));
-  const std::string count = std::to_string(file.lines_waiting());
-  const bool only_header = file.lines_waiting() == 0;
-  if (language == Language::chinese)
-    return (only_header ? "，尚未寫入（" : "，" + count + " 行等待寫入（") + why + "）";
-  return (only_header ? ", not written yet (" : ", " + count + " waiting (") + why + ")";
+  const std::string_view why = write_failure_text(file.failure(), language);
+  if (file.lines_waiting() == 0) return header_waits.with(language, {why});
+  return lines_wait.with(language, {std::to_string(file.lines_waiting()), why});
+}
+
+// "3 recorded lines"; in Chinese the number alone.
+std::string recorded_lines(std::size_t lines, Language language) {
+  const std::string count = std::to_string(lines);
+  if (language == Language::chinese) return count;
+  return count + (lines == 1 ? " recorded line" : " recorded lines");
+}
+
+Message question(const std::string& text, Language language) {
+  return {text, std::string(title.in(language)), Icon::exclamation};
 }
 
 }  // namespace
@@ -44,32 +64,17 @@ std::string recording_status_text(RecordingState state, const DataFile& file, La
 }
 
 Message question_for_another_file(const DataFile& file, Language language) {
-  const std::string count = std::to_string(file.lines_waiting());
-  const std::string why(write_failure_text(file.failure(), language));
-  if (language == Language::chinese)
-    return {count + " 行記錄無法寫入檔案（" + why + "）：\n" + file.path() + "\n\n是否另存到其他檔案？",
-            "停止記錄", Icon::exclamation};
-  const char* const lines = file.lines_waiting() == 1 ? " recorded line" : " recorded lines";
-  return {count + lines + " could not be written (" + why + ") to\n" + file.path() +
-              "\n\nSave what is missing to another file?",
-          "End Recording", Icon::exclamation};
+  const std::string_view why = write_failure_text(file.failure(), language);
+  const std::string lines = recorded_lines(file.lines_waiting(), language);
+  return question(another_file.with(language, {lines, why, file.path()}), language);
 }
 
 Message question_before_giving_up(const DataFile& file, Language language) {
-  const std::string count = std::to_string(file.lines_waiting());
-  if (language == Language::chinese)
-    return {count + " 行記錄也無法保存到工作資料夾或暫存資料夾，放棄即會遺失。\n\n是否再試一次？", "停止記錄",
-            Icon::exclamation};
-  const char* const lines = file.lines_waiting() == 1 ? " recorded line" : " recorded lines";
-  return {count + lines +
-              " could not be kept in the working folder or the temporary folder either, and will be lost."
-              "\n\nTry again?",
-          "End Recording", Icon::exclamation};
+  return question(giving_up.with(language, {recorded_lines(file.lines_waiting(), language)}), language);
 }
 
 std::string rescued_sentence(const std::string& path, Language language) {
-  if (language == Language::chinese) return "未寫入的記錄保存於 " + path;
-  return "Recorded lines that could not be written are kept in " + path;
+  return rescued.with(language, {path});
 }
 
 }  // namespace halden

@@ -19,6 +19,8 @@ constexpr double ct_extra_wait_s = 0.2;  // after the last character
 constexpr double end_wait_s = 0.2;
 constexpr std::string_view command_end = "\r";
 
+constexpr Text sending = {"Sending {} to the meter...", "正在傳送 {} 至電表…"};
+
 // "1" for 50 Hz, "2" for 60 Hz, "0" for automatic.
 std::string frequency_code(double hz) {
   if (hz == 50) return "1";
@@ -70,10 +72,7 @@ Afterwards SettingsPanel::send(const SettingNames& names) {
 
 // The program takes no input for several seconds: the status line says why.
 void SettingsPanel::tell_sending(const SettingNames& names) {
-  const bool chinese = link_.state.language == Language::chinese;
-  const std::string caption(names.caption);
-  window_.set_text(status_hint,
-                   chinese ? "正在傳送 " + caption + " 至電表…" : "Sending " + caption + " to the meter...");
+  window_.set_text(status_hint, sending.with(link_.state.language, {names.caption}));
 }
 
 void SettingsPanel::send_value(Setting setting, const std::string& text) {

@@ -22,12 +22,13 @@ namespace halden {
 
 class SettingsPanel {
  public:
-  // All outlive the panel.
+  // All outlive the panel. Connects the buttons of the settings and "Update Now".
   SettingsPanel(const Platform& platform, Link& link, PowerView& power, Window& meter_rec)
-      : platform_(platform), link_(link), power_(power), window_(meter_rec) {}
-
-  // The buttons of the settings and "Update Now".
-  void connect();
+      : platform_(platform), link_(link), power_(power), window_(meter_rec) {
+    connect();
+  }
+  SettingsPanel(const SettingsPanel&) = delete;
+  SettingsPanel& operator=(const SettingsPanel&) = delete;
 
   // Sends what stands in the box: CT ratio, PT ratio, demand period in minutes, sampling interval in seconds
   // (even numbers only), frequency (50, 60, anything else automatic).
@@ -37,6 +38,7 @@ class SettingsPanel {
   void get_hz();
 
  private:
+  void connect();
   Afterwards send(const SettingNames& names);
   void send_value(Setting setting, const std::string& text);
   void tell_sending(const SettingNames& names);

@@ -1,0 +1,56 @@
+// The live views, and what works on their frames, in the order they are built.
+#pragma once
+
+#include <string>
+
+#include "app/shared.h"
+#include "link/link.h"
+#include "link/live_poll.h"
+#include "live/live_monitor.h"
+#include "live/live_views.h"
+#include "live/phasors/phasor_window.h"
+#include "live/power/power_view.h"
+#include "live/recording/recording.h"
+#include "live/sample_clock.h"
+#include "live/settings/settings_panel.h"
+#include "live/unshown_view.h"
+#include "live/view_selection.h"
+#include "platform/platform.h"
+#include "readings/power_chain.h"
+
+namespace halden {
+
+struct Live {
+  // The folders are those of rescued lines. All outlive this.
+  Live(const Platform& outside, Shared& shared_values, Link& meter_link, const std::string& work_folder,
+       const std::string& temporary_folder)
+      : platform(outside),
+        shared(shared_values),
+        link(meter_link),
+        rescue(outside.files, work_folder, temporary_folder) {
+    monitor.add_listener(recording);
+  }
+  Live(const Live&) = delete;
+  Live& operator=(const Live&) = delete;
+
+  const Platform& platform;
+  Shared& shared;
+  Link& link;
+
+  SampleClock sample_clock{platform, shared.meter_rec};
+  PowerChain chain{link.status};
+  PhasorWindow phasors{platform, shared.windows, shared.meter_rec, link.state, link.status, chain.raw};
+  PowerView power{platform.clock, link, chain, sample_clock, phasors, shared.meter_rec};
+  HarmonicsOptions harmonics_options;
+  UnshownView harmonics{RecordKind::harmonics, link, harmonics_options, shared.meter_rec};
+  UnshownView waveform{RecordKind::waveform, link, harmonics_options, shared.meter_rec};
+  LiveViews views{link.state, link.status, power, harmonics, waveform};
+  ViewSelection selection{link, harmonics_options, shared.meter_rec};
+  LiveMonitor monitor{platform.clock, views, sample_clock};
+  LivePoll poll{platform, link.waits, link.polling, link.state, shared.meter_rec, monitor};
+  Rescue rescue;
+  Recording recording{platform, link.state, views, sample_clock, shared.meter_rec, shared.notice, rescue};
+  SettingsPanel settings{platform, link, power, shared.meter_rec};
+};
+
+}  // namespace halden
