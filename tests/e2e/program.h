@@ -43,9 +43,14 @@ class Program {
     return process_.canReadLine() ? process_.readLine().chopped(1).toStdString() : std::string();
   }
 
-  // What it says after one line on its standard input.
-  std::string answer(const std::string& line) {
+  void write(const std::string& line) {
     process_.write((line + "\n").c_str());
+    process_.waitForBytesWritten(-1);
+  }
+
+  // The next line it says after one on its standard input.
+  std::string answer(const std::string& line) {
+    write(line);
     return read_line();
   }
 
@@ -67,23 +72,19 @@ class Program {
 
 inline Ended run(const std::string& command) { return Program(command).end(); }
 
-class TempFolder {
- public:
-  std::string operator/(const char* name) const { return folder_.filePath(name).toStdString(); }
+struct TempFolder : QTemporaryDir {
+  std::string operator/(const char* name) const { return filePath(name).toStdString(); }
 
   void write(const char* name, const char* bytes) const {
-    QFile file(folder_.filePath(name));
+    QFile file(filePath(name));
     EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(bytes) >= 0);
   }
 
   // Empty when there is no such file.
   std::string read(const char* name) const {
-    QFile file(folder_.filePath(name));
+    QFile file(filePath(name));
     return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : std::string();
   }
-
- private:
-  QTemporaryDir folder_;
 };
 
 // Looks again and again, for 30 s at most.

@@ -30,31 +30,25 @@ TEST(PtyMeter, TheLineIsTransparentAndSlowAndOpensAgainAndAgain) {
     EXPECT_EQ(ask(meter.port, "?", 210).substr(0, 18), "00000 00004 00002 ");
 }
 
+// With and without a console.
 TEST(PtyMeter, ReplacesAStaleLinkButNoFileAndLeavesNothingBehind) {
   TempFolder folder;
-  const std::string link = folder / "line";
-  for (const bool by_signal : {true, false}) {
+  const std::string link = folder / "line", command = "halden-meter --link " + link;
+  for (const bool console : {true, false}) {
     fs::create_symlink("/dev/pts/stale", link);
-    Program meter("halden-meter --link " + link);
+    Program meter(console ? command : "sh -c \"exec " + command + " < /dev/null\"");
     const std::string device = meter.read_line();
     EXPECT_EQ(device, fs::read_symlink(link));
-    by_signal ? meter.send_signal(SIGTERM) : (void)meter.answer("quit");
+    EXPECT_EQ(ask(link, "?", 210).size(), 210u);
+    console ? meter.write("quit") : meter.send_signal(SIGTERM);
     EXPECT_EQ(meter.end().exit_code, 0);
     EXPECT_FALSE(fs::is_symlink(link));
   }
   folder.write("line", "text");
-  const Ended refused = run("halden-meter --link " + link);
+  const Ended refused = run(command);
   EXPECT_EQ(refused.exit_code, 1);
   EXPECT_EQ(refused.errors, "halden-meter: The link " + link + " could not be made: File exists.\n");
   EXPECT_EQ(folder.read("line"), "text");
-}
-
-TEST(PtyMeter, GoesOnWithoutAConsole) {
-  TempFolder folder;
-  const std::string link = folder / "line";
-  Program meter("sh -c \"exec halden-meter --link " + link + " < /dev/null\"");
-  EXPECT_NE(meter.read_line(), "");
-  EXPECT_EQ(ask(link, "?", 210).size(), 210u);
 }
 
 }  // namespace
