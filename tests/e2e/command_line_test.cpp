@@ -1,6 +1,7 @@
 // What the programs make of their command lines, without a meter.
 #include <algorithm>
 #include <filesystem>
+#include <vector>
 
 #include "program.h"
 
@@ -9,38 +10,30 @@ namespace {
 
 const std::string no_display = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ";
 
-TEST(CommandLine, HelpAndVersionNeedNoDisplay) {
-  for (const std::string question :
+TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel) {
+  const std::pair<int, std::vector<const char*>> rows[] = {
+      {0,
        {"halden --help", "halden --version", "haldenctl --help", "haldenctl --version",
-        "haldenctl live --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}) {
-    const Ended ended = run(no_display + question);
-    EXPECT_EQ(ended.exit_code, 0) << question;
-    EXPECT_EQ(ended.errors, "") << question;
-    EXPECT_NE(ended.output.find(question.substr(0, question.find(' '))), std::string::npos) << question;
-  }
-}
-
-TEST(CommandLine, WrongUsage) {
-  for (const std::string mistake :
+        "haldenctl live --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}},
+      {2,
        {"haldenctl", "haldenctl measure", "haldenctl --port demo", "haldenctl live",
         "haldenctl live --port 17", "haldenctl live --port demo --count 0",
         "haldenctl live --port demo --format xml", "haldenctl status --port demo --count 1",
         "haldenctl set --port /dev/null", "haldenctl set --port /dev/null ct=1 kv=2",
         "halden --com 17=/dev/null", "halden --nonsense", "halden --workdir /not/there",
         "halden --palette green", "halden --after soon", "halden-meter --wiring 4P5W",
-        "halden-meter --fault loud"}) {
-    const Ended ended = run(no_display + mistake);
-    EXPECT_EQ(ended.exit_code, 2) << mistake;
-    EXPECT_EQ(ended.output, "") << mistake;
-    EXPECT_NE(ended.errors, "") << mistake;
-  }
-}
-
-TEST(CommandLine, WindowsNeedADisplay) {
-  const Ended ended = run(no_display + "halden --demo");
-  EXPECT_EQ(ended.exit_code, 1);
-  EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), 1) << ended.errors;
-  EXPECT_NE(ended.errors.find("haldenctl live"), std::string::npos) << ended.errors;
+        "halden-meter --fault loud"}},
+      {1, {"halden --demo"}}};
+  for (const auto& [exit_code, commands] : rows)
+    for (const std::string command : commands) {
+      const Ended ended = run(no_display + command);
+      EXPECT_EQ(ended.exit_code, exit_code) << command;
+      EXPECT_EQ(ended.output.empty(), exit_code != 0) << command;
+      EXPECT_EQ(ended.errors.empty(), exit_code == 0) << command;
+    }
+  const std::string errors = run(no_display + "halden --demo").errors;
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+  EXPECT_NE(errors.find("haldenctl live"), std::string::npos) << errors;
 }
 
 // The configuration of the program with windows has no say here, neither its port nor its language; the demo

@@ -7,8 +7,6 @@
 namespace halden {
 namespace {
 
-constexpr std::size_t record_length = 418;
-
 struct Counted {
   std::size_t records = 0;  // of the last block
   std::size_t blocks = 0;
@@ -16,13 +14,13 @@ struct Counted {
 };
 
 Counted count_lines(const std::string& bytes) {
+  constexpr std::size_t record_length = 418;
   Counted counted;
   for (std::size_t begin = 0, end = 0; begin < bytes.size(); begin = end + 2) {
     end = std::min(bytes.find("\r\n", begin), bytes.size());
     const std::string line = bytes.substr(begin, end - begin);
     if (line.starts_with("3P4W,Hz=") && line.size() == 32) {
-      ++counted.blocks;
-      counted.records = 0;
+      counted = {0, counted.blocks + 1, counted.torn};
     } else if (line.size() == record_length && line[2] == '-' && line[10] == ',' && line.back() == ',') {
       ++counted.records;
     } else if (!line.starts_with("      DATE,") || !line.ends_with("VA(MD)")) {
