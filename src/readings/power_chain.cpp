@@ -47,7 +47,8 @@ void PowerChain::take_angles(std::size_t phase, double v_angle, double i_angle, 
 }
 
 SystemTexts PowerChain::take_system() {
-  PerPhase<double> w{}, var{};  // phases that are not in use count nothing, whatever they last held
+  PerPhase<double> w{};
+  PerPhase<DerivedRaw> var{0, 0, 0};  // phases that are not in use count nothing, whatever they last held
   for (std::size_t p = 0; p < phases_in_use(scaling_.wiring_system); ++p) {
     w[p] = raw.w_raw[p];
     var[p] = raw.var_raw[p];

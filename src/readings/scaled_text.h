@@ -2,7 +2,7 @@
 // Readings.
 //
 // The products of the meter's chain are 32-bit: one that does not fit (each partial product counts) gives no
-// text, and the member that asked keeps what it showed. Energies are real sums and have no such limit.
+// text, and the member that asked keeps what it showed. Real sums have no such limit.
 #pragma once
 
 #include <initializer_list>
@@ -32,7 +32,7 @@ std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units);
 
-// `raw` in 0.1 Wh (VAh, VARh) x 10^range.
-std::string energy_text_of(const Scaling& scaling, double raw, const UnitTable& units);
+// Powers of the system, energies and demands: `raw` in 0.1 W (Wh, VA, ...) x 10^range, without a limit.
+std::string real_power_text_of(const Scaling& scaling, double raw, const UnitTable& units);
 
 }  // namespace halden

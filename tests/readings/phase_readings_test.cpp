@@ -33,7 +33,7 @@ void expect_texts(void (Readings::*member)(double), std::string Readings::*text,
 template <std::size_t inputs>
 struct Row {
   std::array<double, inputs> in;
-  double raw;
+  DerivedRaw raw;  // nothing: over range
   const char* text;
   Scaling scaling = unscaled;
 };
@@ -112,9 +112,9 @@ TEST(LineVoltage, ByTheLawOfCosines) {
       {{2300, 2300, 0, 1800}, 4599, "459.9V"},  {{2300, 2300, 0, 1800}, 4599, "45.99KV", {1, 100}},
       {{2300, 2300, -1200, 0}, 3983, "398.3V"}, {{3000, 4000, 900, 0}, 4999, "499.9V"},
       {{2301, 2301, 17, 17}, 0, "000.0V"},      {{0, 2300, 0, 0}, 2300, "230.0V"},
-      {{0, 2301, 0, 0}, 2300, "230.0V"},        {{-1, 2300, 0, 1200}, -1, "  OL "},
-      {{2300, -1, 0, 1200}, -1, "  OL "},       {{2300, 2300, -1, 1200}, -1, "  OL "},
-      {{2300, 2300, 0, -1}, -1, "  OL "}};
+      {{0, 2301, 0, 0}, 2300, "230.0V"},        {{-1, 2300, 0, 1200}, {}, "  OL "},
+      {{2300, -1, 0, 1200}, {}, "  OL "},       {{2300, 2300, -1, 1200}, {}, "  OL "},
+      {{2300, 2300, 0, -1}, {}, "  OL "}};
   expect_rows(&Readings::line_voltage, &Readings::line_voltage_text, &Readings::line_voltage_raw, rows);
 }
 
@@ -141,8 +141,8 @@ TEST(ApparentPower, FollowsTheSignOfWAndRoundsDigits) {
                          {{10000, 12346, 1}, 12346, "1.235KVA", {1, 1, 1.0f, 0}},
                          {{10000, 99996, 1}, 99996, "10.00KVA", {1, 1, 1.0f, 0}},
                          {{1, 1, -5}, 0, "000.0VA", {1, 1, 1.0f, 0}},
-                         {{-1, 5000, 1000}, -1, "  OL ", {1, 1, 1.0f, 1}},
-                         {{2300, -1, 1000}, -1, "  OL ", {1, 1, 1.0f, 1}}};
+                         {{-1, 5000, 1000}, {}, "  OL ", {1, 1, 1.0f, 1}},
+                         {{2300, -1, 1000}, {}, "  OL ", {1, 1, 1.0f, 1}}};
   expect_rows(&Readings::apparent_power, &Readings::va_text, &Readings::va_raw, rows);
 }
 
@@ -159,12 +159,13 @@ TEST(ReactivePower, MagnitudeAndSign) {
                          {{500, 300, 900, -900}, 400, "040.0VAR"},
                          {{500, 300, -900, 900}, -400, "-040.0VAR"},
                          {{500, 300, -1, 100}, -400, "-040.0VAR"},
-                         {{-1, 300, 0, 0}, -1, "  OL "},
-                         {{500, -1, 0, 0}, -1, "  OL "}};
+                         {{-1, 0, 0, 0}, 0, "000.0VAR"},  // a VA of -1 is a number
+                         {{500, -1, 0, 0}, {}, "  OL "}};
   expect_rows(&Readings::reactive_power, &Readings::var_text, &Readings::var_raw, rows);
   Readings readings(unscaled);
-  readings.reactive_power(500, 300, 0, 369);
-  readings.reactive_power(-1, 300, 0, 0);
+  readings.reactive_power(std::nullopt, 300, 0, 0);
+  EXPECT_EQ(readings.var_text, "  OL ");
+  EXPECT_EQ(readings.var_raw, std::nullopt);
 }
 
 // 10005 W / VA, rounded, \ 10, and the text is cut: 6670 \ 10 (with 10000 it would be 666), 9994.995 -> 9995
@@ -175,11 +176,11 @@ TEST(PowerFactor, RatioLimitAndText) {
                          {{999, 1000}, 999, "0.99"},      {{9995, 10000}, 1000, "1.00"},
                          {{1200, 1000}, 1000, "1.00"},    {{-500, -1000}, 500, "0.50"},
                          {{-1200, 1000}, -1200, "-1.20"}, {{-9, 1000}, -9, "0.00"},
-                         {{-1, 1000}, -1, "  OL "},       {{500, -1}, -1, "  OL "}};
+                         {{-1, 1000}, {}, "  OL "},       {{1, -1}, -1000, "-1.00"}};
   expect_rows(&Readings::power_factor, &Readings::pf_text, &Readings::pf_raw, rows);
   Readings readings(unscaled);
-  readings.power_factor(999, 1000);
-  readings.power_factor(-1, 1000);
+  readings.power_factor(999, std::nullopt);
+  EXPECT_EQ(readings.pf_text, "  OL ");
 }
 
 TEST(PhaseAngle, ComesBackIntoTheCircleOnce) {
@@ -187,8 +188,8 @@ TEST(PhaseAngle, ComesBackIntoTheCircleOnce) {
                          {{2300, 50, 0, 3500}, 100, "010.0"},    {{2300, 50, 1800, 0}, 1800, "180.0"},
                          {{2300, 50, 0, 1800}, -1800, "-180.0"}, {{2300, 50, 1801, 0}, -1799, "-179.9"},
                          {{2300, 50, 0, 1801}, 1799, "179.9"},   {{2300, 50, 5500, 0}, 1900, "190.0"},
-                         {{2300, 50, -1, 0}, -1, "-000.1"},      {{-1, 50, 300, 0}, -1, "  OL "},
-                         {{2300, -1, 300, 0}, -1, "  OL "}};
+                         {{2300, 50, -1, 0}, -1, "-000.1"},      {{-1, 50, 300, 0}, {}, "  OL "},
+                         {{2300, -1, 300, 0}, {}, "  OL "}};
   expect_rows(&Readings::phase_angle, &Readings::angle_text, &Readings::angle_raw, rows);
 }
 
