@@ -11,6 +11,18 @@ namespace {
 constexpr int order_count = 100;
 constexpr int sample_count = 1024;
 
+// With its comma; "????," for an unknown system.
+std::string_view wiring_text(Wiring wiring_system) {
+  constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
+  return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
+}
+
+std::string_view channel_name(std::int16_t harmonic_channel) {
+  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
+  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
+  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
+}
+
 // The five settings, with the blank or comma that stands before each.
 std::string settings_part(std::string_view separator, const SettingTexts& settings) {
   std::string part;
@@ -40,17 +52,6 @@ std::string source_part(std::string_view separator, const WaveSource& source) {
 const char* option_text(const WaveSource& source) { return source.harmonic_option == 0 ? "%" : "D"; }
 
 }  // namespace
-
-std::string_view wiring_text(Wiring wiring_system) {
-  constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
-  return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
-}
-
-std::string_view channel_name(std::int16_t harmonic_channel) {
-  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
-  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
-  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
-}
 
 // The wiring text brings the comma before the first setting along.
 std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings) {

@@ -15,17 +15,11 @@ struct SettingTexts {
   std::string_view hz, md, sec, ct, vt;
 };
 
-// "3P4W," with its comma; "????," for an unknown system.
-std::string_view wiring_text(Wiring wiring_system);
-
-// "V1", "I1", ... "I3" for 0 to 5; empty for anything else.
-std::string_view channel_name(std::int16_t harmonic_channel);
-
 // What a file of harmonics or waveforms tells of its source.
 struct WaveSource {
   Wiring wiring_system = Wiring::w1p2w;
-  std::int16_t harmonic_channel = 0;
-  std::int16_t harmonic_option = 0;  // 0 percentages, anything else phase angles
+  std::int16_t harmonic_channel = 0;  // V1, I1, V2, I2, V3, I3; any other has no name
+  std::int16_t harmonic_option = 0;   // 0 percentages, anything else phase angles
 };
 
 // "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1"

@@ -27,6 +27,15 @@ constexpr std::array<Text, 2> mode_captions = {
 constexpr std::array<Text, 4> wiring_captions = {
     {{"1P2W", "單相兩線"}, {"1P3W", "單相三線"}, {"3P3W", "三相三線"}, {"3P4W", "三相四線"}}};
 
+std::string_view mode_caption(std::int16_t meter_mode, Language language) {
+  if (meter_mode < 0 || meter_mode > 1) return "?";
+  return mode_captions[static_cast<std::size_t>(meter_mode)].in(language);
+}
+
+std::string_view wiring_caption(Wiring wiring_system, Language language) {
+  return wiring_captions[table_index(wiring_system)].in(language);
+}
+
 std::string frequency_text(std::int16_t frequency_code) {
   if (frequency_code == 1) return "50";
   if (frequency_code == 2) return "60";
@@ -51,15 +60,6 @@ std::string setting_text(Setting setting, const MeterStatus& status) {
 }
 
 }  // namespace
-
-std::string_view mode_caption(std::int16_t meter_mode, Language language) {
-  if (meter_mode < 0 || meter_mode > 1) return "?";
-  return mode_captions[static_cast<std::size_t>(meter_mode)].in(language);
-}
-
-std::string_view wiring_caption(Wiring wiring_system, Language language) {
-  return wiring_captions[table_index(wiring_system)].in(language);
-}
 
 void StatusQuery::query_meter_status() {
   succeeded_ = false;

@@ -58,8 +58,4 @@ class StatusQuery {
   std::vector<std::function<void()>> status_read_;
 };
 
-// The captions of the mode label and the wiring panel.
-std::string_view mode_caption(std::int16_t meter_mode, Language language);
-std::string_view wiring_caption(Wiring wiring_system, Language language);
-
 }  // namespace halden

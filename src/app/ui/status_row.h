@@ -11,7 +11,7 @@ namespace halden {
 
 class Mirror;
 
-// A label that shortens its text with an ellipsis where there is no room, and then shows all of it as
+// A label that shortens its text with an ellipsis where there is no room, and then shows the whole text as
 // tooltip.
 class ElidedLabel : public QLabel {
   Q_OBJECT
@@ -19,19 +19,11 @@ class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
-  // Explains the field; the whole text is added where it does not fit.
-  void set_explanation(const QString& text);
-
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
-
- private:
-  bool is_too_long() const;
-
-  QString explanation_;
 };
 
 // How the link fares, by a mark that differs in shape as well as in colour: a full disc (linked), a ring

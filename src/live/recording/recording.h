@@ -43,17 +43,11 @@ class Recording : public LiveListener {
   void record_once();
   std::string end_recording();
 
-  // After each completed live reading, before the sample clock remembers its instant.
-  void recording_step();
+  // Records what is shown when a record is due.
+  void reading_taken() override;
 
-  // At every tick while the meter does not answer: at most one line per sampling instant.
-  void no_communication_step();
-
-  void reading_taken() override { recording_step(); }
-  void no_communication() override { no_communication_step(); }
-
-  // 1 shows the recording notice, 0 hides it.
-  void set_recording_notice(std::int16_t flag);
+  // Writes at most one line per sampling instant.
+  void no_communication() override;
 
   // Asks where the lines shall go that still wait, until they are written or the user gives them up. Where
   // they lie when that is no file of the user's choice.
@@ -72,12 +66,6 @@ class Recording : public LiveListener {
   // How many records were made since the data file was created, written or waiting.
   std::size_t records() const { return records_; }
 
-  std::string data_file_name;
-  std::int16_t data_file_ready = 0;
-  std::int16_t manual_recording = 0;
-  std::int16_t record_pending = 0;
-  std::string data_record;
-
  private:
   void connect();
   void set_create_caption();
@@ -85,6 +73,7 @@ class Recording : public LiveListener {
   bool may_append_to(const std::string& path);
   void raise_short_sampling_time();
   void start(std::int16_t manual);
+  void set_recording_notice(std::int16_t flag);  // 1 shows the recording notice, 0 hides it
 
   Platform platform_;
   const LinkState& link_;
@@ -94,6 +83,9 @@ class Recording : public LiveListener {
   Window& notice_;
   Rescue& rescue_;
   DataFile file_;
+  std::int16_t data_file_ready_ = 0;
+  std::int16_t manual_recording_ = 0;
+  std::int16_t record_pending_ = 0;
   RecordKind kind_ = RecordKind::power;
   std::size_t records_ = 0;
   std::string last_lost_time_;  // the sampling instant of the last no-communication line

@@ -21,7 +21,6 @@ class ReadingField : public QLineEdit {
 
   // The size in pixels the text is shown with, smaller where this text alone would not fit.
   void set_size(int pixels);
-  int size_wanted() const { return size_; }
 
   // The width the text may take inside a field of this width.
   static int text_room(int field_width);
