@@ -7,7 +7,7 @@
 #include "link/link.h"
 #include "link/live_poll.h"
 #include "live/live_monitor.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/phasors/phasor_window.h"
 #include "live/power/power_view.h"
 #include "live/recording/recording.h"

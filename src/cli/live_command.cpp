@@ -8,7 +8,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
 

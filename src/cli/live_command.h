@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 #include "platform/clock.h"
 #include "readings/wiring.h"

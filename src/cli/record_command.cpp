@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "screen/failure_texts.h"
 
 namespace halden {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 
 namespace halden {

@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "readings/numbers.h"
 #include "screen/meter_rec/settings.h"
 

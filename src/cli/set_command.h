@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 
 namespace halden {

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include "app/program.h"
-#include "cli/command.h"
 
 namespace halden {
 

@@ -5,7 +5,7 @@
 
 #include "link/live_poll.h"
 #include "live/frame_rate.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/sample_clock.h"
 
 namespace halden {

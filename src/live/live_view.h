@@ -1,10 +1,11 @@
 // What the live poll and the recorder know of a live view: power, harmonics or waveform.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "formats/data_file.h"
+#include "link/link_state.h"
+#include "link/meter_status.h"
 
 namespace halden {
 
@@ -29,6 +30,29 @@ class LiveView {
 
   // One line, without its line end, of exactly what is shown; empty when there is nothing to record.
   virtual std::string record() const = 0;
+};
+
+// The live views of the program: which one is shown, and which one is recorded.
+struct LiveViews {
+  const LinkState& state;
+  const MeterStatus& status;
+  LiveView& power;
+  LiveView& harmonics;
+  LiveView& waveform;
+
+  // The view that runs, by display_mode.
+  LiveView& shown() const {
+    if (state.display_mode == harmonics_view) return harmonics;
+    return state.display_mode == waveform_view ? waveform : power;
+  }
+
+  // The view whose kind of data file is created now: the meter's mode decides between power and the two
+  // others, the open view between these. Nothing while the mode is unknown.
+  LiveView* to_record() const {
+    if (status.meter_mode == power_mode) return &power;
+    if (status.meter_mode != harmonics_mode) return nullptr;
+    return state.display_mode == waveform_view ? &waveform : &harmonics;
+  }
 };
 
 // Learns what the live poll brings.

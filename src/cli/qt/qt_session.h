@@ -9,7 +9,6 @@
 
 #include "app/program.h"
 #include "cli/no_desktop.h"
-#include "cli/recorded_files.h"
 #include "cli/session.h"
 #include "platform/qt/core/qt_clock.h"
 #include "platform/qt/core/qt_files.h"

@@ -14,7 +14,7 @@
 
 #include "formats/data_file.h"
 #include "link/link_state.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/recording/recording_texts.h"
 #include "live/recording/rescue.h"
 #include "live/sample_clock.h"
