@@ -82,7 +82,7 @@ void Desk::connect() {
       Closing::at_once);
 }
 
-// Errors of a step never stop the next one: what can fail tells so by its result.
+// A step that fails does not stop the next one.
 void Desk::start_up() {
   shared_.notice.set_text("Text1", "");
   live_.sample_clock.show_date();

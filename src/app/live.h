@@ -1,4 +1,4 @@
-// The live views, and what works on their frames, in the order they are built.
+// The live views, and the objects that work on their frames, in the order they are built.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@
 namespace halden {
 
 struct Live {
-  // The folders are those of rescued lines. All outlive this.
+  // The folders are for rescued lines. All outlive this.
   Live(const Platform& outside, Shared& shared_values, Link& meter_link, const std::string& work_folder,
        const std::string& temporary_folder)
       : platform(outside),

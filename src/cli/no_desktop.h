@@ -1,5 +1,6 @@
-// The parts of the outside world that a command has no use for: no boxes, no printer, no documents, no files.
-// Messages are remembered, because the command decides what to make of them.
+// The parts of the platform that a command does not use, or only partly: no message boxes, no printer, no
+// documents, and no files or only those of the recording. Messages are kept, because the command decides how
+// to report them.
 #pragma once
 
 #include <functional>
@@ -53,7 +54,7 @@ class SilentShell : public Shell {
   std::function<void()> end_;
 };
 
-// An empty folder in which nothing can be kept: the configuration files of the program with windows are
+// An empty folder in which nothing can be written: the configuration files of the program with windows are
 // neither read nor written.
 class NoFiles : public Files {
  public:

@@ -1,4 +1,4 @@
-// `haldenctl set`: sends settings to the meter, the same way as the buttons of the main window, and reads
+// `haldenctl set`: sends settings to the meter in the same way as the buttons of the main window, and reads
 // them back.
 #pragma once
 

@@ -1,4 +1,4 @@
-// haldenctl status: what the meter says of itself.
+// `haldenctl status`: prints the meter's status.
 #pragma once
 
 #include "cli/command.h"

@@ -23,7 +23,7 @@ std::string_view channel_name(std::int16_t harmonic_channel) {
   return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
 }
 
-// The five settings, with the blank or comma that stands before each.
+// The five settings, each after `separator`, a blank or a comma.
 std::string settings_part(std::string_view separator, const SettingTexts& settings) {
   std::string part;
   const auto add = [&](std::string_view name, std::string_view text) {
@@ -53,7 +53,7 @@ const char* option_text(const WaveSource& source) { return source.harmonic_optio
 
 }  // namespace
 
-// The wiring text brings the comma before the first setting along.
+// The wiring text ends with the comma that separates it from the first setting.
 std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings) {
   return std::string(wiring_text(wiring_system)) + settings_part(",", settings).substr(1);
 }

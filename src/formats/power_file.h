@@ -1,5 +1,5 @@
-// The columns of the power data file, by wiring system: their names as they stand in the file's second line,
-// and the quantities whose texts a record stores.
+// The columns of the power data file, by wiring system: their names as written in the file's second line, and
+// the quantities whose texts a record stores.
 //
 //   3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1
 //         DATE,      TIME,       V12,       V23, ...     VA(MD)
@@ -19,7 +19,7 @@
 
 namespace halden {
 
-// The quantities of a record, in the order of the columns of 3P4W, which have them all.
+// The quantities of a record, in the order of the columns of 3P4W, which have all of them.
 // clang-format off
 enum class PowerQuantity {
   V12, V23, V31, V1, V2, V3,
@@ -33,7 +33,8 @@ enum class PowerQuantity {
 
 inline constexpr std::size_t power_quantity_count = static_cast<std::size_t>(PowerQuantity::VA_MD) + 1;
 
-// The text of every quantity, in their order. Those that the wiring system does not have are not read.
+// The text of every quantity as it is shown, in that order. Those the wiring system does not have are not
+// read.
 using PowerTexts = std::array<std::string_view, power_quantity_count>;
 
 // The line of the column names; empty for an unknown wiring system.

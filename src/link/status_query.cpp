@@ -17,7 +17,7 @@ constexpr double quiet_s = 3.0;
 constexpr double before_request_s = 1.0;
 constexpr double reply_s = 5.0;
 
-// Fields of the reply, from 1; those of the settings stand in their table.
+// Field numbers in the reply, from 1; those of the settings are in meter_settings.
 constexpr int mode_field = 1;
 constexpr int wiring_field = 3;
 

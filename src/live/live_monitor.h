@@ -1,4 +1,4 @@
-// Hands each complete live frame to the view that runs, and tells its listeners what came of it.
+// Passes each complete live frame to the view that runs, and tells the listeners the outcome.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// What the live poll and the recorder know of a live view: power, harmonics or waveform.
+// The live views (power, harmonics, waveform), as the live poll and the recording see them.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 namespace halden {
 
 enum class FrameOutcome {
-  complete,    // a whole frame stands on the screen
-  incomplete,  // something else: what it held stands on the screen
+  complete,    // a whole frame is on the screen
+  incomplete,  // not a whole frame; the readings it held are on the screen
   not_shown,   // a whole frame that the view does not show
 };
 
@@ -19,7 +19,7 @@ class LiveView {
  public:
   virtual ~LiveView() = default;
 
-  // The live buffer passes for a complete frame: takes it off there, shows it, and asks for the next one.
+  // frame_is_complete is true: removes the frame from the live buffer, shows it and requests the next one.
   virtual FrameOutcome take_frame() = 0;
 
   // ---- its data file ----
@@ -55,15 +55,15 @@ struct LiveViews {
   }
 };
 
-// Learns what the live poll brings.
+// Is told what the live poll receives.
 class LiveListener {
  public:
   virtual ~LiveListener() = default;
 
-  // A view has taken a frame; the sample clock still knows the sampling instant of the one before.
+  // A view has taken a frame; the sample clock still holds the sampling instant of the frame before.
   virtual void reading_taken() {}
 
-  // A whole frame stands on the screen, and has been recorded where that was due.
+  // A whole frame is on the screen, and was recorded if a record was due.
   virtual void frame_shown() {}
 
   // At every tick while the meter does not answer.

@@ -1,5 +1,5 @@
 // The sample clock: a tick on every whole second counts towards the sampling time and marks the sampling
-// instants by writing the time of day into sample_clock_label. The live poll notices that the label changed.
+// instants by writing the time of day into sample_clock_label. The live poll sees that the label has changed.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ class SampleClock {
   // The text of sample_clock_label.
   const std::string& sampling_instant() const;
 
-  // Whether the label has changed since the live poll saw it last; and that it has seen it now.
+  // Whether the label has changed since remember_instant was last called.
   bool new_instant() const { return sampling_instant() != last_sample_time_; }
   void remember_instant() { last_sample_time_ = sampling_instant(); }
 
@@ -41,7 +41,7 @@ class SampleClock {
   void restart_counting();
 
  private:
-  // What lies outside the range is brought to its nearer end, and a fraction is cut off. An empty answer
+  // A value outside the range is limited to its nearer end, and a fraction is cut off. An empty answer
   // changes nothing.
   void ask_sampling_time();
   bool sampling_instant_reached(double sample_time_s);

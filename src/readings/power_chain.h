@@ -23,12 +23,12 @@ inline constexpr std::array phase_quantities = {PhaseQuantity::V,    PhaseQuanti
                                                 PhaseQuantity::Phase};
 
 // One phase as the meter sent it: V in 0.1 V; I and W in 0.1 mA and 0.1 W times ten to the current range; the
-// angles of voltage and current in tenths of a degree. A missing field leaves what follows from it alone.
+// angles of voltage and current in tenths of a degree. Values that depend on a missing field stay unchanged.
 struct PhaseGroup {
   std::optional<double> v, i, w, v_angle, i_angle;
 };
 
-// The raw readings of the last groups, as the meter sent them or as they were derived. A raw value of -1
+// The raw readings of the last groups, as the meter sent them or derived from those. A raw value of -1
 // means over range.
 struct PowerReadings {
   PerPhase<double> v_raw{};
@@ -41,7 +41,7 @@ struct PowerReadings {
   PerPhase<std::int32_t> line_raw{};  // v12_raw, v23_raw, v31_raw
 };
 
-// The texts of one phase; nothing where the group gave no new one.
+// The texts of one phase; nothing for a quantity whose field was missing.
 class PhaseTexts {
  public:
   std::optional<std::string>& operator[](PhaseQuantity quantity) { return texts_[index(quantity)]; }

@@ -6,8 +6,8 @@
 // Raw units: voltage 0.1 V; current 0.1 mA x 10^range; powers 0.1 W (VA, VAR) x 10^range; angles tenths of a
 // degree.
 //
-// Over range (-1 in an input that is checked) writes the overload text and -1. A product that leaves 32 bits
-// abandons the member: its text and its values stay as they were.
+// Over range (-1 in an input that is checked) writes the overload text and -1. A product beyond 32 bits
+// ends the call: text and values stay as they were.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +32,7 @@ struct Readings {
   std::string voltage_text;
   void voltage(double v);
 
-  // Between two phases, by the law of cosines; all four inputs are checked. Raw in 0.1 V, cut a half low.
+  // Between two phases, by the law of cosines; all four inputs are checked. Raw in 0.1 V, cut, not rounded.
   std::string line_voltage_text;
   std::int32_t line_voltage_raw = 0;
   void line_voltage(double va, double vb, double angle_a, double angle_b);
@@ -102,7 +102,7 @@ struct Readings {
   std::int32_t demand_samples = 0;
   void count_demand_sample();
 
-  // The highest average of all periods, from 0 on: an average below 0 never shows.
+  // The highest average of all periods, from 0 on: an average below 0 is never shown.
   std::string demand_w_text{no_demand_text};
   double demand_w_sum = 0;
   double max_demand_w = 0;
@@ -119,7 +119,7 @@ struct Readings {
   void advance_average_demand_w(double t);
 
   std::string average_va_text;
-  std::int32_t average_va_sum = 0;  // a sum that would not fit abandons the call
+  std::int32_t average_va_sum = 0;  // a sum that would not fit ends the call
   void advance_average_demand_va(double t);
 
   // At the end of a complete period: counter and the four sums to 0. Does nothing while t is 0.

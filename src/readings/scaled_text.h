@@ -1,8 +1,8 @@
 // From a raw value through the transformer ratios and the clamp factor to a text, for every member of
 // Readings: four significant digits with an engineering prefix ("123.4mA", "1.234KV", "-12.34MW").
 //
-// The products of the meter's chain are 32-bit: one that does not fit (each partial product counts) gives no
-// text, and the member that asked keeps what it showed. Energies are real sums and have no such limit.
+// The products have 32 bits: when one does not fit (each partial product counts) there is no text, and the
+// calling member keeps its old one. Energies are real sums and have no such limit.
 #pragma once
 
 #include <array>
@@ -15,8 +15,8 @@
 
 namespace halden {
 
-// How a value that has too many digits loses one: currents, voltages and phase watts cut it off, the rest
-// keep it for the rounding of the digits shown.
+// How a value with too many digits is divided by ten: currents, voltages and phase watts drop the digit; all
+// others keep it as a fraction, which rounds the digits shown.
 enum class Division { integer, real };
 
 // The units of exponent 0, 1 to 3, 4 to 6, 7 to 9, and 10 and more.

@@ -16,8 +16,7 @@ double sum_of_phases(Wiring wiring_system, double phase_1, double phase_2, doubl
   return phase_1 + phase_2 + phase_3;
 }
 
-// What the three system powers share: the overload, the text of a raw value, and that both are kept or
-// neither.
+// Sets the raw value and the text of a system power; both stay as they were when the text does not fit.
 void show_system_power(const Scaling& scaling, bool over, double new_raw, const UnitTable& units, double& raw,
                        std::string& text) {
   if (over) {

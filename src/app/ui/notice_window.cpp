@@ -24,7 +24,7 @@ constexpr Qt::WindowFlags notice_flags =
 
 constexpr int bar_height = 4;
 constexpr int step_ms = 120;
-constexpr int steps_across = 12;  // there and back is twice as many
+constexpr int steps_across = 12;  // from one end to the other
 constexpr int piece_share = 4;    // the piece is a quarter of the bar
 
 // A thin bar with a moving piece, which shows that the program still works during a long wait. It moves only

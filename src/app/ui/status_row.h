@@ -1,4 +1,5 @@
-// The line at the bottom of the main window: port, link, frames a second, recording, and a hint on the right.
+// The line at the bottom of the main window: port, link, frames per second, recording, and a hint on the
+// right.
 #pragma once
 
 #include <QLabel>
@@ -26,7 +27,7 @@ class ElidedLabel : public QLabel {
   bool event(QEvent* event) override;
 };
 
-// How the link fares, by a mark that differs in shape as well as in colour: a full disc (linked), a ring
+// The state of the link, as a mark that differs in shape as well as in colour: a full disc (linked), a ring
 // (idle: no port, or waiting for the meter), a cross (lost), or no mark.
 enum class LinkMark { none, linked, idle, lost };
 

@@ -1,4 +1,4 @@
-// A session in real time, on a real port or the simulated meter, with nothing of a desktop.
+// A session in real time, on a real port or the simulated meter, without a desktop.
 #pragma once
 
 #include <QCoreApplication>
@@ -39,11 +39,11 @@ class QtSession : public Session {
 
  private:
   Platform platform(const PortArgument& port, FileAccess access);
-  bool join_meter();
+  bool connect_to_meter();
   void end(int exit_code);
   void end_when_interrupted();
 
-  // The application keeps looking at these.
+  // The application refers to these as long as it exists.
   int argument_count_ = 1;
   std::array<char, 10> program_name_{"haldenctl"};
   std::array<char*, 2> arguments_{program_name_.data(), nullptr};

@@ -81,7 +81,7 @@ void Recording::no_file_chosen() {
   window_.set_enabled("FileStop", false);
 }
 
-// Only a file that was not found does not exist: one that cannot be read is there as well.
+// A file that cannot be read exists too.
 bool Recording::may_append_to(const std::string& path) {
   if (platform_.files.read(path, 0, 1).failure == FileFailure::not_found) return true;
   return platform_.dialogs.confirm({"File exists, append data to it", "", Icon::question});
@@ -112,7 +112,7 @@ void Recording::start(std::int16_t manual) {
   window_.set_enabled("FileStart", false);
   window_.set_enabled("FileName", false);
   manual_recording_ = manual;
-  record_pending_ = 0;  // a press of the button belongs to the recording it was made in
+  record_pending_ = 0;  // a press of the button during an earlier recording does not count
   set_recording_notice(1);
 }
 

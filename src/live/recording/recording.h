@@ -5,8 +5,8 @@
 //   file ready        "Start Recording" as well
 //   recording         only "End Recording"; by hand with the record button shown
 //
-// A line that cannot be written stays in memory and is tried again with every next one ;
-// what still waits when a recording ends is offered to the user for another file, and rescued otherwise.
+// A line that cannot be written stays in memory and is tried again with every further line. When lines still
+// wait at the end of the recording, the user is asked for another file; without one they are rescued.
 #pragma once
 
 #include <cstdint>
@@ -31,11 +31,11 @@ class Recording : public LiveListener {
   Recording(const Recording&) = delete;
   Recording& operator=(const Recording&) = delete;
 
-  // Tells the user where lines lie that an earlier recording could write to no file of the user's choice.
+  // Tells the user which files hold the rescued lines of earlier recordings.
   void tell_rescued();
 
-  // The user's actions. Creating and ending say where the lines lie that could not be written to their data
-  // file; empty when there are none.
+  // The user's actions. Creating and ending return the sentence that names the rescue file of lines that
+  // could not be written; empty when there are none.
   std::string create_data_file();
   void begin_data_file(const std::string& path);  // the same once the file is chosen
   void start_automatic();
@@ -49,11 +49,11 @@ class Recording : public LiveListener {
   // Writes at most one line per sampling instant.
   void no_communication() override;
 
-  // Asks where the lines shall go that still wait, until they are written or the user gives them up. Where
-  // they lie when that is no file of the user's choice.
+  // Asks for another file until the waiting lines are written, rescued or given up by the user. Returns the
+  // sentence that names the rescue file; empty when there is none.
   std::string settle_waiting();
 
-  // The program ends at once: what still waits goes to the rescue file.
+  // The program ends at once: waiting lines are written to the rescue file.
   void rescue_waiting();
 
   // Whether a recording runs, until its end.

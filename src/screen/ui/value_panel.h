@@ -12,7 +12,7 @@
 
 namespace halden {
 
-// A read-only text field that looks like a label; its accessible name is what it shows a reading of.
+// A read-only text field that looks like a label; its accessible name is set to the caption of the reading.
 class ReadingField : public QLineEdit {
   Q_OBJECT
 
