@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* language_file = "language.pha";
 constexpr const char* port_file = "commport.dat";
-constexpr std::size_t longest_line = 64;  // a file of another kind must not fill a message box
+constexpr std::size_t longest_line = 64;  // the text is shown in a message box; the file may hold anything
 
 }  // namespace
 

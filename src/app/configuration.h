@@ -26,7 +26,7 @@ class Configuration {
   // missing; empty when it cannot be read.
   std::optional<std::string> read_port() const;
 
-  // Both write the file anew and return whether that went well.
+  // Both replace the file and return whether that succeeded.
   bool write_language(Language language);
   bool write_port(int number);
 

@@ -1,8 +1,10 @@
 #include "app/desk.h"
 
 #include <array>
+#include <filesystem>
+#include <string>
+#include <string_view>
 
-#include "app/about.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
 #include "platform/shell.h"
@@ -17,6 +19,31 @@ namespace {
 std::string entry_of(Language language) { return element("sel_language", static_cast<int>(language)); }
 
 constexpr std::array languages = {Language::english, Language::chinese};
+
+constexpr std::string_view product_line = "Halden";
+constexpr std::string_view version_line = "Version: 7.0";
+constexpr std::string_view legal_line = "2026. Free software, GPL 3 or later, no warranty.";
+
+// In the order of the Help entries: English, French, German, Spanish, Italian, Portuguese.
+constexpr std::array<std::string_view, 6> manuals = {
+    "Halden-SW-HELP-EN-V2.0.pdf", "Halden-SW-Help-FR_V2.0.pdf", "Halden-SW-Help-DE_V2.0.pdf",
+    "Halden-SW-HELP-ES_V2.0.pdf", "Halden-SW-Help-IT_V2.0.pdf", "Halden-SW-Help-pt-BR_V2.0.pdf"};
+
+// As long as the legal line, with the text at the right.
+std::string right_aligned(std::string_view line) {
+  return std::string(legal_line.size() - line.size(), ' ') + std::string(line);
+}
+
+std::string about_text() {
+  return right_aligned(product_line) + "\n\n" + right_aligned(version_line) + "\n\n" +
+         std::string(legal_line);
+}
+
+// The manuals lie beside the program in help/.
+std::string manual_path(const std::string& program_folder, std::string_view manual) {
+  constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  return program_folder + separator + "help" + separator + std::string(manual);
+}
 
 }  // namespace
 
@@ -39,9 +66,9 @@ void Desk::connect() {
   meter_rec_.on_click("HelpAbout", [this] {
     platform_.dialogs.message({about_text(), "About", Icon::none});
   });
-  for (int manual = 0; manual_path(options_.program_folder, manual) != ""; ++manual)
-    meter_rec_.on_click(element("HelpManual", manual), [this, manual] {
-      platform_.shell.open_document(manual_path(options_.program_folder, manual));
+  for (std::size_t k = 0; k < manuals.size(); ++k)
+    meter_rec_.on_click(element("HelpManual", static_cast<int>(k)), [this, k] {
+      platform_.shell.open_document(manual_path(options_.program_folder, manuals[k]));
     });
   for (const Language language : languages)
     link_.gate.connect(meter_rec_, entry_of(language), [this, language] { choose_language(language); });
@@ -55,7 +82,7 @@ void Desk::connect() {
       Closing::at_once);
 }
 
-// Errors of a step never stop the next one: what can fail tells so by its result.
+// A step that fails does not stop the next one.
 void Desk::start_up() {
   shared_.notice.set_text("Text1", "");
   live_.sample_clock.show_date();

@@ -1,5 +1,5 @@
-// What belongs to the program as a whole and to no view: its start and its end, the language, the help, and
-// the print of the main window.
+// Everything that belongs to the program as a whole and to no view: start and end, the language, the help,
+// and the print of the main window.
 #pragma once
 
 #include "app/configuration.h"
@@ -15,7 +15,7 @@ namespace halden {
 
 class Desk {
  public:
-  // All outlive the desk. Connects the entries of the main window that no other room connects.
+  // All outlive the desk. Connects the menu entries and buttons that no other room connects.
   Desk(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live);
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;

@@ -1,4 +1,4 @@
-// The live views, and what works on their frames, in the order they are built.
+// The live views, and the objects that work on their frames, in the order they are built.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 #include "link/link.h"
 #include "link/live_poll.h"
 #include "live/live_monitor.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/phasors/phasor_window.h"
 #include "live/power/power_view.h"
 #include "live/recording/recording.h"
@@ -21,7 +21,7 @@
 namespace halden {
 
 struct Live {
-  // The folders are those of rescued lines. All outlive this.
+  // The folders are for rescued lines. All outlive this.
   Live(const Platform& outside, Shared& shared_values, Link& meter_link, const std::string& work_folder,
        const std::string& temporary_folder)
       : platform(outside),

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int wrong_usage = 2;
 
-// What was typed, before it is understood.
+// The options as typed, before they are interpreted.
 struct Typed {
   halden::DesktopOptions options;
   std::vector<std::string> ports;
@@ -45,7 +45,7 @@ void declare(CLI::App& app, Typed& typed) {
       ->check(CLI::IsMember({"light", "dark"}));
 }
 
-halden::DesktopOptions understood(const Typed& typed) {
+halden::DesktopOptions interpret(const Typed& typed) {
   halden::DesktopOptions options = typed.options;
   for (const std::string& port : typed.ports)
     if (const auto device = halden::parse_port_override(port)) options.devices.push_back(*device);
@@ -69,5 +69,5 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "%s\n", missing.c_str());
     return 1;
   }
-  return halden::run_desktop(argc, argv, understood(typed));
+  return halden::run_desktop(argc, argv, interpret(typed));
 }

@@ -6,7 +6,7 @@ namespace halden {
 
 namespace {
 
-// Designer periods of the two timers of the main window.
+// The periods of the two timers before the first tick.
 constexpr int designed_clock_period_ms = 2000;
 constexpr int designed_poll_period_ms = 250;
 

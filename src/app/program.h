@@ -1,8 +1,8 @@
-// The whole program without its windows on the screen: its parts in the order they are built, each handed its
-// neighbours by reference.
+// The whole program without its windows on the screen: its parts in the order they are built, each with
+// references to the parts it uses.
 //
-// Desktop, tests and haldenctl drive it the same way: desk.start_up once, then what the user does, through
-// the windows; what is to be seen stands in them. Timer ticks come from the platform.
+// Desktop, tests and haldenctl drive it the same way: desk.start_up once, then the user's actions on the
+// values of the windows, which also hold everything that is shown. Timer ticks come from the platform.
 #pragma once
 
 #include "app/desk.h"

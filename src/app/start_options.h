@@ -1,4 +1,4 @@
-// Where the program works, and what it starts with.
+// The folders the program uses, and the port it starts with.
 #pragma once
 
 #include <string>

@@ -13,8 +13,8 @@ constexpr Text frames_per_second = {"{} frames/s", "{} 筆/秒"};
 
 }  // namespace
 
-// The tag tells the windows how the link fares: "ok", "lost" or "idle".
-StatusLine::Link StatusLine::link(double frames_per_s) const {
+// The tag is the state of the link for the light beside the text: "ok", "lost" or "idle".
+StatusLine::LinkField StatusLine::link_field(double frames_per_s) const {
   switch (platform_.port.state()) {
     case PortState::closed:
       return {{"no port", "未開啟連接埠"}, "idle"};
@@ -34,7 +34,7 @@ void StatusLine::refresh() {
                    open ? "COM " + std::to_string(number_) + " (" + platform_.port.device_name(number_) + ")"
                         : std::string("COM -"));
   const double rate = frame_rate_.per_second(platform_.clock.monotonic_s());
-  const Link now = link(rate);
+  const LinkField now = link_field(rate);
   window_.set_text("status_link", now.text.in(state_.language));
   window_.set_tag("status_link", now.tag);
   window_.set_text("status_rate", frames_per_second.with(state_.language, {format_pattern(rate, "#0.0")}));

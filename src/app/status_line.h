@@ -1,6 +1,6 @@
-// The status line of the main window: port, link state, frames per second, recording state. Beside them
-// stands one hint, which whoever has something to say writes into the control status_hint. All of it is
-// beside the messages and captions, never in them.
+// The status line of the main window: port, link state, frames per second, recording state. The control
+// status_hint beside them shows one hint, which every room may write. Nothing of it replaces a message box or
+// a caption.
 #pragma once
 
 #include <string_view>
@@ -32,12 +32,12 @@ class StatusLine {
   void set_port(int number) { number_ = number; }
 
  private:
-  struct Link {
+  struct LinkField {
     Text text;
     std::string_view tag;
   };
 
-  Link link(double frames_per_s) const;
+  LinkField link_field(double frames_per_s) const;
 
   Platform platform_;
   const LinkState& state_;

@@ -1,6 +1,7 @@
 #include "cli/command.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 namespace halden {
 
@@ -9,6 +10,11 @@ namespace {
 std::string check_port(const std::string& text) {
   return parse_port_argument(text) ? std::string()
                                    : "expected 1 to 16, the path of a device, or demo, not " + text;
+}
+
+std::string as_json(const Record& value) {
+  constexpr int one_line = -1;
+  return value.dump(one_line, ' ', false, Record::error_handler_t::replace);
 }
 
 }  // namespace
@@ -33,6 +39,14 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
           "How results are printed: name=value lines, or one JSON object a line")
       ->type_name("text|json")
       ->check(CLI::IsMember({"text", "json"}).description(""));
+}
+
+std::string formatted(const Record& record, Format format) {
+  if (format == Format::json) return as_json(record) + "\n";
+  std::string text;
+  for (const auto& [name, value] : record.items())
+    text += name + "=" + (value.is_string() ? value.get<std::string>() : as_json(value)) + "\n";
+  return text;
 }
 
 }  // namespace halden

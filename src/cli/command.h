@@ -1,11 +1,12 @@
-// What the commands of haldenctl have in common on the command line.
+// What the commands of haldenctl have in common: their options on the command line, and the two forms in
+// which results are printed.
 #pragma once
 
 #include <functional>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "cli/port_argument.h"
-#include "cli/record.h"
 #include "cli/session.h"
 
 namespace CLI {
@@ -13,6 +14,8 @@ class App;
 }
 
 namespace halden {
+
+enum class Format { text, json };
 
 // The command that was typed, ready to run on sessions it opens; returns the exit code.
 using ChosenCommand = std::function<int(const OpenSession& open)>;
@@ -30,5 +33,12 @@ struct CommonOptions {
 
 // Adds --port and --format. `options` lives until the command line is parsed.
 void add_common_options(CLI::App& command, CommonOptions& options);
+
+// Named values: an object whose members are texts and numbers, in the order in which they are printed.
+using Record = nlohmann::ordered_json;
+
+// Text: one "name=value" a line. JSON: one object on one line. Both end with a line end and are the same in
+// every locale. What is not UTF-8 in a text is replaced.
+std::string formatted(const Record& record, Format format);
 
 }  // namespace halden

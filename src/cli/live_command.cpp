@@ -8,7 +8,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
 
@@ -23,7 +22,7 @@ constexpr int ms_per_day = 86'400'000;
 std::string padded(int number, const char* zeros) { return format_pattern(number, zeros); }
 
 int run_live(const OpenSession& open, const CommonOptions& common, const LiveOptions& options) {
-  const auto session = open(common.port, Interruption::ends_it, FileAccess::none);
+  const auto session = open(common.port, Interruption::is_end, FileAccess::none);
   LiveReport report(session->program(), options, *session);
   session->every(silence_check_ms, [&] { report.check_silence(); });
   return session->run([&] { report.start(); });

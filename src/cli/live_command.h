@@ -1,11 +1,11 @@
-// haldenctl live: the readings of every power frame, as the panels of the main window show them.
+// `haldenctl live`: prints the readings of every power frame, as the panels of the main window show them.
 #pragma once
 
 #include <optional>
 #include <string>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 #include "platform/clock.h"
 #include "readings/wiring.h"
@@ -14,11 +14,11 @@
 namespace halden {
 
 struct LiveOptions {
-  std::optional<int> count;  // of frames after which it is done; for ever without
+  std::optional<int> count;  // ends after that many frames; without, it never ends by itself
   Format format = Format::text;
 };
 
-// With a count, a meter that sends no frame for that long is given up.
+// With a count, the command fails after that long without a frame.
 inline constexpr double longest_silence_s = 30.0;
 
 // Prints what the power view shows after each frame. The program has been started up and polls the meter.
@@ -30,10 +30,10 @@ class LiveReport : public LiveListener {
   LiveReport(const LiveReport&) = delete;
   LiveReport& operator=(const LiveReport&) = delete;
 
-  // From now on frames are printed; a meter in harmonics mode sends none, which is a failure.
+  // From now on frames are printed; fails when the meter is in harmonics mode, where it sends none.
   void start();
 
-  // Looks whether the meter has been silent for too long; to be called now and then.
+  // Fails when the meter has been silent for too long; called twice a second.
   void check_silence();
 
   void frame_shown() override;

@@ -1,10 +1,12 @@
-// The parts of the outside world that a command has no use for: no boxes, no printer, no documents, no files.
-// Messages are remembered, because the command decides what to make of them.
+// The parts of the platform that a command does not use, or only partly: no message boxes, no printer, no
+// documents, and no files or only those of the recording. Messages are kept, because the command decides how
+// to report them.
 #pragma once
 
 #include <functional>
 #include <utility>
 
+#include "app/configuration.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/printer.h"
@@ -52,7 +54,7 @@ class SilentShell : public Shell {
   std::function<void()> end_;
 };
 
-// An empty folder in which nothing can be kept: the configuration files of the program with windows are
+// An empty folder in which nothing can be written: the configuration files of the program with windows are
 // neither read nor written.
 class NoFiles : public Files {
  public:
@@ -64,6 +66,31 @@ class NoFiles : public Files {
   FileFailure replace(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure remove(const std::string&) override { return FileFailure::none; }
   std::optional<std::uint64_t> length(const std::string&) override { return std::nullopt; }
+};
+
+// For a command that records: the files on the disk, except that the configuration of the program with
+// windows is neither read nor written.
+class RecordedFiles : public Files {
+ public:
+  // `disk` outlives this.
+  explicit RecordedFiles(Files& disk) : disk_(disk) {}
+
+  bool exists(const std::string& path) override { return disk_.exists(path); }
+  FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) override {
+    if (is_configuration_file(path)) return {FileFailure::not_found, {}};
+    return disk_.read(path, offset, max_bytes);
+  }
+  FileFailure append(const std::string& path, std::string_view bytes) override {
+    return disk_.append(path, bytes);
+  }
+  FileFailure replace(const std::string& path, std::string_view bytes) override {
+    return is_configuration_file(path) ? FileFailure::forbidden : disk_.replace(path, bytes);
+  }
+  FileFailure remove(const std::string& path) override { return disk_.remove(path); }
+  std::optional<std::uint64_t> length(const std::string& path) override { return disk_.length(path); }
+
+ private:
+  Files& disk_;
 };
 
 }  // namespace halden

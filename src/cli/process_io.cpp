@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array signals = {SIGINT, SIGTERM};
 
-// A signal handler can reach nothing but what lives as long as the process, and do little more than this.
+// A signal handler can only use what exists as long as the process, and do little more than set a flag.
 volatile std::sig_atomic_t signal_came = 0;
 
 }  // namespace
@@ -28,7 +28,7 @@ void note_interruptions() {
 bool interrupted() { return signal_came != 0; }
 
 void ignore_lost_readers() {
-#ifdef SIGPIPE  // elsewhere writing just fails
+#ifdef SIGPIPE  // without that signal writing simply fails
   std::signal(SIGPIPE, SIG_IGN);
 #endif
 }

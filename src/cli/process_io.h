@@ -1,5 +1,4 @@
-// The process around a command: interruptions from the terminal, and standard output, whose reader may go
-// away
+// The process of a command: interruptions from the terminal, and standard output, whose reader may end first
 // (`haldenctl live ... | head`).
 #pragma once
 
@@ -12,7 +11,7 @@ namespace halden {
 void note_interruptions();
 bool interrupted();
 
-// Ignores SIGPIPE: writing to a reader that has gone is a result, not the end of the program.
+// Ignores SIGPIPE: writing to a reader that has ended returns a result and does not end the program.
 void ignore_lost_readers();
 
 enum class Written { all, reader_gone, failed };

@@ -6,14 +6,13 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "screen/failure_texts.h"
 
 namespace halden {
 
 namespace {
 
-constexpr int look_period_ms = 500;
+constexpr int check_period_ms = 500;
 constexpr int most_records = 1'000'000'000;
 constexpr double longest_duration_s = 1.0e9;
 
@@ -23,11 +22,11 @@ int refuse(const std::string& file) {
 }
 
 int run_record(const OpenSession& open, const PortArgument& port, const RecordOptions& options) {
-  const auto session = open(port, Interruption::spoils_it, FileAccess::disk);
+  const auto session = open(port, Interruption::is_failure, FileAccess::disk);
   if (options.existing == ExistingFile::refused && session->program().platform.files.exists(options.file))
     return refuse(options.file);
   RecordRun run(session->program(), options, *session);
-  session->every(look_period_ms, [&] { run.look_after(); });
+  session->every(check_period_ms, [&] { run.check_progress(); });
   return session->run([&] {
     session->on_interruption([&] { run.finish(); });
     run.start();
@@ -65,7 +64,7 @@ void RecordRun::frame_shown() {
     finish();
 }
 
-void RecordRun::look_after() {
+void RecordRun::check_progress() {
   if (!runs_) return;
   const DataFile& file = program_.live.recording.file();
   if (std::exchange(lines_wait_, file.lines_waiting() > 0) != lines_wait_)

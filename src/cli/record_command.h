@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 
 namespace halden {
@@ -37,8 +37,8 @@ class RecordRun : public LiveListener {
   // Ends the recording and the command, and says how many records there are and where.
   void finish();
 
-  // To be called twice a second: ends when it is time, and says when lines have to wait.
-  void look_after();
+  // Called twice a second: ends when the duration is over, and says when lines begin or cease to wait.
+  void check_progress();
 
   // Ends at the last record.
   void frame_shown() override;

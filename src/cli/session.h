@@ -1,4 +1,4 @@
-// What a command of haldenctl works with: the program joined to a meter, and whoever typed the command.
+// What a command of haldenctl works with: the program connected to a meter, and the user's terminal.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,7 @@ inline constexpr int exit_done = 0;
 inline constexpr int exit_failed = 1;
 inline constexpr int exit_wrong_usage = 2;
 
-// Whoever typed the command.
+// The output to the user who typed the command.
 class Terminal {
  public:
   virtual ~Terminal() = default;
@@ -32,18 +32,18 @@ class Terminal {
   virtual void failed(const std::string& sentence) = 0;
 };
 
-// The program without windows, joined to the meter for the length of one command.
+// The program without windows, connected to the meter for the length of one command.
 class Session : public Terminal {
  public:
   // Starts the program up on the port; when the meter has told its status and is being polled, runs
-  // `command`. Then the program lives in the event loop until the command ends. Returns the exit code. When
+  // `command`. Then the event loop runs until the command ends. Returns the exit code. When
   // the port does not open or the meter does not answer, the command is not run: it has failed.
   virtual int run(const std::function<void()>& command) = 0;
 
   // From now on an interruption runs `finish`, which ends the command.
   virtual void on_interruption(std::function<void()> finish) = 0;
 
-  // Calls the handler again and again while the session runs.
+  // Calls the handler every `period_ms` while the session runs.
   virtual void every(int period_ms, std::function<void()> handler) = 0;
 
   virtual Program& program() = 0;
@@ -52,8 +52,8 @@ class Session : public Terminal {
   virtual const std::string& last_message() const = 0;
 };
 
-// What it means for a command that it was interrupted by Ctrl-C or a request to terminate.
-enum class Interruption { ends_it, spoils_it };
+// Whether an interruption by Ctrl-C or a request to terminate is the normal end of a command or its failure.
+enum class Interruption { is_end, is_failure };
 
 // The files of a command: none at all, or those of the disk. The configuration of the program with windows is
 // neither read nor written.

@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/command.h"
 #include "readings/numbers.h"
 #include "screen/meter_rec/settings.h"
 
@@ -22,13 +21,13 @@ const SettingNames* names_of(std::string_view name) {
 }
 
 // What the meter is expected to hold: a number, or for the frequency anything else as automatic, 0.
-double meant_by(std::string_view name, std::string_view text) {
+double expected_value(std::string_view name, std::string_view text) {
   const double number = leading_number(text);
   return name == "hz" && number != 50 && number != 60 ? 0 : number;
 }
 
 int run_set(const OpenSession& open, const CommonOptions& common, const std::vector<TypedSetting>& settings) {
-  const auto session = open(common.port, Interruption::spoils_it, FileAccess::none);
+  const auto session = open(common.port, Interruption::is_failure, FileAccess::none);
   return session->run([&] {
     send_settings(
         session->program(), settings, common.format, [&] { return session->last_message(); }, *session);
@@ -63,7 +62,7 @@ void send_settings(Program& program, const std::vector<TypedSetting>& settings, 
       return;
     }
     const std::string held = window[names.box].text;
-    if (meant_by(setting.name, held) != meant_by(setting.name, setting.value)) {
+    if (expected_value(setting.name, held) != expected_value(setting.name, setting.value)) {
       terminal.failed("The meter did not take " + setting.name + "=" + setting.value + "; it holds " + held +
                       ".");
       return;

@@ -1,4 +1,4 @@
-// `haldenctl set`: sends settings to the meter, the same way as the buttons of the main window, and reads
+// `haldenctl set`: sends settings to the meter in the same way as the buttons of the main window, and reads
 // them back.
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/program.h"
-#include "cli/record.h"
+#include "cli/command.h"
 #include "cli/session.h"
 
 namespace halden {

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include "app/program.h"
-#include "cli/command.h"
 
 namespace halden {
 
@@ -23,7 +22,7 @@ Record number(double value) {
 }
 
 int run_status(const OpenSession& open, const CommonOptions& options) {
-  const auto session = open(options.port, Interruption::spoils_it, FileAccess::none);
+  const auto session = open(options.port, Interruption::is_failure, FileAccess::none);
   return session->run([&] {
     session->print(formatted(status_record(session->program().link.status), options.format));
     session->done();

@@ -1,7 +1,7 @@
-// haldenctl status: what the meter says of itself.
+// `haldenctl status`: prints the meter's status.
 #pragma once
 
-#include "cli/record.h"
+#include "cli/command.h"
 #include "link/meter_status.h"
 
 namespace halden {

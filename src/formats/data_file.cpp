@@ -8,7 +8,7 @@ namespace halden {
 
 namespace {
 
-// What has to stand behind the last byte of a file before a new line may follow.
+// What must be written after the last byte of a file before a new line can begin.
 std::string_view missing_line_end(Files& files, const std::string& path, std::uint64_t length) {
   const std::string last = files.read(path, length - 1, 1).bytes;
   if (last.empty() || last.back() == '\n') return {};

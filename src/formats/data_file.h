@@ -1,8 +1,8 @@
 // A data file while it is being recorded: lines are appended by open, write and close, and none is lost.
 //
-// A line that cannot be written (disk full, folder gone, file locked by a spreadsheet) waits in memory, in
-// order, and goes with the next append that succeeds. A last line that was torn (power cut) gets its line end
-// first. A file that has vanished meanwhile begins with the header lines again.
+// A line that cannot be written (disk full, folder deleted, file locked by a spreadsheet) stays in memory, in
+// order, and is written with the next append that succeeds. A last line without a line end (power cut) gets
+// one first. A file that has been deleted meanwhile begins with the header lines again.
 #pragma once
 
 #include <cstddef>
@@ -21,19 +21,20 @@ class DataFile {
   explicit DataFile(Files& files) : files_(files) {}
 
   // Begins a block of lines at the end of `path` (UTF-8) and tries to write its header lines, each with its
-  // line end. Lines that wait for another file are forgotten.
+  // line end. Lines still waiting for another file are dropped.
   void begin(std::string path, std::string header);
 
-  // Adds one line, without its line end, and tries to write all that waits.
+  // Adds one line, without its line end, and tries to write all waiting lines.
   void append_line(std::string_view line);
 
-  // No more lines come. Header lines that still wait are forgotten unless a line follows them.
+  // No more lines come. Header lines still waiting are dropped unless lines are waiting with them.
   void end();
 
-  // Tries again. Whether nothing waits any more.
+  // Tries again. True when nothing is waiting any more.
   bool write_waiting();
 
-  // Writes the header lines and all that waits to the end of another file; on success nothing waits any more.
+  // Writes the header lines and all waiting lines to the end of another file; on success nothing is waiting
+  // any more.
   FileFailure write_waiting_to(const std::string& path);
 
   const std::string& path() const { return path_; }

@@ -11,7 +11,19 @@ namespace {
 constexpr int order_count = 100;
 constexpr int sample_count = 1024;
 
-// The five settings, with the blank or comma that stands before each.
+// With its comma; "????," for an unknown system.
+std::string_view wiring_text(Wiring wiring_system) {
+  constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
+  return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
+}
+
+std::string_view channel_name(std::int16_t harmonic_channel) {
+  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
+  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
+  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
+}
+
+// The five settings, each after `separator`, a blank or a comma.
 std::string settings_part(std::string_view separator, const SettingTexts& settings) {
   std::string part;
   const auto add = [&](std::string_view name, std::string_view text) {
@@ -41,18 +53,7 @@ const char* option_text(const WaveSource& source) { return source.harmonic_optio
 
 }  // namespace
 
-std::string_view wiring_text(Wiring wiring_system) {
-  constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
-  return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
-}
-
-std::string_view channel_name(std::int16_t harmonic_channel) {
-  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
-  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
-  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
-}
-
-// The wiring text brings the comma before the first setting along.
+// The wiring text ends with the comma that separates it from the first setting.
 std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings) {
   return std::string(wiring_text(wiring_system)) + settings_part(",", settings).substr(1);
 }

@@ -15,17 +15,11 @@ struct SettingTexts {
   std::string_view hz, md, sec, ct, vt;
 };
 
-// "3P4W," with its comma; "????," for an unknown system.
-std::string_view wiring_text(Wiring wiring_system);
-
-// "V1", "I1", ... "I3" for 0 to 5; empty for anything else.
-std::string_view channel_name(std::int16_t harmonic_channel);
-
-// What a file of harmonics or waveforms tells of its source.
+// What the header of a harmonics or waveform file says about its source.
 struct WaveSource {
   Wiring wiring_system = Wiring::w1p2w;
-  std::int16_t harmonic_channel = 0;
-  std::int16_t harmonic_option = 0;  // 0 percentages, anything else phase angles
+  std::int16_t harmonic_channel = 0;  // V1, I1, V2, I2, V3, I3; any other has no name
+  std::int16_t harmonic_option = 0;   // 0 percentages, anything else phase angles
 };
 
 // "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1"
@@ -34,7 +28,7 @@ std::string power_settings_line(Wiring wiring_system, const SettingTexts& settin
 // "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=%"; "OPTION=D" with phase angles.
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings);
 
-// Two header lines as they stand in a file, each with its line end.
+// The two header lines of a file, each with its line end.
 std::string header_lines(std::string settings, const std::string& columns);
 
 // Nine names and the orders 0 to 99.
@@ -43,7 +37,7 @@ std::string harmonics_column_line();
 // "WAVE Hz=60 MD=15 SEC=2 CT=1 VT=1 INPUT=V1 SYS=3P4W, NO.=1024  OPTION=%"
 std::string waveform_settings_line(const WaveSource& source, const SettingTexts& settings);
 
-// Date and time, the samples 0 to 1023, and what the meter worked out of them.
+// Date and time, the samples 0 to 1023, and the values the meter calculated from them.
 std::string waveform_column_line();
 
 }  // namespace halden

@@ -13,7 +13,7 @@ namespace {
 using enum PowerQuantity;
 using Quantities = std::vector<PowerQuantity>;
 
-// Columns that stand together. The names carry their own, partly uneven spacing, which belongs to the format.
+// Adjacent columns. The uneven spacing of the names is part of the format.
 struct ColumnGroup {
   std::string_view names;
   Quantities quantities;

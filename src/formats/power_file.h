@@ -1,5 +1,5 @@
-// The columns of the power data file, by wiring system: their names as they stand in the file's second line,
-// and the quantities whose texts a record stores.
+// The columns of the power data file, by wiring system: their names as written in the file's second line, and
+// the quantities whose texts a record stores.
 //
 //   3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1
 //         DATE,      TIME,       V12,       V23, ...     VA(MD)
@@ -9,14 +9,33 @@
 // characters, 20 of 3P3W 220, 28 of 1P3W 308, 17 of 1P2W 187.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "formats/quantities.h"
 #include "platform/clock.h"
 #include "readings/wiring.h"
 
 namespace halden {
+
+// The quantities of a record, in the order of the columns of 3P4W, which have all of them.
+// clang-format off
+enum class PowerQuantity {
+  V12, V23, V31, V1, V2, V3,
+  I1, I2, I3, P1, P2, P3,
+  S1, S2, S3, Q1, Q2, Q3,
+  PF1, PF2, PF3, Phase1, Phase2, Phase3,
+  W_SYS, VA_SYS, VAR_SYS, PF_SYS, WH_SYS, VAH_SYS, VARH_SYS, PFH_SYS,
+  W_AD, VA_AD, W_MD, VA_MD
+};
+// clang-format on
+
+inline constexpr std::size_t power_quantity_count = static_cast<std::size_t>(PowerQuantity::VA_MD) + 1;
+
+// The text of every quantity as it is shown, in that order. Those the wiring system does not have are not
+// read.
+using PowerTexts = std::array<std::string_view, power_quantity_count>;
 
 // The line of the column names; empty for an unknown wiring system.
 std::string power_column_line(Wiring wiring_system);

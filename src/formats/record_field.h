@@ -19,12 +19,12 @@ std::string record_field(std::string_view text);
 // "mm-dd-yyyy"
 std::string record_date(const Date& date);
 
-// What stands in place of a record while the meter does not answer: 143 characters.
+// The line written in place of a record while the meter does not answer: 143 characters.
 //
 //   03-15-2024,12:30:44, NO COM, DATA LOST, !, !,!,!,!,!,!,!
 std::string no_communication_line(const Date& date, std::string_view clock_text);
 
-// The number texts 0, 1, ... count - 1, each behind `separator`.
+// The numbers 0, 1, ... count - 1 as texts, each after `separator`.
 std::string numbered_names(std::string_view separator, int count);
 
 }  // namespace halden

@@ -1,5 +1,5 @@
-// The bracket around every exchange of the program with the meter: stop polling, work, read the meter's
-// status anew, poll again.
+// The steps around every exchange with the meter: stop polling, do the work, read the meter's status again,
+// resume polling.
 #pragma once
 
 #include <functional>

@@ -4,7 +4,7 @@
 
 namespace halden {
 
-// Also lowers the flag when the program ends in the middle of a wait.
+// Clears the flag also when ProgramEnded is thrown out of a wait.
 class ExchangeGate::Busy {
  public:
   explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }

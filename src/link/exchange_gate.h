@@ -1,5 +1,5 @@
 // Keeps exchanges from overlapping: a click that would start one while another runs is kept, and runs once
-// when that one has ended.
+// after that one has ended.
 #pragma once
 
 #include <functional>
@@ -17,12 +17,12 @@ class ExchangeGate {
  public:
   explicit ExchangeGate(Clock& clock) : clock_(clock) {}
 
-  // Runs `exchange` now, or keeps it under `name` when something runs. A name that is kept already is not
-  // kept twice.
+  // Runs `exchange` now, or keeps it under `name` while an exchange or a live tick runs. A name that is kept
+  // already is not kept twice.
   void run(const std::string& name, const std::function<void()>& exchange);
 
-  // Runs a live tick: exchanges started while it lets events run follow it in a handler of their own, so that
-  // ticks go on during them. A tick inside an exchange, or inside another tick, just runs.
+  // Runs a live tick. Exchanges that the user starts during the tick run after it in a handler of their own,
+  // so that ticks continue during them. A tick during an exchange or another tick runs at once.
   void run_tick(const std::function<void()>& tick);
 
   // A click on the control runs the exchange, or keeps it.

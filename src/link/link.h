@@ -1,4 +1,4 @@
-// The link to the meter in one piece: its state, and what works on it, in the order it is built.
+// Everything of the link to the meter, in the order it is built: its state, and the objects that work on it.
 #pragma once
 
 #include "link/exchange.h"

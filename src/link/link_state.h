@@ -1,4 +1,4 @@
-// What the exchange with the meter keeps between its steps.
+// The state of the exchange with the meter: language, port, view, missed ticks and receive buffers.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace halden {
 
-// display_mode: which live view runs.
+// The values of display_mode: which live view runs.
 inline constexpr std::int16_t harmonics_view = 0;
 inline constexpr std::int16_t power_view = 1;
 inline constexpr std::int16_t waveform_view = 2;
@@ -26,8 +26,8 @@ struct LinkState {
   std::string wave_buffer;        // live frames of the waveform view, as bytes
 };
 
-// No frame or reply comes near these lengths. They keep the memory bounded when something else than a meter
-// sends without end: of live frames the newest bytes are kept, of a reply the first.
+// No frame or reply is nearly this long. The limits bound the memory when a device that is no meter sends
+// without end: the newest bytes of live frames are kept, and the first bytes of a reply.
 inline constexpr std::size_t live_buffer_limit = 16 * 1024;
 inline constexpr std::size_t reply_buffer_limit = 64 * 1024;
 

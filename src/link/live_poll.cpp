@@ -58,7 +58,7 @@ void LivePoll::count_missed_poll() {
   if (state_.missed_polls > give_up_after) {
     platform_.shell.beep();
     state_.poll_buffer.clear();
-    state_.wave_buffer.clear();  // a head of five seconds ago would spoil the waveform that comes after it
+    state_.wave_buffer.clear();  // an old part of a frame would corrupt the next waveform
     polling_.send_live_request();
     state_.missed_polls = 0;
   }

@@ -1,5 +1,5 @@
-// The live request cycle: what each tick of Timer2 does until a frame is complete, and how it asks again when
-// the meter stays silent. What a frame means is the business of the view that runs.
+// The live request cycle: what each tick of timer2 does until a frame is complete, and when the request is
+// repeated because the meter is silent. The view that runs interprets the frame.
 #pragma once
 
 #include "link/link_state.h"
@@ -15,7 +15,7 @@ class LiveFrames {
  public:
   virtual ~LiveFrames() = default;
 
-  // A complete frame stands in poll_buffer or wave_buffer, whichever belongs to the current display_mode.
+  // A complete frame is in poll_buffer or wave_buffer, whichever belongs to the current display_mode.
   virtual void frame_complete() = 0;
 
   // More than 16 consecutive ticks ended with an incomplete frame.

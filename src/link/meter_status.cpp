@@ -30,7 +30,7 @@ using Destination = std::variant<Skipped, Number16, Number32, ClockText, Setter>
 
 constexpr ClockText clock_text(std::string MeterStatus::*destination) { return {destination, "", 3, 2}; }
 
-// The bits of a whole number written in decimal; a number beyond 64 bits has none worth keeping.
+// The bits of a whole number written in decimal; a number beyond 64 bits gives 0.
 std::uint64_t bit_pattern(std::string_view field) {
   const double number = leading_number(field);
   if (!(number > -9.0e18 && number < 9.0e18)) return 0;
@@ -98,7 +98,7 @@ const std::array<Destination, field_count> destinations = {
     &MeterStatus::logger_file_count,
 };
 
-// Puts one field where it belongs.
+// Stores one field in its destination.
 struct Store {
   MeterStatus& status;
   std::string_view field;

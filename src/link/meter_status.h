@@ -1,4 +1,4 @@
-// What the meter says of itself, and how its status reply is cut into values.
+// The meter's status, and how the status reply is read into it.
 //
 // The reply to "?" is text: an optional prefix ending in "E", then 35 fields, each followed by one blank:
 //
@@ -17,8 +17,8 @@ namespace halden {
 inline constexpr std::int16_t harmonics_mode = 0;
 inline constexpr std::int16_t power_mode = 1;
 
-// Adds to the scaling (ct_ratio, pt_ratio, current_scale, current_range, wiring_system, md_period) what else
-// the status tells.
+// The scaling (ct_ratio, pt_ratio, current_scale, current_range, wiring_system, md_period), and all other
+// values of the status.
 struct MeterStatus : Scaling {
   std::int16_t meter_mode = power_mode;
   std::int16_t harmonic_channel = 0;  // V1, I1, V2, I2, V3, I3

@@ -26,7 +26,7 @@ void Polling::resume_polling(std::int16_t flag) {
 void Polling::start() {
   waits_.timed_wait(settle_s, Yield::no);
   waits_.discard();
-  // The rest of a frame cut by the exchange must not be taken for the beginning of the next one.
+  // The rest of a frame cut by the exchange must not be taken for the start of the next one.
   state_.poll_buffer.clear();
   state_.wave_buffer.clear();
   send_live_request();

@@ -17,7 +17,7 @@ constexpr double quiet_s = 3.0;
 constexpr double before_request_s = 1.0;
 constexpr double reply_s = 5.0;
 
-// Fields of the reply, from 1; those of the settings stand in their table.
+// Field numbers in the reply, from 1; those of the settings are in meter_settings.
 constexpr int mode_field = 1;
 constexpr int wiring_field = 3;
 
@@ -26,6 +26,15 @@ constexpr std::array<Text, 2> mode_captions = {
 
 constexpr std::array<Text, 4> wiring_captions = {
     {{"1P2W", "單相兩線"}, {"1P3W", "單相三線"}, {"3P3W", "三相三線"}, {"3P4W", "三相四線"}}};
+
+std::string_view mode_caption(std::int16_t meter_mode, Language language) {
+  if (meter_mode < 0 || meter_mode > 1) return "?";
+  return mode_captions[static_cast<std::size_t>(meter_mode)].in(language);
+}
+
+std::string_view wiring_caption(Wiring wiring_system, Language language) {
+  return wiring_captions[table_index(wiring_system)].in(language);
+}
 
 std::string frequency_text(std::int16_t frequency_code) {
   if (frequency_code == 1) return "50";
@@ -51,15 +60,6 @@ std::string setting_text(Setting setting, const MeterStatus& status) {
 }
 
 }  // namespace
-
-std::string_view mode_caption(std::int16_t meter_mode, Language language) {
-  if (meter_mode < 0 || meter_mode > 1) return "?";
-  return mode_captions[static_cast<std::size_t>(meter_mode)].in(language);
-}
-
-std::string_view wiring_caption(Wiring wiring_system, Language language) {
-  return wiring_captions[table_index(wiring_system)].in(language);
-}
 
 void StatusQuery::query_meter_status() {
   succeeded_ = false;

@@ -1,8 +1,8 @@
-// Asks the meter for its complete state and shows it: mode, wiring system, settings boxes, column layout,
-// clock.
+// Asks the meter for its complete status and shows it in the main window: mode, wiring system, settings boxes
+// and column layout.
 //
-// Always runs with the live poll stopped; takes 9 seconds, of which one yields. The notice window says so
-// meanwhile.
+// Always runs with the live poll stopped; takes 9 seconds, of which one yields. The notice window asks the
+// user to wait meanwhile.
 #pragma once
 
 #include <functional>
@@ -57,9 +57,5 @@ class StatusQuery {
   bool succeeded_ = false;
   std::vector<std::function<void()>> status_read_;
 };
-
-// The captions of the mode label and the wiring panel.
-std::string_view mode_caption(std::int16_t meter_mode, Language language);
-std::string_view wiring_caption(Wiring wiring_system, Language language);
 
 }  // namespace halden

@@ -8,7 +8,8 @@ namespace {
 
 constexpr double arriving_limit_s = 6.0;
 constexpr double quiet_step_s = 0.5;
-constexpr std::size_t unlikely_count = 1000;  // the count that wait_until_quiet starts from
+constexpr std::size_t unlikely_count =
+    1000;  // stands for the previous count at the start of wait_until_quiet
 
 }  // namespace
 

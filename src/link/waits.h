@@ -1,5 +1,5 @@
-// Timed waits and the ways of gathering what the meter sends; there is no framing, so time is what ends a
-// reply.
+// Timed waits, and collecting what the meter sends. The replies have no framing, so their end is known only
+// by time.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ class Waits {
   Waits(Clock& clock, SerialPort& port) : clock_(clock), port_(port) {}
 
   // Returns after `seconds` on the time-of-day clock. When the clock goes back (midnight) the wait starts
-  // anew, so a wait across midnight lasts up to `seconds` again after it. Throws ProgramEnded when the
+  // again, so a wait across midnight lasts up to `seconds` again after it. Throws ProgramEnded when the
   // program ends meanwhile.
   void timed_wait(double seconds, Yield yield);
 
@@ -40,7 +40,7 @@ class Waits {
   void wait_until_quiet();
 
  private:
-  // Runs `turn` again and again for `seconds`, as long as it returns true.
+  // Repeats `turn` for `seconds`, as long as it returns true.
   template <typename Turn>
   void for_seconds(double seconds, Yield yield, Turn turn);
 

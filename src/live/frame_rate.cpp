@@ -13,8 +13,8 @@ void FrameRate::count(double now_s) {
   while (now_s - times_s_.front() > window_s) times_s_.pop_front();
 }
 
-// Between n frames lie n - 1 gaps; a gap that is still open counts too, so the rate falls while the meter is
-// silent.
+// There are n - 1 gaps between n frames. When the time since the last frame exceeds two mean gaps it counts
+// as a gap too, so the rate falls while the meter is silent.
 double FrameRate::per_second(double now_s) const {
   double first_s = now_s;
   int frames = 0;

@@ -1,4 +1,4 @@
-// How many complete frames a second have come lately, for the status line.
+// The rate of complete frames over the last seconds, for the status line.
 #pragma once
 
 #include <deque>

@@ -1,11 +1,11 @@
-// Hands each complete live frame to the view that runs, and tells its listeners what came of it.
+// Passes each complete live frame to the view that runs, and tells the listeners the outcome.
 #pragma once
 
 #include <vector>
 
 #include "link/live_poll.h"
 #include "live/frame_rate.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/sample_clock.h"
 
 namespace halden {

@@ -1,16 +1,17 @@
-// What the live poll and the recorder know of a live view: power, harmonics or waveform.
+// The live views (power, harmonics, waveform), as the live poll and the recording see them.
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "formats/data_file.h"
+#include "link/link_state.h"
+#include "link/meter_status.h"
 
 namespace halden {
 
 enum class FrameOutcome {
-  complete,    // a whole frame stands on the screen
-  incomplete,  // something else: what it held stands on the screen
+  complete,    // a whole frame is on the screen
+  incomplete,  // not a whole frame; the readings it held are on the screen
   not_shown,   // a whole frame that the view does not show
 };
 
@@ -18,7 +19,7 @@ class LiveView {
  public:
   virtual ~LiveView() = default;
 
-  // The live buffer passes for a complete frame: takes it off there, shows it, and asks for the next one.
+  // frame_is_complete is true: removes the frame from the live buffer, shows it and requests the next one.
   virtual FrameOutcome take_frame() = 0;
 
   // ---- its data file ----
@@ -31,15 +32,38 @@ class LiveView {
   virtual std::string record() const = 0;
 };
 
-// Learns what the live poll brings.
+// The live views of the program: which one is shown, and which one is recorded.
+struct LiveViews {
+  const LinkState& state;
+  const MeterStatus& status;
+  LiveView& power;
+  LiveView& harmonics;
+  LiveView& waveform;
+
+  // The view that runs, by display_mode.
+  LiveView& shown() const {
+    if (state.display_mode == harmonics_view) return harmonics;
+    return state.display_mode == waveform_view ? waveform : power;
+  }
+
+  // The view whose kind of data file is created now: the meter's mode decides between power and the two
+  // others, the open view between these. Nothing while the mode is unknown.
+  LiveView* to_record() const {
+    if (status.meter_mode == power_mode) return &power;
+    if (status.meter_mode != harmonics_mode) return nullptr;
+    return state.display_mode == waveform_view ? &waveform : &harmonics;
+  }
+};
+
+// Is told what the live poll receives.
 class LiveListener {
  public:
   virtual ~LiveListener() = default;
 
-  // A view has taken a frame; the sample clock still knows the sampling instant of the one before.
+  // A view has taken a frame; the sample clock still holds the sampling instant of the frame before.
   virtual void reading_taken() {}
 
-  // A whole frame stands on the screen, and has been recorded where that was due.
+  // A whole frame is on the screen, and was recorded if a record was due.
   virtual void frame_shown() {}
 
   // At every tick while the meter does not answer.

@@ -14,7 +14,7 @@ namespace halden {
 namespace {
 
 constexpr int shortest_period_ms = 100;
-constexpr std::int16_t whole_seconds_ms = 1000;
+constexpr int tick_ms = 1000;
 
 constexpr double shortest_s = 2;
 constexpr double longest_s = 32767;
@@ -23,13 +23,14 @@ constexpr const char* title = "Input Sampling Time";
 constexpr const char* prompt =
     "Enter the SAMPLING TIME in seconds\r\n\r\nThe value can be 2 or any other integer (max. 32767).";
 
-}  // namespace
-
+// As "hh:mm:ss".
 std::string time_of_day_text(double seconds_since_midnight) {
   const int whole = static_cast<int>(seconds_since_midnight);
   return format_pattern(whole / 3600, "#00") + ":" + format_pattern(whole / 60 % 60, "#00") + ":" +
          format_pattern(whole % 60, "#00");
 }
+
+}  // namespace
 
 SampleClock::SampleClock(const Platform& platform, Window& meter_rec)
     : platform_(platform), window_(meter_rec) {
@@ -51,10 +52,9 @@ double SampleClock::sample_time_s() const { return leading_number(window_[sample
 const std::string& SampleClock::sampling_instant() const { return window_[sample_clock_label].text; }
 
 bool SampleClock::sampling_instant_reached(double sample_time_s) {
-  if (sample_counting != 1) return true;
-  ++sample_tick_count;
-  if (sample_tick_count < sample_time_s) return false;
-  sample_tick_count = 0;
+  ++sample_tick_count_;
+  if (sample_tick_count_ < sample_time_s) return false;
+  sample_tick_count_ = 0;
   return true;
 }
 
@@ -66,11 +66,11 @@ void SampleClock::mark_sampling_instant(double now_s, double sample_time_s) {
   window_.set_text(sample_clock_label, time_of_day_text(now_s));
 }
 
-// The next tick falls on a whole multiple of clock_tick_ms since midnight.
+// The next tick falls on a whole second.
 void SampleClock::align(double now_s) {
   const int now_ms = static_cast<int>(round_half_even(now_s * 1000.0));
-  int period_ms = clock_tick_ms - now_ms % clock_tick_ms;
-  if (period_ms < shortest_period_ms) period_ms += clock_tick_ms;
+  int period_ms = tick_ms - now_ms % tick_ms;
+  if (period_ms < shortest_period_ms) period_ms += tick_ms;
   platform_.timer1.set_period_ms(period_ms);
 }
 
@@ -90,14 +90,12 @@ void SampleClock::ask_sampling_time() {
 }
 
 void SampleClock::set_sampling_time(std::int16_t time_s) {
-  sample_counting = 1;
-  clock_tick_ms = whole_seconds_ms;
   window_.set_text(sample_time_label, format_pattern(time_s, "#0") + " SEC");
-  start_counting_anew();
+  restart_counting();
 }
 
-void SampleClock::start_counting_anew() {
-  sample_tick_count = static_cast<std::int16_t>(static_cast<int>(sample_time_s()) - 1);
+void SampleClock::restart_counting() {
+  sample_tick_count_ = static_cast<std::int16_t>(static_cast<int>(sample_time_s()) - 1);
 }
 
 }  // namespace halden

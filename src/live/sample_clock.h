@@ -1,5 +1,5 @@
 // The sample clock: a tick on every whole second counts towards the sampling time and marks the sampling
-// instants by writing the time of day into sample_clock_label. The live poll notices that the label changed.
+// instants by writing the time of day into sample_clock_label. The live poll sees that the label has changed.
 #pragma once
 
 #include <cstdint>
@@ -30,23 +30,18 @@ class SampleClock {
   // The text of sample_clock_label.
   const std::string& sampling_instant() const;
 
-  // Whether the label has changed since the live poll saw it last; and that it has seen it now.
-  bool new_instant() const { return sampling_instant() != last_sample_time; }
-  void remember_instant() { last_sample_time = sampling_instant(); }
+  // Whether the label has changed since remember_instant was last called.
+  bool new_instant() const { return sampling_instant() != last_sample_time_; }
+  void remember_instant() { last_sample_time_ = sampling_instant(); }
 
   // Whole seconds from 2 to 32767. The next whole second is a sampling instant.
   void set_sampling_time(std::int16_t time_s);
 
   // The next whole second is a sampling instant.
-  void start_counting_anew();
-
-  std::string last_sample_time;
-  std::int16_t sample_counting = 1;    // 1 while ticks are counted
-  std::int16_t sample_tick_count = 0;  // seconds since the last sampling instant
-  std::int16_t clock_tick_ms = 1000;
+  void restart_counting();
 
  private:
-  // What lies outside the range is brought to its nearer end, and a fraction is cut off. An empty answer
+  // A value outside the range is limited to its nearer end, and a fraction is cut off. An empty answer
   // changes nothing.
   void ask_sampling_time();
   bool sampling_instant_reached(double sample_time_s);
@@ -55,10 +50,9 @@ class SampleClock {
 
   Platform platform_;
   Window& window_;
+  std::string last_sample_time_;
+  std::int16_t sample_tick_count_ = 0;  // seconds since the last sampling instant
   Date shown_date_{0, 0, 0};
 };
-
-// Seconds since midnight as "hh:mm:ss".
-std::string time_of_day_text(double seconds_since_midnight);
 
 }  // namespace halden

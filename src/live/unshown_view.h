@@ -1,5 +1,5 @@
-// The harmonics and waveform views as far as they go: their frames are taken off the line and not shown, and
-// a data file of theirs gets its header lines.
+// The harmonics and waveform views while they have no display: their frames are received and dropped, and
+// their data files get header lines only.
 #pragma once
 
 #include "link/link.h"

@@ -23,7 +23,7 @@ void show_graph(Window& window, bool visible) {
   window.set_visible("Harmo_Graph1", visible);
 }
 
-// Of the summary block without date and time, which come with the first frame.
+// All of the summary but date and time, which appear with the first frame.
 std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().first(6); }
 
 }  // namespace

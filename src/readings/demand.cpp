@@ -34,7 +34,7 @@ void complete_maximum(const Scaling& scaling, double average, const UnitTable& u
 }  // namespace
 
 void Readings::count_demand_sample() {
-  // Without a demand period the counter may run on for years.
+  // While no period ends (sampling time 0) the counter is never reset; it must not overflow.
   if (demand_samples < std::numeric_limits<std::int32_t>::max()) ++demand_samples;
 }
 

@@ -22,8 +22,8 @@ bool starts_number(std::string_view text) {
   return !text.empty() && is_digit(text[0]);
 }
 
-// Of a run of digits that a double cannot hold: either it is enormous, or all of it stands far behind the
-// point.
+// For digits that from_chars finds out of range: the largest double when the number is too large, 0 when it
+// is too small.
 double out_of_range(std::string_view digits) {
   const std::size_t first = digits.find_first_not_of('0');
   return first != std::string_view::npos && is_digit(digits[first]) ? std::numeric_limits<double>::max()
@@ -39,7 +39,7 @@ double unsigned_number(std::string_view text) {
 }
 
 std::int64_t whole(double value) {
-  constexpr double limit = 9e18;  // inside int64, and its negative as well
+  constexpr double limit = 9e18;  // within int64, and its negative too
   if (std::isnan(value)) return 0;
   return static_cast<std::int64_t>(std::clamp(round_half_even(value), -limit, limit));
 }

@@ -1,5 +1,5 @@
-// Numbers the way the meter and the user's boxes need them: read leniently, rounded half to even, never
-// undefined. Nothing here depends on the desktop's locale.
+// Reads and rounds the numbers that the meter sends and the user types: lenient, half to even, with a defined
+// result for every input. Nothing here depends on the desktop's locale.
 #pragma once
 
 #include <cstdint>
@@ -17,9 +17,8 @@ double leading_number(std::string_view text);
 // To the nearest whole number, halves to the even one; never -0.
 double round_half_even(double value);
 
-// x \ y: both are rounded to whole numbers (halves to even), then the quotient is cut toward zero. y rounds
-// to something other than 0; a y that rounds to 0 after all gives 0. What exceeds 9e18 counts as 9e18, NaN as
-// 0.
+// x \ y: both are rounded to whole numbers (halves to even), then the quotient is cut toward zero. A y that
+// rounds to 0 gives 0. A magnitude above 9e18 counts as 9e18, NaN as 0.
 std::int64_t integer_quotient(double x, double y);
 
 // Rounded half to even; nothing when the result does not fit, and for NaN.

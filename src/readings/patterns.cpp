@@ -71,7 +71,7 @@ void round_to_places(Decimal& decimal, int places) {
   if (up) round_up(decimal);
 }
 
-// The digits from index `from` up to before `to` of the decimal, written at `target`, which holds zeros.
+// Writes the digits with the indices `from` to `to` - 1 of the decimal to `target`, which holds zeros.
 void copy_digits(const Decimal& decimal, int from, int to, char* target) {
   for (int index = std::max(from, 0); index < std::min(to, decimal.count); ++index)
     target[index - from] = decimal.digits[static_cast<std::size_t>(index)];

@@ -1,11 +1,10 @@
-// The one place where a number becomes a text by a pattern: what stands on the screen, in files and on the
-// wire.
+// Formats a number by a pattern, for the screen, for files and for the commands to the meter.
 //
-//   0    a digit that always stands        "00000"   -45      -> "-00045"
-//   #    a digit that stands when needed   "###0.00" 2.675    -> "2.68"
+//   0    a digit, always written           "00000"   -45      -> "-00045"
+//   #    a digit, written when needed      "###0.00" 2.675    -> "2.68"
 //   .    the decimal point; after it only 0
 //   %    the number is shown times 100     "#0.00%"  0.01234  -> "1.23%"
-//   anything else, from there to the end, stands behind the number: "0.00H", "#0.0Hz"
+//   anything else, from there to the end, is written after the number: "0.00H", "#0.0Hz"
 #pragma once
 
 #include <string>
@@ -13,9 +12,9 @@
 
 namespace halden {
 
-// Rounds half away from zero on the shortest decimal text that names the number, so that 0.35 under "##0.0"
-// is 0.4 although the double lies below. More digits before the point than the pattern has are all written. A
-// result that rounds to zero has no sign. A value that is not finite counts as 0.
+// Rounds half away from zero, starting from the shortest decimal text of the double: 0.35 with "##0.0" is 0.4
+// although the double is slightly less than 0.35. All digits before the point are written, also when the
+// pattern has fewer. A result that rounds to zero has no sign. A value that is not finite counts as 0.
 std::string format_pattern(double value, std::string_view pattern);
 
 }  // namespace halden

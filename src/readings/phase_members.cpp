@@ -14,11 +14,11 @@ namespace halden {
 
 namespace {
 
-// The raw value is cut, not rounded: floor(x) == round(x - 0.5). Rounding errors and a W above VA put the
-// radicand of a vanishing magnitude below 0.
+// The raw value is cut, not rounded: floor(x) == round(x - 0.5). Rounding errors and a W above VA can make
+// the square negative.
 double derived_magnitude(double square) { return std::sqrt(std::max(square, 0.0)) - 0.5; }
 
-// V x I counts 0.01 mVA x 10^range.
+// One count of V x I is 0.01 mVA x 10^range.
 constexpr double products_per_va_count = 10000.0;
 
 }  // namespace

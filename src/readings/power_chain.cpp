@@ -35,7 +35,7 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
   texts[PhaseQuantity::PF] = readings.pf_text;
 }
 
-// Without a voltage or a current its angle means nothing.
+// Without a voltage or a current its angle has no meaning.
 void PowerChain::take_angles(std::size_t phase, double v_angle, double i_angle, PhaseTexts& texts) {
   raw.v_angle[phase] = raw.v_raw[phase] == 0 ? 0 : v_angle;
   raw.i_angle[phase] = raw.i_raw[phase] == 0 ? 0 : to_int32(i_angle).value_or(raw.i_angle[phase]);
@@ -48,7 +48,7 @@ void PowerChain::take_angles(std::size_t phase, double v_angle, double i_angle, 
 
 SystemTexts PowerChain::take_system() {
   PerPhase<double> w{};
-  PerPhase<DerivedRaw> var{0, 0, 0};  // phases that are not in use count nothing, whatever they last held
+  PerPhase<DerivedRaw> var{0, 0, 0};  // 0 for phases not in use, whatever their last values
   for (std::size_t p = 0; p < phases_in_use(scaling_.wiring_system); ++p) {
     w[p] = raw.w_raw[p];
     var[p] = raw.var_raw[p];

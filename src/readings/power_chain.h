@@ -23,7 +23,7 @@ inline constexpr std::array phase_quantities = {PhaseQuantity::V,    PhaseQuanti
                                                 PhaseQuantity::Phase};
 
 // One phase as the meter sent it: V in 0.1 V; I and W in 0.1 mA and 0.1 W times ten to the current range; the
-// angles of voltage and current in tenths of a degree. A missing field leaves what follows from it alone.
+// angles of voltage and current in tenths of a degree. Values that depend on a missing field stay unchanged.
 struct PhaseGroup {
   std::optional<double> v, i, w, v_angle, i_angle;
 };
@@ -41,7 +41,7 @@ struct PowerReadings {
   PerPhase<std::optional<std::int32_t>> line_raw{0, 0, 0};  // v12_raw, v23_raw, v31_raw
 };
 
-// The texts of one phase; nothing where the group gave no new one.
+// The texts of one phase; nothing for a quantity whose field was missing.
 class PhaseTexts {
  public:
   std::optional<std::string>& operator[](PhaseQuantity quantity) { return texts_[index(quantity)]; }

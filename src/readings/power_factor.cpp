@@ -13,15 +13,15 @@ namespace halden {
 
 namespace {
 
-// One blank more than elsewhere: this panel is wider.
+// One blank more than overload_text, because this panel is wider.
 constexpr std::string_view system_pf_overload_text = "   OL ";
 
-// 10005 instead of 10000 lifts the ratio by up to half a thousandth before it is cut to thousandths.
+// 10005 instead of 10000 raises the ratio by up to half a thousandth before it is cut to thousandths.
 constexpr double ratio_scale = 10005.0;
 constexpr std::int64_t unity = 1000;
 
-// W / VA in thousandths; 0 without any VA, at most 1000. Nothing when it does not fit, which takes a VA that
-// is left over from an abandoned call.
+// W / VA in thousandths; 0 without any VA, at most 1000. Nothing when it does not fit, which only happens
+// with a VA left over from an earlier call.
 std::optional<std::int32_t> ratio_in_thousandths(double w, double va) {
   if (va == 0.0) return 0;
   return to_int32(static_cast<double>(std::min(integer_quotient(ratio_scale * w / va, 10.0), unity)));

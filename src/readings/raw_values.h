@@ -1,5 +1,5 @@
-// What the raw numbers of the meter mean: how they become amperes, volts and watts, how the meter says "over
-// range", and how it counts angles.
+// What the raw numbers of the meter mean: the settings that scale them to amperes, volts and watts, the value
+// for "over range", and the unit of angles.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace halden {
 
 // The part of the meter's settings that the readings depend on.
 struct Scaling {
-  std::int16_t ct_ratio = 0;       // current transformer, n to 1; 0 until the meter has told it
+  std::int16_t ct_ratio = 0;       // current transformer, n to 1; 0 until the meter's status was read
   std::int16_t pt_ratio = 0;       // voltage transformer, n to 1
   float current_scale = 1.0f;      // clamp factor: 1.0, 1.2 or 3.0
   std::int16_t current_range = 0;  // 0..3: raw current counts 0.1 mA x 10^range, raw power 0.1 W x 10^range
@@ -33,12 +33,12 @@ inline bool any_over_range(std::initializer_list<double> raw_values) {
 using DerivedRaw = std::optional<double>;
 
 // Angles are signed tenths of a degree, counter-clockwise positive. The program's pi has six digits; every
-// angle that is shown is worked out with it.
+// angle that is shown is calculated with it.
 inline constexpr double short_pi = 3.14159;
 inline constexpr double tenths_to_radians = short_pi / 1800.0;
 inline constexpr float radians_to_tenths = static_cast<float>(1800.0 / short_pi);
 
-// a - b, brought once into -1800..1800.
+// a - b; outside -1800..1800 one turn of 3600 is added or subtracted.
 constexpr double angle_difference(double a, double b) {
   const double difference = a - b;
   if (difference > 1800.0) return difference - 3600.0;

@@ -35,7 +35,7 @@ struct Readings {
   std::string voltage_text;
   void voltage(double v);
 
-  // Between two phases, by the law of cosines; all four inputs are checked. Raw in 0.1 V, cut a half low.
+  // Between two phases, by the law of cosines; all four inputs are checked. Raw in 0.1 V, cut, not rounded.
   std::string line_voltage_text;
   std::optional<std::int32_t> line_voltage_raw = 0;
   void line_voltage(double va, double vb, double angle_a, double angle_b);

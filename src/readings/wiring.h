@@ -7,7 +7,7 @@
 
 namespace halden {
 
-// As the meter counts them. A disturbed status reply may hold any other number, which is kept as it is.
+// As the meter counts them. A corrupt status reply may hold any other number, which is kept unchanged.
 enum class Wiring : std::int16_t { w1p2w = 0, w1p3w = 1, w3p3w = 2, w3p4w = 3 };
 
 inline constexpr std::size_t phase_count = 3;

@@ -11,7 +11,7 @@
 
 namespace halden {
 
-// What the user can do about a port that did not open. `device` is what stands behind it ("/dev/ttyUSB0").
+// Why a port did not open and, where possible, what the user can do. `device` is its device ("/dev/ttyUSB0").
 // Empty for `none`.
 std::string refusal_sentence(PortRefusal refusal, const std::string& device, Language language);
 

@@ -16,7 +16,7 @@ struct Text {
 
   std::string_view in(Language language) const { return language == Language::chinese ? chinese : english; }
 
-  // The same with the values in the places of the "{}", in their order.
+  // The same with each "{}" replaced by the next of the values.
   std::string with(Language language, std::initializer_list<std::string_view> values) const;
 };
 

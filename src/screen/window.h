@@ -1,6 +1,6 @@
 // A window as a value: what each control shows, under the control's name, and what happens when the user
-// clicks, changes, resizes or closes. Logic writes here; the window on the screen mirrors it, and tests and
-// haldenctl read the same values. Control names repeat between windows: address the window first.
+// clicks, changes, resizes or closes. The logic writes the values; the window on the screen mirrors them, and
+// tests and haldenctl read the same values. Several windows may have controls of the same name.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@
 
 namespace halden {
 
-struct Chart;  // a chart as a value; this room only hands it on
+struct Chart;  // a chart as a value; this room only passes it on
 
 // In 1/1440 inch of the window's design size; the window on the screen scales it.
 struct Place {
@@ -81,7 +81,7 @@ class Window {
   // All controls in the order they were added.
   const std::vector<std::pair<std::string, Control>>& controls() const { return controls_; }
 
-  // Setting what a control holds already is no change.
+  // Setting the value that a control already has is no change.
   void set_text(std::string_view name, std::string_view text);
   void set_visible(std::string_view name, bool visible);
   void set_enabled(std::string_view name, bool enabled);

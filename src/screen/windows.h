@@ -1,5 +1,5 @@
-// All windows of the program. Every room makes its own and adds it here; whoever serves all of them (the
-// language, the desktop) loops over this list.
+// All windows of the program. Every room makes its own and adds it here; the language and the desktop loop
+// over this list.
 #pragma once
 
 #include <string_view>
@@ -26,8 +26,8 @@ class Windows {
   std::vector<Window*> windows_;
 };
 
-// The small notice window CHKSPEED, with its message field Text1. There is one: the last writer wins. Without
-// a caption it is the notice that stays for long.
+// The small notice window CHKSPEED, with its message field Text1. There is only one: it shows the text
+// written last. Without a caption it is the notice of a running recording.
 Window make_notice_window();
 
 }  // namespace halden

@@ -20,7 +20,7 @@ struct RecordRuns : testing::Test {
   void run_for(double seconds) {
     for (double passed_s = 0; passed_s < seconds && terminal.ended.empty(); passed_s += 0.5) {
       journey.world.run_for(0.5);
-      run->look_after();
+      run->check_progress();
     }
   }
 

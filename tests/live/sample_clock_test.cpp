@@ -47,7 +47,7 @@ TEST(SampleClockTest, AnInstantIsMarkedWhenTheCountReachesTheSamplingTime) {
 
 TEST(SampleClockTest, AnInstantSetsIndexAndTimeAndHidesTheWarnings) {
   ClockAt at(3 * 3600 + 7 * 60 + 9.4);
-  at.clock.sample_counting = 0;  // every tick is an instant
+  at.clock.restart_counting();
   for (const char* label : {"hold", "Warning"}) at.window.set_visible(label, true);
   at.clock.tick();
   EXPECT_EQ(at.window[sample_clock_label].text, "03:07:09");

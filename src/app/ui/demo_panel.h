@@ -1,4 +1,4 @@
-// The buttons of the simulated meter, for the demo: what a user does on the meter itself.
+// The panel of the simulated meter in the demo: the settings a user makes on the meter itself.
 #pragma once
 
 #include <QRect>

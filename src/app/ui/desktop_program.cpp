@@ -32,10 +32,10 @@ namespace halden {
 
 namespace {
 
-// The status line is looked at this often while nothing else happens.
+// The windows are refreshed this often while nothing else happens.
 constexpr int idle_refresh_ms = 500;
 
-// Of message boxes and whatever else chooses no size of its own.
+// For message boxes and other widgets that set no font size.
 constexpr int box_text_pixels = 14;
 
 PortTable port_table(const DesktopOptions& options) {
@@ -44,19 +44,19 @@ PortTable port_table(const DesktopOptions& options) {
   return table;
 }
 
-// Demo: the simulated meter. One device given: that one, as there is nothing to choose.
+// In the demo the port of the simulated meter; with exactly one device given, the port of that device.
 int first_port(const DesktopOptions& options) {
   if (options.demo) return first_port_number;
   return options.devices.size() == 1 ? options.devices.front().first : 0;
 }
 
 StartOptions start_options(const DesktopOptions& options) {
-  // In full: the folder of rescued lines is told to the user.
+  // The full path, because the user is told the folder of rescued lines.
   return {from_qt(QDir(to_qt(options.work_folder)).absolutePath()),
           from_qt(QCoreApplication::applicationDirPath()), from_qt(QDir::tempPath()), first_port(options)};
 }
 
-// What the outside world offers.
+// The platform of the desktop.
 struct Outside {
   explicit Outside(const DesktopOptions& options) : real_port(port_table(options)) {}
 
@@ -87,7 +87,7 @@ struct Outside {
   WaitCursor wait_cursor{world};
 };
 
-// What the user does reaches the logic through the world, which keeps it while a wait takes no input.
+// Passes what the user does through QtWorld, which keeps it while a wait takes no input.
 class WorldInput : public UserInput {
  public:
   explicit WorldInput(QtWorld& world) : world_(world) {}
@@ -132,7 +132,7 @@ class DesktopProgram {
  private:
   QtWorld& world() { return outside_.world; }
 
-  // At once, whatever is going on.
+  // At once, also during a wait.
   void close_program() {
     world().run([this] { program_.shared.meter_rec.closed(); });
   }
@@ -155,7 +155,7 @@ class DesktopProgram {
     });
   }
 
-  // What happens once, when the main window shows.
+  // Runs once, when the main window is shown.
   void follow_first_show() {
     if (shown_ || !main_window_.isVisible()) return;
     shown_ = true;

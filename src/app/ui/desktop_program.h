@@ -1,5 +1,5 @@
-// The program with its windows: builds what the outside world offers on Qt, the logic on top of it, and the
-// windows that show it.
+// The program with its windows: builds the platform on Qt, the logic that uses it, and the windows that show
+// the logic's values.
 #pragma once
 
 #include <optional>

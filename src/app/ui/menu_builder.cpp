@@ -28,7 +28,7 @@ bool has_children(std::string_view name) {
   return false;
 }
 
-// Qt marks a chosen entry by itself; whether it is marked is decided by the values.
+// Qt toggles the mark of a chosen entry; that is undone, because the values decide which entries are marked.
 void tie_action(QAction& action, const std::string& name, FormWindow& form) {
   form.mirror().tie(name, action);
   QObject::connect(&action, &QAction::triggered, &form, [&action, name, &form](bool now_checked) {

@@ -21,7 +21,7 @@ constexpr double reading_pixels = 17.0;
 constexpr double form_pixels = 14.0;
 constexpr int smallest_text = 11;
 
-// Each character takes the meter half a second.
+// Characters; sending takes half a second for each.
 constexpr int longest_setting = 10;
 
 constexpr const char* clock_labels = "Label1";
@@ -135,8 +135,8 @@ void MeterContent::build_chart(const DesignedControl& designed) {
   put(designed.name, *chart);
 }
 
-// Covers the power panels while the chart is shown; what belongs to the harmonics view is built later and
-// stands above.
+// Covers the power panels while the chart is shown; the controls of the harmonics view are built later and
+// are therefore above it.
 void MeterContent::build_backdrop(const DesignedControl& chart) {
   auto* const backdrop = new QWidget(this);
   backdrop->setObjectName(QStringLiteral("harmonics_backdrop"));

@@ -1,5 +1,5 @@
-// The content of the main window: one widget for every designed control, placed, tied to its values and
-// dressed in the colours of a theme.
+// The content of the main window: one widget for every designed control, in its place, tied to its values and
+// in the colours of the theme.
 #pragma once
 
 #include <QAbstractButton>
@@ -22,7 +22,7 @@ class MeterContent : public DesignArea {
   explicit MeterContent(FormWindow& form);
 
  protected:
-  // A double click on a label of the sample clock.
+  // Passes on a double click on a label of the sample clock.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -3,9 +3,9 @@
 #include <QCloseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/ui/busy_bar.h"
 #include "app/ui/recording_mark.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/value_panel.h"
@@ -21,6 +21,42 @@ constexpr int accent_width = 4;
 
 constexpr Qt::WindowFlags notice_flags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::CustomizeWindowHint;
+
+constexpr int bar_height = 4;
+constexpr int step_ms = 120;
+constexpr int steps_across = 12;  // from one end to the other
+constexpr int piece_share = 4;    // the piece is a quarter of the bar
+
+// A thin bar with a moving piece, which shows that the program still works during a long wait. It moves only
+// while it is visible.
+class BusyBar : public QWidget {
+ public:
+  explicit BusyBar(const Theme& theme) : theme_(theme) {
+    setFixedHeight(bar_height);
+    steps_.setInterval(step_ms);
+    connect(&steps_, &QTimer::timeout, this, [this] {
+      step_ = (step_ + 1) % (2 * steps_across);
+      update();
+    });
+  }
+
+ protected:
+  void showEvent(QShowEvent*) override { steps_.start(); }
+  void hideEvent(QHideEvent*) override { steps_.stop(); }
+
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), theme_.line);
+    const int piece = width() / piece_share;
+    const int position = step_ < steps_across ? step_ : 2 * steps_across - step_;
+    painter.fillRect(QRect((width() - piece) * position / steps_across, 0, piece, height()), theme_.accent);
+  }
+
+ private:
+  Theme theme_;
+  QTimer steps_;
+  int step_ = 0;
+};
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 // The small notice window CHKSPEED on the screen: says what the program is busy with. It takes no focus,
-// cannot be closed, and never keeps the user from the other windows. A notice that stays for long is shown by
-// the recording mark instead.
+// cannot be closed, and does not block the other windows. The notice of a recording is shown by the recording
+// mark instead.
 #pragma once
 
 #include <QLabel>

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int smallest_digits = 9;
 constexpr int largest_digits = 400;
-// The readings of the phases come first: wide panels elsewhere do not shout them down.
+// The digits of all other panels are at most this many times as high as those of the phases.
 constexpr double at_most_of_phases = 1.4;
 constexpr double design_caption_pixels = 12.0;
 constexpr int usual_smallest_caption = 11;

@@ -1,5 +1,5 @@
 // The recording notice on the screen: a small mark at the end of the menu bar, where it covers no reading
-// however long a recording runs. It shows the notice window CHKSPEED while that has no title.
+// during a long recording. It shows the notice window CHKSPEED while that has no caption.
 #pragma once
 
 #include <QLabel>
@@ -10,7 +10,7 @@
 
 namespace halden {
 
-// Whether the notice is one that stays for long.
+// Whether the notice is that of a recording, which stays for long.
 bool is_lasting_notice(const Window& notice);
 
 class RecordingMark : public QWidget {

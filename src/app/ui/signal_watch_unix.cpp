@@ -18,12 +18,12 @@ namespace {
 
 constexpr std::array watched_signals = {SIGINT, SIGTERM};
 
-// A signal handler can reach nothing but what lives as long as the process.
+// Static, because a signal handler can only use what exists as long as the process.
 std::array<int, 2> pipe_ends = {-1, -1};
 
 void note_signal(int) {
   const char byte = 0;
-  // A full pipe holds a signal already.
+  // A write to a full pipe may fail: an earlier signal is still in it.
   [[maybe_unused]] const ssize_t written = ::write(pipe_ends[1], &byte, 1);
 }
 

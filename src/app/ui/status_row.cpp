@@ -32,11 +32,7 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   set_role(*this, Role::quiet);
 }
 
-void ElidedLabel::set_explanation(const QString& text) { explanation_ = text; }
-
 QSize ElidedLabel::minimumSizeHint() const { return QSize(0, QLabel::minimumSizeHint().height()); }
-
-bool ElidedLabel::is_too_long() const { return width_of(font(), text()) > width(); }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -46,10 +42,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 }
 
 bool ElidedLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const QString separator = is_too_long() && !explanation_.isEmpty() ? QStringLiteral("\n") : QString();
-    setToolTip((is_too_long() ? text() : QString()) + separator + explanation_);
-  }
+  if (event->type() == QEvent::ToolTip) setToolTip(width_of(font(), text()) > width() ? text() : QString());
   return QLabel::event(event);
 }
 
@@ -111,7 +104,6 @@ ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int stretch)
   mirror.tie(name, [field](const Control& now) {
     field->setVisible(now.visible);
     field->setText(to_qt(now.text));
-    field->set_explanation(to_qt(now.tooltip));
   });
   return field;
 }

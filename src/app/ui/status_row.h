@@ -1,4 +1,5 @@
-// The line at the bottom of the main window: port, link, frames a second, recording, and a hint on the right.
+// The line at the bottom of the main window: port, link, frames per second, recording, and a hint on the
+// right.
 #pragma once
 
 #include <QLabel>
@@ -11,7 +12,7 @@ namespace halden {
 
 class Mirror;
 
-// A label that shortens its text with an ellipsis where there is no room, and then shows all of it as
+// A label that shortens its text with an ellipsis where there is no room, and then shows the whole text as
 // tooltip.
 class ElidedLabel : public QLabel {
   Q_OBJECT
@@ -19,22 +20,14 @@ class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
-  // Explains the field; the whole text is added where it does not fit.
-  void set_explanation(const QString& text);
-
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
-
- private:
-  bool is_too_long() const;
-
-  QString explanation_;
 };
 
-// How the link fares, by a mark that differs in shape as well as in colour: a full disc (linked), a ring
+// The state of the link, as a mark that differs in shape as well as in colour: a full disc (linked), a ring
 // (idle: no port, or waiting for the meter), a cross (lost), or no mark.
 enum class LinkMark { none, linked, idle, lost };
 

@@ -1,4 +1,4 @@
-// Dialogs for a run that nobody watches, such as taking a picture: every message goes to the terminal and is
+// Dialogs for a run without a user, such as taking a picture: every message goes to the terminal and is
 // answered at once, every question with no.
 #pragma once
 

@@ -49,7 +49,7 @@ int QtSession::run(const std::function<void()>& command) {
   interruption_watch.start(interruption_period_ms);
   QTimer::singleShot(0, &world_, [this, &command] {
     world_.run([this, &command] {
-      if (join_meter()) command();
+      if (connect_to_meter()) command();
     });
   });
   QCoreApplication::exec();
@@ -63,8 +63,8 @@ void QtSession::every(int period_ms, std::function<void()> handler) {
   timer->start(period_ms);
 }
 
-// The port is tried before the start-up, which would only say that it is not available and not why.
-bool QtSession::join_meter() {
+// The port is opened before the start-up, which would only say that it is not available and not why.
+bool QtSession::connect_to_meter() {
   SerialPort& port = program_.platform.port;
   const PortRefusal refusal = port.open(port_number_);
   if (refusal != PortRefusal::none) {
@@ -111,7 +111,7 @@ void QtSession::end_when_interrupted() {
     world_.run(finish_);
     return;
   }
-  if (interruption_ == Interruption::ends_it) return done();
+  if (interruption_ == Interruption::is_end) return done();
   failed("It was interrupted before the meter had answered.");
 }
 

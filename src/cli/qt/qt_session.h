@@ -1,4 +1,4 @@
-// A session in real time, on a real port or the simulated meter, with nothing of a desktop.
+// A session in real time, on a real port or the simulated meter, without a desktop.
 #pragma once
 
 #include <QCoreApplication>
@@ -9,7 +9,6 @@
 
 #include "app/program.h"
 #include "cli/no_desktop.h"
-#include "cli/recorded_files.h"
 #include "cli/session.h"
 #include "platform/qt/core/qt_clock.h"
 #include "platform/qt/core/qt_files.h"
@@ -40,11 +39,11 @@ class QtSession : public Session {
 
  private:
   Platform platform(const PortArgument& port, FileAccess access);
-  bool join_meter();
+  bool connect_to_meter();
   void end(int exit_code);
   void end_when_interrupted();
 
-  // The application keeps looking at these.
+  // The application refers to these as long as it exists.
   int argument_count_ = 1;
   std::array<char, 10> program_name_{"haldenctl"};
   std::array<char*, 2> arguments_{program_name_.data(), nullptr};

@@ -46,7 +46,7 @@ void put(Window& window, std::string_view name, const Place& place, std::string_
   window.add(std::string(name), std::move(control));
 }
 
-// The width of a label leaves room for one on each side of the outermost ring of labels.
+// Labels are as wide as the diagram allows on each side of the outermost ring of labels.
 void put_diagram(Window& window) {
   constexpr Place marker = {0, 0, 150, 150};
   constexpr Place label = {0, 0, 2500, 280};
@@ -79,7 +79,7 @@ void put_pairs(Window& window) {
   }
 }
 
-// Captions stand beside their values.
+// Captions are beside their values.
 void put_panels(Window& window) {
   constexpr int in_row = 4;
   constexpr float gap = 120;

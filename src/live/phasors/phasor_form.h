@@ -1,7 +1,7 @@
-// The design of the phasor window PhasorForm: the names of what it draws, and where everything stands.
+// The design of the phasor window PhasorForm: the names of its controls, and their places.
 //
 // The page is designed 12800 x 8400 units of 1/1440 inch and keeps its proportions on the screen, so that
-// circles stay round. The buttons and the angles between pairs of vectors stand in a column on the left, the
+// circles stay round. The buttons and the angles between pairs of vectors are in a column on the left, the
 // diagram right of it, the unbalance figures below. The diagram is as high as the line voltages of a balanced
 // supply need, which are sqrt(3) times as long as its phase voltages.
 #pragma once
@@ -71,10 +71,10 @@ struct PhasorButton {
   std::string_view caption;
 };
 
-// What chooses the vectors to be seen, from left to right.
+// The buttons that choose the visible vectors, from top to bottom.
 std::span<const PhasorButton, 5> phasor_buttons();
 
-// PhasorForm before its first show: hidden; vectors and circles get their places when it is loaded.
+// PhasorForm before it is first shown: hidden; vectors and circles get their places when it is opened.
 Window make_phasor_form();
 
 }  // namespace halden

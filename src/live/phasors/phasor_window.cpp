@@ -61,7 +61,7 @@ void PhasorWindow::open() {
   form_.show();
 }
 
-// Loaded or of another size: the origin and what the wiring system shows are set anew.
+// Opened or resized: sets the origin and the vectors that the wiring system shows.
 void PhasorWindow::resized() {
   place_vectors();
   show_vectors();
@@ -135,7 +135,7 @@ void PhasorWindow::vxy() {
 
 void PhasorWindow::hide_vxy() { show(line_vectors(), 0); }
 
-// An image of the window in landscape, without an old hint.
+// Prints an image of the window in landscape; an old hint is cleared first, so that it is not printed.
 void PhasorWindow::print() {
   form_.set_text(status_hint, "");
   platform_.printer.set_orientation(Orientation::landscape);
@@ -149,7 +149,7 @@ void PhasorWindow::power_frame_shown() {
   update_phasors();
 }
 
-// Text1 turns between empty and the time of the sampling instant with every frame that is drawn.
+// With every frame that is drawn Text1 alternates between empty and the time of the sampling instant.
 void PhasorWindow::update_phasors() {
   if (!form_.visible()) return;
   form_.set_text("Text1", form_["Text1"].text.empty() ? meter_rec_[sample_clock_label].text : "");
@@ -158,7 +158,7 @@ void PhasorWindow::update_phasors() {
 
 void PhasorWindow::redraw() {
   if (!is_known(status_.wiring_system)) return;
-  // Vectors of phases that are no longer in use must not stay.
+  // Vectors of phases that are no longer in use must disappear.
   if (status_.wiring_system != laid_out_for_) resized();
   const Ends voltages = draw(voltage_vectors(), raw_.v_raw, angles_.v_phasor_angle, voltage_radius);
   draw(current_vectors(), raw_.i_raw, angles_.i_phasor_angle, current_radius);
@@ -211,7 +211,8 @@ void PhasorWindow::put_marker(std::string_view name, Point end) {
   form_.set_place(name, marker);
 }
 
-// Left of the origin the text ends where it would otherwise begin, so that it extends away from the circle.
+// Left of the origin the text ends at the point where it would otherwise begin, so that it points away from
+// the circle.
 void PhasorWindow::put_label(const PhasorVector& names, double angle, int radius) {
   const double radians = angle * tenths_to_radians;
   const bool leftward = angle > right_angle || angle < -right_angle;

@@ -1,5 +1,5 @@
-// The phasor window: works out the phasors and the unbalance of each whole power frame, places the vectors on
-// the diagram, and says what belongs to each.
+// The phasor window: calculates the phasors and the unbalance of each whole power frame, and places the
+// vectors and their labels on the diagram.
 #pragma once
 
 #include <array>
@@ -26,7 +26,7 @@ class PhasorWindow : public PowerFrameListener {
 
   void power_frame_shown() override;
 
-  // Those of the last whole power frame.
+  // The angles of the last whole power frame.
   const PhasorAngles& angles() const { return angles_; }
 
  private:
@@ -37,7 +37,7 @@ class PhasorWindow : public PowerFrameListener {
   void resized();
   void print();
 
-  // The buttons that choose what is to be seen.
+  // The buttons that choose the visible vectors.
   void v_only();
   void i_only();
   void vi_all();

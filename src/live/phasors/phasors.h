@@ -1,4 +1,4 @@
-// The supply as vectors: the angle of every phasor relative to V1, and those of the line voltages.
+// Calculates the phasors of the supply: the angle of each relative to V1, and those of the line voltages.
 //
 // Angles are signed tenths of a degree, counter-clockwise positive. The meter reports how far each voltage
 // and current lags; V1 minus that is the phasor's angle.
@@ -25,7 +25,7 @@ struct PhasorAngles {
   double line_angle(std::size_t index) const;
 };
 
-// From the last power frame; differences are brought once into -1800..1800.
+// From the last power frame, by angle_difference.
 PhasorAngles calculate_vi_angles(const PowerReadings& raw);
 
 }  // namespace halden

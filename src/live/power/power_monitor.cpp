@@ -10,7 +10,7 @@ namespace halden {
 
 namespace {
 
-constexpr std::size_t group_length = 51;  // a group is longer than this with what follows it
+constexpr std::size_t group_length = 51;  // a group is taken when the buffer holds more than this
 constexpr std::size_t value_offset = 3;
 constexpr std::size_t value_length = 6;
 constexpr std::size_t field_length = value_offset + value_length;
@@ -20,8 +20,8 @@ std::string label(char symbol, std::size_t phase) {
   return {symbol, static_cast<char>('1' + static_cast<char>(phase))};
 }
 
-// Whether the field that begins at `at` has arrived in full before `limit`. Where a frame was cut and asked
-// for again, the next label begins inside the value; such a value is no reading.
+// Whether the field that begins at `at` is complete and ends before `limit`. When a frame was cut off and
+// requested again, the next label begins inside the value; such a value is not used.
 bool is_whole(std::string_view buffer, std::size_t at, std::size_t limit) {
   return at + field_length <= limit &&
          buffer.substr(at + value_offset, value_length).find_first_of("VIWPQ=") == std::string_view::npos;
@@ -35,9 +35,8 @@ std::size_t find_field(std::string_view buffer, const std::string& label, std::s
   return at;
 }
 
-// Where the group of a phase begins; npos without a group. The head of a frame that was cut and asked for
-// again stands before the new one: the last voltage before the group's end is the one that belongs to the
-// other values.
+// Where the group of a phase begins; npos without a group. When a frame was cut off and requested again, its
+// first part precedes the new frame: the last voltage before the group's end belongs to the other values.
 std::size_t group_start(std::string_view buffer, std::size_t phase) {
   const std::string first = label('V', phase);
   const std::size_t start = find_field(buffer, first, 0, buffer.size());
@@ -80,7 +79,7 @@ bool PowerMonitor::take_group(std::size_t phase) {
   return true;
 }
 
-// Waits for the end of the group, which the angles are, and takes the group off the buffer.
+// Waits for the angles, which end the group, and removes the group from the buffer.
 void PowerMonitor::read_angles(std::size_t phase, PhaseGroup& group) {
   const std::string last_label = label('Q', phase);
   const std::size_t last_field = buffer_.find(last_label);
@@ -98,8 +97,8 @@ void PowerMonitor::show_phase(std::size_t phase, const PhaseTexts& texts) {
     if (texts[quantity]) window_.set_text(phase_panel(quantity, phase).value, *texts[quantity]);
 }
 
-// What still stands in the buffer answers an older request. Read first at the next tick, it would keep every
-// reading one frame behind from then on.
+// What is left in the buffer answers an older request. It is dropped: read at the next tick, it would delay
+// all later readings by one frame.
 void PowerMonitor::finish_frame() {
   buffer_.clear();
   polling_.send_live_request();

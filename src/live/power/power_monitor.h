@@ -1,4 +1,4 @@
-// Cuts a power frame into its groups and shows what they hold on the value panels, phase by phase.
+// Reads the groups of a power frame and shows their values on the panels, phase by phase.
 //
 // A frame is text made of labelled fields: two characters ("V", "I", "W", "P" or "Q" and the phase digit),
 // one separator, six value characters. One group of five fields per phase in use, in the order of the phases:
@@ -21,8 +21,8 @@
 
 namespace halden {
 
-// What a power frame held. With `complete` the last phase of the wiring system was read, the next frame asked
-// for and the system values shown; `partial` means other groups only.
+// What a power frame held. With `complete` the last phase of the wiring system was read, the next frame
+// requested and the system values shown; `partial` means other groups only.
 enum class PowerFrame { complete, partial, without_group, of_harmonics };
 
 class PowerMonitor {
@@ -36,9 +36,9 @@ class PowerMonitor {
         chain_(chain),
         window_(meter_rec) {}
 
-  // Parses what stands in poll_buffer and takes it off there; a harmonics frame is dropped. As soon as the
-  // last phase of the wiring system has been read it asks for the next frame, so that the meter prepares it
-  // while the system values are worked out.
+  // Parses the frame in poll_buffer and removes it; a harmonics frame is dropped. Requests the next frame as
+  // soon as the last phase of the wiring system has been read, so that the meter prepares it while the system
+  // values are calculated.
   PowerFrame handle_frame();
 
  private:

@@ -39,8 +39,8 @@ FrameOutcome PowerView::take_frame() {
   return frame == PowerFrame::complete ? FrameOutcome::complete : FrameOutcome::incomplete;
 }
 
-// A buffer long enough to pass for a frame, but without a last group, would be found complete for ever and no
-// new frame be asked for. When it is still the same at the next tick, it is dropped.
+// A buffer long enough for a frame but without a last group would count as complete at every tick, and no new
+// frame would be requested. It is dropped when it has not changed at the next tick.
 void PowerView::drop_stalled_buffer(PowerFrame frame) {
   if (frame == PowerFrame::complete || state_.poll_buffer.empty()) {
     stalled_.clear();

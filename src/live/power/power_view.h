@@ -11,7 +11,7 @@
 
 namespace halden {
 
-// Goes on from the raw readings of each whole power frame, before it is recorded.
+// Is told of each whole power frame before it is recorded.
 class PowerFrameListener {
  public:
   virtual ~PowerFrameListener() = default;
@@ -39,7 +39,7 @@ class PowerView : public LiveView {
   FrameOutcome take_frame() override;
   RecordKind record_kind() const override { return RecordKind::power; }
 
-  // Of an unknown wiring system the columns stay those of the last header.
+  // For an unknown wiring system the columns are those of the last header.
   std::string header() override;
   std::string record() const override;
 

@@ -61,29 +61,27 @@ std::string Recording::create_data_file() {
 }
 
 void Recording::begin_data_file(const std::string& path) {
-  data_file_name = path;
   records_ = 0;
-  window_.set_text("FileName", window_["FileName"].text + " = " + data_file_name);
+  window_.set_text("FileName", window_["FileName"].text + " = " + path);
   LiveView* const view = views_.to_record();
   kind_ = view != nullptr ? view->record_kind() : RecordKind::power;
   if (kind_ == RecordKind::waveform) raise_short_sampling_time();
-  file_.begin(data_file_name, view != nullptr ? view->header() : std::string());
-  data_file_ready = 1;
+  file_.begin(path, view != nullptr ? view->header() : std::string());
+  data_file_ready_ = 1;
   window_.set_enabled("FileStart", true);
 }
 
 void Recording::set_create_caption() { window_.restore_caption("FileName", link_.language); }
 
 void Recording::no_file_chosen() {
-  data_file_name.clear();
   file_.end();
   set_create_caption();
-  data_file_ready = 0;
+  data_file_ready_ = 0;
   window_.set_enabled("FileStart", false);
   window_.set_enabled("FileStop", false);
 }
 
-// Only a file that was not found does not exist: one that cannot be read is there as well.
+// A file that cannot be read exists too.
 bool Recording::may_append_to(const std::string& path) {
   if (platform_.files.read(path, 0, 1).failure == FileFailure::not_found) return true;
   return platform_.dialogs.confirm({"File exists, append data to it", "", Icon::question});
@@ -100,7 +98,7 @@ void Recording::start_automatic() {
   if (!window_["FileStart"].enabled) return;
   window_.set_visible("record_button", false);
   start(0);
-  sample_clock_.start_counting_anew();
+  sample_clock_.restart_counting();
 }
 
 void Recording::start_manual() {
@@ -113,12 +111,12 @@ void Recording::start(std::int16_t manual) {
   window_.set_enabled("FileStop", true);
   window_.set_enabled("FileStart", false);
   window_.set_enabled("FileName", false);
-  manual_recording = manual;
-  record_pending = 0;  // a press of the button belongs to the recording it was made in
+  manual_recording_ = manual;
+  record_pending_ = 0;  // a press of the button during an earlier recording does not count
   set_recording_notice(1);
 }
 
-void Recording::record_once() { record_pending = 1; }
+void Recording::record_once() { record_pending_ = 1; }
 
 void Recording::set_recording_notice(std::int16_t flag) {
   if (flag == 1) {
@@ -135,25 +133,24 @@ void Recording::set_recording_notice(std::int16_t flag) {
 bool Recording::runs() const { return window_["FileStop"].enabled; }
 
 RecordingState Recording::state() const {
-  if (runs()) return manual_recording == 1 ? RecordingState::manual : RecordingState::automatic;
-  return data_file_ready == 1 ? RecordingState::file_ready : RecordingState::no_file;
+  if (runs()) return manual_recording_ == 1 ? RecordingState::manual : RecordingState::automatic;
+  return data_file_ready_ == 1 ? RecordingState::file_ready : RecordingState::no_file;
 }
 
-void Recording::recording_step() {
-  if (data_file_ready == 0) {
+void Recording::reading_taken() {
+  if (data_file_ready_ == 0) {
     window_.set_enabled("FileName", true);
     return;
   }
   if (!runs() || sample_clock_.sampling_instant() == no_sampling_instant) return;
-  if (manual_recording != 1 && sample_clock_.new_instant()) record_pending = 1;
-  if (record_pending != 1) return;
-  data_record = views_.shown().record();
-  file_.append_line(data_record);
+  if (manual_recording_ != 1 && sample_clock_.new_instant()) record_pending_ = 1;
+  if (record_pending_ != 1) return;
+  file_.append_line(views_.shown().record());
   ++records_;
-  record_pending = 0;
+  record_pending_ = 0;
 }
 
-void Recording::no_communication_step() {
+void Recording::no_communication() {
   const std::string& time = sample_clock_.sampling_instant();
   if (!runs() || time == last_lost_time_) return;
   file_.append_line(no_communication_line(platform_.clock.today(), time));
@@ -163,7 +160,7 @@ void Recording::no_communication_step() {
 std::string Recording::end_recording() {
   window_.set_enabled("FileStop", false);
   set_create_caption();
-  data_file_ready = 0;
+  data_file_ready_ = 0;
   window_.set_enabled("FileName", true);
   window_.set_visible("record_button", false);
   set_recording_notice(0);

@@ -5,8 +5,8 @@
 //   file ready        "Start Recording" as well
 //   recording         only "End Recording"; by hand with the record button shown
 //
-// A line that cannot be written stays in memory and is tried again with every next one ;
-// what still waits when a recording ends is offered to the user for another file, and rescued otherwise.
+// A line that cannot be written stays in memory and is tried again with every further line. When lines still
+// wait at the end of the recording, the user is asked for another file; without one they are rescued.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 #include "formats/data_file.h"
 #include "link/link_state.h"
-#include "live/live_views.h"
+#include "live/live_view.h"
 #include "live/recording/recording_texts.h"
 #include "live/recording/rescue.h"
 #include "live/sample_clock.h"
@@ -31,11 +31,11 @@ class Recording : public LiveListener {
   Recording(const Recording&) = delete;
   Recording& operator=(const Recording&) = delete;
 
-  // Tells the user where lines lie that an earlier recording could write to no file of the user's choice.
+  // Tells the user which files hold the rescued lines of earlier recordings.
   void tell_rescued();
 
-  // The user's actions. Creating and ending say where the lines lie that could not be written to their data
-  // file; empty when there are none.
+  // The user's actions. Creating and ending return the sentence that names the rescue file of lines that
+  // could not be written; empty when there are none.
   std::string create_data_file();
   void begin_data_file(const std::string& path);  // the same once the file is chosen
   void start_automatic();
@@ -43,23 +43,17 @@ class Recording : public LiveListener {
   void record_once();
   std::string end_recording();
 
-  // After each completed live reading, before the sample clock remembers its instant.
-  void recording_step();
+  // Records what is shown when a record is due.
+  void reading_taken() override;
 
-  // At every tick while the meter does not answer: at most one line per sampling instant.
-  void no_communication_step();
+  // Writes at most one line per sampling instant.
+  void no_communication() override;
 
-  void reading_taken() override { recording_step(); }
-  void no_communication() override { no_communication_step(); }
-
-  // 1 shows the recording notice, 0 hides it.
-  void set_recording_notice(std::int16_t flag);
-
-  // Asks where the lines shall go that still wait, until they are written or the user gives them up. Where
-  // they lie when that is no file of the user's choice.
+  // Asks for another file until the waiting lines are written, rescued or given up by the user. Returns the
+  // sentence that names the rescue file; empty when there is none.
   std::string settle_waiting();
 
-  // The program ends at once: what still waits goes to the rescue file.
+  // The program ends at once: waiting lines are written to the rescue file.
   void rescue_waiting();
 
   // Whether a recording runs, until its end.
@@ -72,12 +66,6 @@ class Recording : public LiveListener {
   // How many records were made since the data file was created, written or waiting.
   std::size_t records() const { return records_; }
 
-  std::string data_file_name;
-  std::int16_t data_file_ready = 0;
-  std::int16_t manual_recording = 0;
-  std::int16_t record_pending = 0;
-  std::string data_record;
-
  private:
   void connect();
   void set_create_caption();
@@ -85,6 +73,7 @@ class Recording : public LiveListener {
   bool may_append_to(const std::string& path);
   void raise_short_sampling_time();
   void start(std::int16_t manual);
+  void set_recording_notice(std::int16_t flag);  // 1 shows the recording notice, 0 hides it
 
   Platform platform_;
   const LinkState& link_;
@@ -94,6 +83,9 @@ class Recording : public LiveListener {
   Window& notice_;
   Rescue& rescue_;
   DataFile file_;
+  std::int16_t data_file_ready_ = 0;
+  std::int16_t manual_recording_ = 0;
+  std::int16_t record_pending_ = 0;
   RecordKind kind_ = RecordKind::power;
   std::size_t records_ = 0;
   std::string last_lost_time_;  // the sampling instant of the last no-communication line

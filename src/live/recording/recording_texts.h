@@ -1,5 +1,5 @@
-// What the program adds to a recording in words of its own, in English and Chinese: how it fares, and what
-// becomes of lines that could not be written.
+// The texts about a recording in English and Chinese: its state, and what happens to lines that could not be
+// written.
 #pragma once
 
 #include <string>
@@ -15,14 +15,14 @@ enum class RecordingState { no_file, file_ready, automatic, manual };
 // For the status line: "recording: 12 lines, 3 waiting (disk full)".
 std::string recording_status_text(RecordingState state, const DataFile& file, Language language);
 
-// Whether the lines that wait shall go to another file.
+// Asks whether to write the waiting lines to another file.
 Message question_for_another_file(const DataFile& file, Language language);
 
-// Whether to try again once the rescue files cannot be written either; giving up loses the lines with the
-// program or the next data file.
+// Asks whether to try again when the rescue files cannot be written either; otherwise the lines are lost with
+// the end of the program or the next data file.
 Message question_before_giving_up(const DataFile& file, Language language);
 
-// Where lines are that were written to no file of the user's choice.
+// Says which file holds rescued lines.
 std::string rescued_sentence(const std::string& path, Language language);
 
 }  // namespace halden

@@ -1,6 +1,6 @@
-// Where recorded lines go that could not be written to their file when the program ended: a file of their own
-// in the working folder, or in the temporary folder when that cannot be written. The next start says where it
-// lies, and so does every start until the user has moved or deleted it.
+// Keeps recorded lines that could not be written to their file: in a rescue file in the working folder, or in
+// the temporary folder when that cannot be written. Every start names the file until the user has moved or
+// deleted it.
 #pragma once
 
 #include <optional>
@@ -17,11 +17,11 @@ class Rescue {
   // Folders in UTF-8.
   Rescue(Files& files, std::string work_folder, std::string temporary_folder);
 
-  // Appends the file's header lines and all that waits to the rescue file of that kind; each has its own. The
-  // path, or nothing when neither folder can be written: everything still waits then.
+  // Appends the file's header lines and all waiting lines to the rescue file of that kind. Returns its path,
+  // or nothing when neither folder can be written: all lines still wait then.
   std::optional<std::string> save(DataFile& file, RecordKind kind);
 
-  // The rescue files that are there.
+  // The paths of the rescue files that exist.
   std::vector<std::string> found();
 
  private:

@@ -86,7 +86,7 @@ void SettingsPanel::send_value(Setting setting, const std::string& text) {
   if (setting == Setting::ct) link_.waits.timed_wait(ct_extra_wait_s, Yield::no);
 }
 
-// The status query lays the columns out for the wiring system it has read.
+// The status query also arranges the columns for the wiring system it has read.
 void SettingsPanel::get_hz() {
   link_.exchange.run([] { return Afterwards::read_status; });
   power_.reset_kwh();

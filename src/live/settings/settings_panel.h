@@ -1,13 +1,12 @@
-// The settings panel of the main window: sending a setting to the meter, and reading the meter's settings
-// anew.
+// The settings panel of the main window: sends a setting to the meter, and reads the meter's settings again.
 //
 // A setting goes out as a letter, the characters of the new value and a carriage return, slowly, because the
 // meter takes them one at a time:
 //
-//   0 s "C"   2.0 s "1"   2.5 s "0"   3.0 s "0"   3.7 s CR   3.9 s the status is asked for
+//   0 s "C"   2.0 s "1"   2.5 s "0"   3.0 s "0"   3.7 s CR   3.9 s the status query begins
 //
 // The meter acknowledges nothing; the status read afterwards shows what it holds now. Energies and demands
-// start anew after every exchange of the panel.
+// are reset after every exchange of the panel.
 #pragma once
 
 #include <string>
@@ -30,7 +29,7 @@ class SettingsPanel {
   SettingsPanel(const SettingsPanel&) = delete;
   SettingsPanel& operator=(const SettingsPanel&) = delete;
 
-  // Sends what stands in the box: CT ratio, PT ratio, demand period in minutes, sampling interval in seconds
+  // Sends the text of the box: CT ratio, PT ratio, demand period in minutes, sampling interval in seconds
   // (even numbers only), frequency (50, 60, anything else automatic).
   void set(Setting setting);
 

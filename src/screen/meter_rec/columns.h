@@ -1,4 +1,4 @@
-// Where the columns of the main window stand, and which of them a wiring system shows.
+// The places of the columns of the main window, and which of them a wiring system shows.
 #pragma once
 
 #include <array>
@@ -18,8 +18,8 @@ struct DesignColumn {
 std::span<const DesignColumn, 8> design_columns();
 
 // The designer left positions of the headers V12_label, V1_label, I1_label, S1_label and Q1_label (P1 to P5),
-// in 1/1440 inch. Saved once at start-up, before anything is re-arranged; columns move to and fro relative to
-// them.
+// in 1/1440 inch. Saved once at start-up, before anything is re-arranged; columns are moved to these
+// positions.
 using LabelColumns = std::array<float, 5>;
 
 LabelColumns read_label_columns(const Window& meter_rec);

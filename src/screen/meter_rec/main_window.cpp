@@ -37,7 +37,7 @@ constexpr std::array captions = {
     Caption{"show_plot_harmonics", {"Plot &Harmonics", "諧波記錄畫圖"}},
     Caption{"show_plot_waveform", {"Plot &Waveform", "波形記錄畫圖"}},
     Caption{"show_plot_hardcopy", {"Plot &Hardcopy", "視窗記錄畫圖"}},
-    // Our own headings beside the table of captions.
+    // The headings of the right-hand column.
     Caption{"settings_heading", {"Meter settings", "電表設定"}},
     Caption{"energy_heading", {"Energy and demand", "電能與需量"}},
 };
@@ -48,7 +48,7 @@ struct Box {
 
 enum class Shown { yes, no };
 
-// Everything but the settings panel stands between these two, with this gap between panels.
+// Everything except the right-hand column has this left edge and width, with this gap between panels.
 constexpr int grid_left = 16;
 constexpr int grid_width = 1096;
 constexpr int gap = 8;

@@ -1,4 +1,4 @@
-// The menu tree of the main window as a table: which entry hangs under which, with its English caption.
+// The menu tree of the main window as a table: the parent of each entry, its name and its English caption.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 namespace halden {
 
 // Whether an entry can be chosen from the start. Those that open a window this version does not have yet are
-// there, but disabled.
+// disabled.
 enum class Entry { enabled, disabled };
 
 struct MenuEntry {

@@ -29,8 +29,7 @@ const Panel& line_panel(std::size_t index);
 std::span<const Panel> system_panels();
 std::span<const Panel> unbalance_panels();
 
-// The panels of the harmonics and waveform views. Values of the summary block stand under their own names
-// ("VI_of_1_value"); the first four are the cursor block.
+// The panels of the harmonics and waveform views: four for the cursor and eight for the summary.
 std::span<const Panel> harmonic_cursor_panels();
 std::span<const Panel> wave_summary_panels();
 
@@ -42,7 +41,7 @@ inline constexpr std::string_view sample_time_label = "Label1_1";
 inline constexpr std::string_view sample_clock_label = "Label1_3";
 inline constexpr std::string_view date_label = "Label1_5";
 
-// The field of the status line that says why something did not go as asked, or what is going on.
+// The field of the status line that says why an action failed, or what is in progress.
 inline constexpr std::string_view status_hint = "status_hint";
 
 // What sample_clock_label shows before the first sampling instant.

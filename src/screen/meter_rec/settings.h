@@ -1,4 +1,4 @@
-// The five settings of the meter: what each is called on the line, on the screen and on the command line.
+// The five settings of the meter: their names in the protocol, on the screen and on the command line.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ struct SettingNames {
   std::string_view box;     // the edit box and the button beside it
   std::string_view button;
   std::string_view caption;  // of the button
-  int row;                   // where both stand in the panel, from above
+  int row;                   // of both in the panel, from the top
   int status_field;          // where the status reply holds it, from 1
   std::string_view name;     // on the command line
 };

@@ -1,5 +1,5 @@
 // The content of a window whose places are designed in 1/1440 inch: stretches every child from the design
-// size to the size it has now, across and down independently.
+// size to the current size, horizontally and vertically independently.
 #pragma once
 
 #include <QWidget>
@@ -23,7 +23,7 @@ class DesignArea : public QWidget {
   // The child shows no control and has a place of its own.
   void put_at(const Place& place, QWidget& child);
 
-  // Where a place is now, in pixels; edges of neighbours stay aligned.
+  // A place at the current size, in pixels; edges of neighbours stay aligned.
   QRect in_pixels(const Place& place) const;
 
   // Puts every child in its place.

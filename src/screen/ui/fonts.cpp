@@ -10,7 +10,7 @@ namespace halden {
 
 namespace {
 
-// Preferred first. The first one gives Latin letters and digits, the others what it has no glyphs for.
+// Preferred first. The first one gives Latin letters and digits, the others the glyphs it does not have.
 QStringList families() {
   const QStringList wanted = {QStringLiteral("Noto Sans"),        QStringLiteral("Segoe UI"),
                               QStringLiteral("Noto Sans CJK TC"), QStringLiteral("Microsoft JhengHei"),
@@ -26,7 +26,7 @@ QFont make_text_font() {
   QFont font;
   const QStringList present = families();
   if (!present.isEmpty()) font.setFamilies(present);
-  font.setWeight(QFont::Normal);  // said aloud, so that nothing inherits another
+  font.setWeight(QFont::Normal);  // set explicitly, so that no other weight is inherited
   return font;
 }
 
@@ -56,7 +56,7 @@ int width_of(const QFont& font, const QString& text) {
   return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
 }
 
-// Widths grow in step with the size but for rounding, so a guess from one large size is nearly right.
+// Widths are proportional to the size except for rounding, so an estimate from one large size is close.
 int largest_size(const QFont& font, const QString& text, QSize room, int smallest, int largest) {
   constexpr int probe = 64;
   const QFontMetricsF metrics(with_pixel_size(font, probe));

@@ -7,7 +7,8 @@
 
 namespace halden {
 
-// The text font: Noto Sans where the system has it, with a Chinese font behind it. Its digits have one width.
+// The text font: Noto Sans where the system has it, with a Chinese font as fallback. Its digits have one
+// width.
 QFont text_font();
 
 // The bold variant for readings.

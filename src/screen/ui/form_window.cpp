@@ -18,7 +18,7 @@ namespace {
 
 constexpr int menu_pixels = 14;
 
-// A window on paper passes nothing on.
+// For a window that is only drawn for a print.
 class NoInput : public UserInput {
  public:
   void run_input(std::function<void()>) override {}
@@ -41,20 +41,20 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
                       [this] { input_.run_now([&values = window_] { values.resized(); }); }),
       times_shown_(window.times_shown()) {
   setObjectName(to_qt(window.name()));
-  dress(look);
-  menuBar()->setNativeMenuBar(false);  // inside the window on every system: a print shows it too
+  apply_look(look);
+  menuBar()->setNativeMenuBar(false);  // inside the window on every system, so that prints show it
   menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
   QWidget* const content = design.build(*this);
   setCentralWidget(content);
-  content->setFocus();  // no button looks pressed before the user has taken to the keyboard
+  content->setFocus();  // otherwise a button would have the keyboard focus at the start
   setMinimumSize(design.smallest);
   resize(design.start.boundedTo(screen()->availableSize()).expandedTo(design.smallest));
   mirror_.show_changes();
   Q_EMIT places_changed();
 }
 
-// Before anything is built: a style sheet that comes later makes widgets forget the sizes of their fonts.
-void FormWindow::dress(Look look) {
+// Called before anything is built: a style sheet set later resets the font sizes of widgets.
+void FormWindow::apply_look(Look look) {
   if (desktop_look(QApplication::palette()) == look) return;
   setPalette(to_palette(theme_));
   setStyleSheet(to_style_sheet(theme_));
@@ -92,17 +92,17 @@ void FormWindow::come_to_front() {
   activateWindow();
 }
 
-// A second window that never reaches the screen, so that the first one keeps its colours.
+// Draws a second window that is never shown, so that this one keeps its colours.
 QImage FormWindow::paper_image() {
-  NoInput nobody;
-  FormWindow on_paper(window_, nobody, design_, Look::light);
+  NoInput no_input;
+  FormWindow on_paper(window_, no_input, design_, Look::light);
   on_paper.resize(size());
   on_paper.ensurePolished();
   return on_paper.grab().toImage();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();  // the logic decides what becomes of its windows
+  event->ignore();  // the logic decides whether the window closes
   const auto close = [&values = window_] { values.closed(); };
   window_.closing() == Closing::at_once ? input_.run_now(close) : input_.run_input(close);
 }

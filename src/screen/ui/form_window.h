@@ -1,5 +1,5 @@
-// A window of the program on the screen: shows the values of a Window and passes on what the user does. What
-// all windows have in common stands here; what is inside each is built by its design.
+// A window of the program on the screen: shows the values of a Window and passes on what the user does. It
+// holds what all windows have in common; the content of each is built by its design.
 #pragma once
 
 #include <QImage>
@@ -17,7 +17,7 @@ class QPushButton;
 
 namespace halden {
 
-// How what the user does reaches the logic.
+// Passes what the user does to the logic.
 class UserInput {
  public:
   virtual ~UserInput() = default;
@@ -25,7 +25,7 @@ class UserInput {
   // Runs the handler; during a wait that takes no input it is kept until that wait is over.
   virtual void run_input(std::function<void()> handler) = 0;
 
-  // Runs the handler at once, whatever is going on.
+  // Runs the handler at once, also during a wait.
   virtual void run_now(std::function<void()> handler) = 0;
 
   // Whether a wait that takes no input is running.
@@ -67,10 +67,10 @@ class FormWindow : public QMainWindow {
   // comes to the front.
   void show_changes();
 
-  // Whether edit boxes take what is typed: not while an exchange runs that will fill them.
+  // Whether edit boxes accept typing: not during an exchange, which fills them at its end.
   void set_typing(Typing typing) { mirror_.set_typing(typing); }
 
-  // The window as it is printed: in light colours, whatever it shows on the screen.
+  // The window as it is printed: always in light colours.
   QImage paper_image();
 
  Q_SIGNALS:
@@ -83,7 +83,7 @@ class FormWindow : public QMainWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void dress(Look look);
+  void apply_look(Look look);
   void come_to_front();
 
   Window& window_;

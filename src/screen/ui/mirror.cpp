@@ -25,7 +25,7 @@ void show_on_field(QLineEdit& field, const Control& control) {
   if (field.text() != text) field.setText(text);
 }
 
-// Only what is ever checked becomes checkable: a mark can then be shown and taken away again.
+// An item becomes checkable when it is checked for the first time; all others show no check mark.
 template <typename Checkable>
 void show_mark(Checkable& item, bool checked) {
   if (checked) item.setCheckable(true);

@@ -1,5 +1,5 @@
-// Shows the values of a window on its widgets: looks for controls that differ from what was shown last and
-// touches only the widgets of those. Text typed by the user goes back into the values.
+// Shows the values of a window on its widgets: finds the controls that have changed since they were last
+// shown and updates only their widgets. Text typed by the user is written back into the values.
 #pragma once
 
 #include <QString>
@@ -23,18 +23,18 @@ namespace halden {
 QString to_qt(std::string_view utf8);
 std::string from_qt(const QString& text);
 
-// Whether the edit boxes take what is typed.
+// Whether the edit boxes accept typing.
 enum class Typing { taken, refused };
 
 class Mirror {
  public:
-  // `changed` learns the control whose value the user has changed, after it was written back.
+  // `changed` is called with the control whose value the user has changed, after it was written back.
   using Changed = std::function<void(const std::string& control)>;
   explicit Mirror(
       Window& window, Changed changed = [](const std::string&) {})
       : window_(window), changed_(std::move(changed)) {}
 
-  // Ties a control of the window to what shows it. The widget outlives the mirror's use.
+  // Ties a control of the window to the widget that shows it. The widget outlives the mirror.
   void tie(const std::string& control, QLabel& label);
   void tie(const std::string& control, QLineEdit& field);
   void tie(const std::string& control, QAbstractButton& button);
@@ -43,11 +43,11 @@ class Mirror {
   // A scroll bar moved by the user writes its value back.
   void tie(const std::string& control, QScrollBar& bar);
 
-  // For whatever shows a control in its own way.
+  // For a widget that shows a control in its own way.
   using Show = std::function<void(const Control&)>;
   void tie(const std::string& control, Show show);
 
-  // An edit box: as a text field, and what is typed is written back.
+  // An edit box: a text field whose typed text is written back.
   void tie_edit_box(const std::string& control, QLineEdit& field);
   void set_typing(Typing typing);
 

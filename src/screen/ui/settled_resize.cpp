@@ -6,7 +6,7 @@ namespace halden {
 
 namespace {
 
-// So long must the size stay the same.
+// The size has settled when it stays the same for this long.
 constexpr int quiet_ms = 200;
 
 }  // namespace
@@ -15,7 +15,7 @@ SettledResize::SettledResize(std::function<bool()> busy, std::function<void()> s
     : busy_(std::move(busy)), settled_(std::move(settled)) {
   quiet_.setSingleShot(true);
   quiet_.setInterval(quiet_ms);
-  QObject::connect(&quiet_, &QTimer::timeout, &quiet_, [this] { try_to_tell(); });
+  QObject::connect(&quiet_, &QTimer::timeout, &quiet_, [this] { report_when_idle(); });
 }
 
 void SettledResize::shown() {
@@ -30,7 +30,7 @@ void SettledResize::resized(QSize size) {
   if (was_shown_ && changed) quiet_.start();
 }
 
-void SettledResize::try_to_tell() {
+void SettledResize::report_when_idle() {
   if (busy_())
     quiet_.start();
   else

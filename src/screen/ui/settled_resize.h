@@ -1,4 +1,5 @@
-// Tells once that a window was shown or that a drag of its size has settled; never while the logic is busy.
+// Reports once that a window was shown, or that its size has settled after a drag; never while the logic is
+// busy.
 #pragma once
 
 #include <QSize>
@@ -17,7 +18,7 @@ class SettledResize {
   void resized(QSize size);
 
  private:
-  void try_to_tell();
+  void report_when_idle();
 
   std::function<bool()> busy_;
   std::function<void()> settled_;

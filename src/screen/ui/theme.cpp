@@ -28,7 +28,7 @@ Theme make_dark() {
           {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
 }
 
-// Names between @ stand for the colours of a theme.
+// Names between @ are replaced by the colours of a theme.
 constexpr const char* style_template = R"(
 QMainWindow, QDialog { background: @background@; }
 QToolTip { color: @text@; background: @panel@; border: 1px solid @line@; padding: 3px; }

@@ -1,5 +1,4 @@
-// The colours of the program in one place, light and dark; widgets, painted panels and paper take them from
-// here.
+// The colours of the program, light and dark, for widgets, painted panels and paper.
 #pragma once
 
 #include <QColor>
@@ -23,10 +22,11 @@ struct Theme {
 
 const Theme& theme(Look look);
 
-// What the desktop asks for, judged by the window colour of its palette.
+// The look of the desktop, judged by the window colour of its palette.
 Look desktop_look(const QPalette& desktop);
 
-// The same colours for everything Qt draws by itself, and the rules for what looks different from that.
+// The same colours as a palette for everything Qt draws itself, and as a style sheet for what differs from
+// it.
 QPalette to_palette(const Theme& theme);
 QString to_style_sheet(const Theme& theme);
 

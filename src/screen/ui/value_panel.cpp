@@ -16,8 +16,8 @@ constexpr int side_margin = 7;  // between the frame (or its bar) and caption an
 constexpr int top_margin = 5;
 constexpr int bottom_margin = 4;
 
-// A text field keeps two pixels free on either side, which is undone here, one above and below, and one for
-// its cursor.
+// Pixels that a text field keeps free: two on either side, which negative margins cancel, one above and one
+// below, and one for its cursor.
 constexpr int field_margin = 2;
 constexpr int field_margins_vertical = 2;
 constexpr int cursor_width = 1;

@@ -12,7 +12,7 @@
 
 namespace halden {
 
-// A read-only text field that looks like a label; its accessible name is what it shows a reading of.
+// A read-only text field that looks like a label; its accessible name is set to the caption of the reading.
 class ReadingField : public QLineEdit {
   Q_OBJECT
 
@@ -21,7 +21,6 @@ class ReadingField : public QLineEdit {
 
   // The size in pixels the text is shown with, smaller where this text alone would not fit.
   void set_size(int pixels);
-  int size_wanted() const { return size_; }
 
   // The width the text may take inside a field of this width.
   static int text_room(int field_width);

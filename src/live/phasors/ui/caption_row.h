@@ -1,5 +1,4 @@
-// A caption with its value beside it, for figures that stand in a column or a row; a framed one is a card of
-// its own.
+// A caption with its value beside it, for figures in a column or a row, with or without a frame of its own.
 #pragma once
 
 #include <QLabel>

@@ -24,14 +24,14 @@ constexpr double line_voltage_width = 1.4;
 
 constexpr float circle_opacity = 0.4F;
 
-// A label is kept that far from its point, in 1/1440 inch, so that it does not begin on the vector.
+// The distance of a label from its point, in 1/1440 inch, so that it does not begin on the vector.
 constexpr float label_padding = 110;
 
-// The lines that name each direction of 30 degrees.
+// One mark on the outer circle every 30 degrees.
 constexpr int directions = 12;
 constexpr double full_turn = 6.283185307179586;
 
-// One line over another stays readable up to this part of its height.
+// A text is readable while another covers no more than this part of its height.
 constexpr double readable_overlap = 0.4;
 
 bool hides(const DiagramLabel& front, const DiagramLabel& behind) {
@@ -50,7 +50,7 @@ PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* 
   setAccessibleName(to_qt(window.caption()));
 }
 
-// Assistive technology reads what the labels say, and so does who points at the diagram.
+// The texts of the labels are also the description for assistive technology and the tooltip.
 void PhasorDiagram::show_changes() {
   QStringList texts;
   for (const DiagramLabel& label : labels()) texts.append(label.text);
@@ -128,7 +128,7 @@ void PhasorDiagram::draw_lines(QPainter& painter, VectorKind kind) const {
   }
 }
 
-// A thin line of the panel's colour keeps markers of one spot apart.
+// A thin outline in the panel's colour separates markers at the same place.
 void PhasorDiagram::draw_markers(QPainter& painter, VectorKind kind) const {
   for (const PhasorVector& vector : phasor_vectors()) {
     if (vector.kind != kind || vector.marker.empty() || !window_[vector.marker].visible) continue;
@@ -173,8 +173,8 @@ std::vector<DiagramLabel> PhasorDiagram::labels() const {
   return shown;
 }
 
-// Every label stands where its vector puts it. Where a current is in phase with its voltage, as in every
-// resistive load, the voltage's label is the one in front.
+// A label that an earlier one hides is listed in the corner. Voltages come first, so of a current in phase
+// with its voltage (every resistive load) the current's label is listed.
 std::vector<DiagramLabel> PhasorDiagram::drawn_labels() const {
   std::vector<DiagramLabel> drawn;
   std::vector<DiagramLabel> hidden;
@@ -199,8 +199,8 @@ void PhasorDiagram::draw_labels(QPainter& painter) const {
   for (auto label = drawn.rbegin(); label != drawn.rend(); ++label) draw_label(painter, *label);
 }
 
-// A border of the panel's colour lifts the text off the lines it stands on. The text is laid out once for all
-// its copies.
+// A border in the panel's colour keeps the text readable where it covers lines. The text is laid out once for
+// all its copies.
 void PhasorDiagram::draw_label(QPainter& painter, const DiagramLabel& label) const {
   QStaticText text(label.text);
   text.setTextFormat(Qt::PlainText);

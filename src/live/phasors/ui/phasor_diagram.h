@@ -1,4 +1,4 @@
-// Draws the vectors of the phasor window where its values put them: two circles, lines, markers at their
+// Draws the vectors of the phasor window at the places its values give: two circles, lines, markers at their
 // tips, and labels. Voltages are thick lines with a disc, currents thin ones with a square, line voltages
 // dashed.
 #pragma once
@@ -32,11 +32,11 @@ class PhasorDiagram : public QWidget {
   // Reads the values again.
   void show_changes();
 
-  // What there is to be read, in the order of the vectors.
+  // The visible labels, in the order of the vectors.
   std::vector<DiagramLabel> labels() const;
 
-  // The same as it is drawn: a label that lies so far behind another one that neither could be read is listed
-  // in the corner instead.
+  // The same as they are drawn: a label that overlaps an earlier one so far that neither could be read is
+  // listed in the corner instead.
   std::vector<DiagramLabel> drawn_labels() const;
   const QFont& label_font() const { return label_font_; }
 

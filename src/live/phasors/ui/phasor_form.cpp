@@ -20,7 +20,7 @@ constexpr int hint_margin = 16;
 
 constexpr const char* print_entry = "print_phasor";
 
-// Keeps its child as large as its proportions allow, in the middle.
+// Keeps its child in the middle, as large as fits with fixed proportions.
 class KeptProportions : public QWidget {
  public:
   KeptProportions(QSizeF proportions, QWidget* parent) : QWidget(parent), proportions_(proportions) {}

@@ -27,7 +27,7 @@ int scaled(double pixels, double scale) {
   return std::max(static_cast<int>(std::lround(pixels * scale)), smallest_text);
 }
 
-// The place of two neighbours, the first on the left.
+// The place that covers two neighbours, the first on the left.
 Place place_of_both(const Place& first, const Place& second) {
   Place place = first;
   place.width = second.left + second.width - first.left;
@@ -74,7 +74,7 @@ void PhasorPage::build_row(Rows& rows, std::string_view caption, std::string_vie
   rows.rows.push_back(row);
 }
 
-// A hidden window is not drawn.
+// The diagram is not updated while the window is hidden.
 void PhasorPage::build_diagram() {
   auto* const diagram = new PhasorDiagram(form_.window(), form_.theme(), this);
   put_at({phasor_diagram_left, phasor_diagram_top, phasor_diagram_width, phasor_diagram_height}, *diagram);
