@@ -40,7 +40,7 @@ void handle_frames(benchmark::State& state, Sampling sampling) {
     even = !even;
     if (sampling == Sampling::at_an_instant)
       program.shared.meter_rec.set_text("Label1_3", even ? "12:30:44" : "12:30:46");
-    program.live.monitor.frame_complete();
+    program.live.monitor.take_frame();
     benchmark::DoNotOptimize(program.shared.meter_rec.revision());
   }
   if (program.shared.meter_rec["V31_value"].text != "398.9V") state.SkipWithError("wrong reading");

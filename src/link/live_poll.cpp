@@ -12,6 +12,7 @@ constexpr std::size_t harmonics_frame_length = 1874;
 constexpr std::size_t waveform_frame_length = 2108;
 
 constexpr int request_again_every = 4;  // missed ticks
+constexpr int missed_polls_before_request = 3;  // the next missed tick repeats the request
 constexpr int lost_after = 16;
 constexpr int give_up_after = 20;
 constexpr double arriving_pause_s = 0.2;
@@ -35,20 +36,32 @@ bool frame_is_complete(const LinkState& state) {
 
 void LivePoll::tick() {
   waits_.drain(live_buffer(state_));
-  if (!frame_is_complete(state_)) {
-    count_missed_poll();
-    return;
-  }
-  state_.missed_polls = 0;
-  state_.link_lost = 0;
+  if (!frame_is_complete(state_)) return count_missed_poll(false);
   waits_.drain(live_buffer(state_));
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
-  frames_.frame_complete();
+  switch (frames_.take_frame()) {
+    case FrameOutcome::complete:
+    case FrameOutcome::not_shown:
+      state_.missed_polls = 0;
+      state_.link_lost = 0;
+      break;
+    case FrameOutcome::other_mode:
+      state_.missed_polls = missed_polls_before_request;
+      state_.link_lost = 0;
+      break;
+    case FrameOutcome::damaged:
+      count_missed_poll(true);
+      break;
+    case FrameOutcome::incomplete:
+      count_missed_poll(false);
+      break;
+  }
 }
 
-void LivePoll::count_missed_poll() {
+// `requested`: the next frame has been requested already.
+void LivePoll::count_missed_poll(bool requested) {
   ++state_.missed_polls;
-  if (state_.missed_polls % request_again_every == 0) polling_.send_live_request();
+  if (state_.missed_polls % request_again_every == 0 && !requested) polling_.send_live_request();
   if (state_.missed_polls > lost_after) {
     meter_rec_.set_visible("Warning", true);
     let_events_run(platform_.clock);
@@ -58,7 +71,7 @@ void LivePoll::count_missed_poll() {
   if (state_.missed_polls > give_up_after) {
     platform_.shell.beep();
     state_.poll_buffer.clear();
-    state_.wave_buffer.clear();  // an old part of a frame would corrupt the next waveform
+    state_.wave_buffer.clear();  // a head of five seconds ago would spoil the waveform that comes after it
     polling_.send_live_request();
     state_.missed_polls = 0;
   }

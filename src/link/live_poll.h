@@ -1,5 +1,5 @@
-// The live request cycle: what each tick of timer2 does until a frame is complete, and when the request is
-// repeated because the meter is silent. The view that runs interprets the frame.
+// The live request cycle: what each tick of timer2 does until a whole frame has been read, and when the request
+// is repeated because none comes. The view that runs interprets the frame.
 #pragma once
 
 #include "link/link_state.h"
@@ -10,15 +10,25 @@
 
 namespace halden {
 
+// What became of the contents of a live buffer.
+enum class FrameOutcome {
+  complete,    // a whole frame is on the screen, and the next one is requested
+  not_shown,   // the same, but the view does not show it
+  damaged,     // a frame that has a value missing; the next one is requested
+  incomplete,  // no frame, or one that is still arriving
+  other_mode,  // a frame of the meter's other mode
+};
+
 // Takes what the live poll hands over.
 class LiveFrames {
  public:
   virtual ~LiveFrames() = default;
 
-  // A complete frame is in poll_buffer or wave_buffer, whichever belongs to the current display_mode.
-  virtual void frame_complete() = 0;
+  // frame_is_complete is true. The buffer is poll_buffer or wave_buffer, whichever belongs to the current
+  // display_mode.
+  virtual FrameOutcome take_frame() = 0;
 
-  // More than 16 consecutive ticks ended with an incomplete frame.
+  // More than 16 consecutive ticks ended without a whole frame.
   virtual void no_communication() = 0;
 };
 
@@ -36,7 +46,7 @@ class LivePoll {
   void tick();
 
  private:
-  void count_missed_poll();
+  void count_missed_poll(bool requested);
 
   Platform platform_;
   Waits& waits_;

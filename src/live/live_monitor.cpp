@@ -2,14 +2,15 @@
 
 namespace halden {
 
-void LiveMonitor::frame_complete() {
+FrameOutcome LiveMonitor::take_frame() {
   const FrameOutcome outcome = views_.shown().take_frame();
-  if (outcome != FrameOutcome::incomplete) frame_rate_.count(clock_.monotonic_s());
-  if (outcome == FrameOutcome::not_shown) return;
-  for (LiveListener* listener : listeners_) listener->reading_taken();
-  sample_clock_.remember_instant();
-  if (outcome != FrameOutcome::complete) return;
-  for (LiveListener* listener : listeners_) listener->frame_shown();
+  if (outcome != FrameOutcome::incomplete && outcome != FrameOutcome::damaged)
+    frame_rate_.count(clock_.monotonic_s());
+  if (outcome == FrameOutcome::complete) {
+    for (LiveListener* listener : listeners_) listener->frame_shown();
+    sample_clock_.remember_instant();
+  }
+  return outcome;
 }
 
 void LiveMonitor::no_communication() {

@@ -19,7 +19,7 @@ class LiveMonitor : public LiveFrames {
   void add_listener(LiveListener& listener) { listeners_.push_back(&listener); }
   void remove_listener(LiveListener& listener) { std::erase(listeners_, &listener); }
 
-  void frame_complete() override;
+  FrameOutcome take_frame() override;
   void no_communication() override;
 
   const FrameRate& frame_rate() const { return frame_rate_; }

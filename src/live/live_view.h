@@ -1,18 +1,20 @@
 // The live views (power, harmonics, waveform), as the live poll and the recording see them.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "formats/data_file.h"
 #include "link/link_state.h"
+#include "link/live_poll.h"
 #include "link/meter_status.h"
 
 namespace halden {
 
-enum class FrameOutcome {
-  complete,    // a whole frame is on the screen
-  incomplete,  // not a whole frame; the readings it held are on the screen
-  not_shown,   // a whole frame that the view does not show
+// What arrives does not fit the view that runs or the meter's wiring system; the status line says so.
+struct Misfit {
+  bool other_mode = false;      // frames of the meter's other mode
+  std::size_t phases_sent = 0;  // groups for this many phases; 0 when the number fits
 };
 
 class LiveView {
@@ -21,6 +23,9 @@ class LiveView {
 
   // frame_is_complete is true: removes the frame from the live buffer, shows it and requests the next one.
   virtual FrameOutcome take_frame() = 0;
+
+  // Of the newest frames.
+  virtual Misfit misfit() const = 0;
 
   // ---- its data file ----
   virtual RecordKind record_kind() const = 0;
@@ -60,10 +65,7 @@ class LiveListener {
  public:
   virtual ~LiveListener() = default;
 
-  // A view has taken a frame; the sample clock still holds the sampling instant of the frame before.
-  virtual void reading_taken() {}
-
-  // A whole frame is on the screen, and was recorded if a record was due.
+  // A whole frame is on the screen; the sample clock still holds the sampling instant of the frame before.
   virtual void frame_shown() {}
 
   // At every tick while the meter does not answer.

@@ -12,7 +12,7 @@ PhaseTexts PowerChain::take_phase(std::size_t phase, const PhaseGroup& group) {
     texts[PhaseQuantity::V] = readings.voltage_text;
   }
   take_powers(phase, group, texts);
-  if (group.v_angle && group.i_angle) take_angles(phase, *group.v_angle, *group.i_angle, texts);
+  if (group.v_angle && group.i_angle) take_angles(phase, group, texts);
   return texts;
 }
 
@@ -27,7 +27,7 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
     readings.active_power(*group.w);
     texts[PhaseQuantity::W] = readings.power_text;
   }
-  if (!group.i || !group.w) return;
+  if (!group.v || !group.i || !group.w) return;
   readings.apparent_power(raw.v_raw[phase], *group.i, *group.w);
   raw.va_raw[phase] = readings.va_raw;
   texts[PhaseQuantity::VA] = readings.va_text;
@@ -36,11 +36,12 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
 }
 
 // Without a voltage or a current its angle has no meaning.
-void PowerChain::take_angles(std::size_t phase, double v_angle, double i_angle, PhaseTexts& texts) {
-  raw.v_angle[phase] = raw.v_raw[phase] == 0 ? 0 : v_angle;
-  raw.i_angle[phase] = raw.i_raw[phase] == 0 ? 0 : to_int32(i_angle).value_or(raw.i_angle[phase]);
+void PowerChain::take_angles(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts) {
+  raw.v_angle[phase] = raw.v_raw[phase] == 0 ? 0 : *group.v_angle;
+  raw.i_angle[phase] = raw.i_raw[phase] == 0 ? 0 : to_int32(*group.i_angle).value_or(raw.i_angle[phase]);
   readings.phase_angle(raw.v_raw[phase], raw.i_raw[phase], raw.v_angle[phase], raw.i_angle[phase]);
   texts[PhaseQuantity::Phase] = readings.angle_text;
+  if (!group.v || !group.i || !group.w) return;
   readings.reactive_power(raw.va_raw[phase], raw.w_raw[phase], raw.v_angle[phase], raw.i_angle[phase]);
   raw.var_raw[phase] = readings.var_raw;
   texts[PhaseQuantity::VAR] = readings.var_text;

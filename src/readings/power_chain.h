@@ -77,7 +77,7 @@ class PowerChain {
 
  private:
   void take_powers(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
-  void take_angles(std::size_t phase, double v_angle, double i_angle, PhaseTexts& texts);
+  void take_angles(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
 
   const Scaling& scaling_;
 };

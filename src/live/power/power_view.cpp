@@ -10,8 +10,6 @@ namespace halden {
 
 namespace {
 
-constexpr std::int16_t missed_polls_before_request = 3;  // the next missed tick repeats the request
-
 // In the order of PowerQuantity. P, S and Q are the file's names of W, VA and VAR.
 constexpr std::array<std::string_view, power_quantity_count> panels = {
     "V12_value",      "V23_value",     "V31_value",     "V1_value",     "V2_value",     "V3_value",
@@ -32,25 +30,19 @@ PowerTexts shown_texts(const Window& meter_rec) {
 
 FrameOutcome PowerView::take_frame() {
   const PowerFrame frame = monitor_.handle_frame();
+  other_mode_ = frame == PowerFrame::of_harmonics;
+  if (other_mode_) return FrameOutcome::other_mode;
   if (frame == PowerFrame::complete) listener_.power_frame_shown();
-  if (frame == PowerFrame::of_harmonics) state_.missed_polls = missed_polls_before_request;
-  drop_stalled_buffer(frame);
-  if (sample_clock_.new_instant()) advance_energy_and_demand();
-  return frame == PowerFrame::complete ? FrameOutcome::complete : FrameOutcome::incomplete;
+  if (frame == PowerFrame::complete || state_.link_lost == 0) follow_sampling_instant();
+  if (frame == PowerFrame::complete) return FrameOutcome::complete;
+  return frame == PowerFrame::damaged ? FrameOutcome::damaged : FrameOutcome::incomplete;
 }
 
-// A buffer long enough for a frame but without a last group would count as complete at every tick, and no new
-// frame would be requested. It is dropped when it has not changed at the next tick.
-void PowerView::drop_stalled_buffer(PowerFrame frame) {
-  if (frame == PowerFrame::complete || state_.poll_buffer.empty()) {
-    stalled_.clear();
-  } else if (stalled_ == state_.poll_buffer) {
-    stalled_.clear();
-    state_.poll_buffer.clear();
-    state_.missed_polls = missed_polls_before_request;
-  } else {
-    stalled_ = state_.poll_buffer;
-  }
+// Once per sampling instant, with the last system values.
+void PowerView::follow_sampling_instant() {
+  if (sample_clock_.sampling_instant() == energy_instant_) return;
+  energy_instant_ = sample_clock_.sampling_instant();
+  advance_energy_and_demand();
 }
 
 void PowerView::advance_energy_and_demand() {

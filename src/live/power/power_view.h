@@ -37,6 +37,7 @@ class PowerView : public LiveView {
   PowerView& operator=(const PowerView&) = delete;
 
   FrameOutcome take_frame() override;
+  Misfit misfit() const override { return {other_mode_, monitor_.other_phase_count()}; }
   RecordKind record_kind() const override { return RecordKind::power; }
 
   // For an unknown wiring system the columns are those of the last header.
@@ -48,8 +49,8 @@ class PowerView : public LiveView {
 
  private:
   void write_header();
+  void follow_sampling_instant();
   void advance_energy_and_demand();
-  void drop_stalled_buffer(PowerFrame frame);
 
   const Clock& clock_;
   LinkState& state_;
@@ -59,7 +60,8 @@ class PowerView : public LiveView {
   PowerFrameListener& listener_;
   Window& window_;
   PowerMonitor monitor_;
-  std::string stalled_;      // poll_buffer after the last tick that found no last group
+  bool other_mode_ = false;
+  std::string energy_instant_;  // the sampling instant that energies and demands last advanced at
   std::string header_line_;  // the column names of the last known wiring system
 };
 

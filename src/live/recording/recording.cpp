@@ -137,7 +137,7 @@ RecordingState Recording::state() const {
   return data_file_ready_ == 1 ? RecordingState::file_ready : RecordingState::no_file;
 }
 
-void Recording::reading_taken() {
+void Recording::frame_shown() {
   if (data_file_ready_ == 0) {
     window_.set_enabled("FileName", true);
     return;

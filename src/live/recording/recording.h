@@ -44,7 +44,7 @@ class Recording : public LiveListener {
   std::string end_recording();
 
   // Records what is shown when a record is due.
-  void reading_taken() override;
+  void frame_shown() override;
 
   // Writes at most one line per sampling instant.
   void no_communication() override;
