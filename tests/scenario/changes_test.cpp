@@ -128,15 +128,6 @@ TEST(Closing, DuringEveryWaitEndsTheProgram) {
   }
 }
 
-TEST(Closing, WhileAMessageIsOpenEndsTheProgram) {
-  Journey journey;
-  journey.port.refuse(4, PortRefusal::missing);
-  journey.world.dialogs.while_open = [&](const Message&) { journey.window().closed(); };
-  journey.start();
-  EXPECT_TRUE(journey.world.ended());
-  EXPECT_FALSE(journey.window().visible()) << "the start-up goes no further";
-}
-
 struct HarmonicsMode : testing::Test, Journey {};
 
 TEST_F(HarmonicsMode, TheWindowFollowsTheMeterWhenItIsShownOrResized) {
