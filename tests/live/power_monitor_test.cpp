@@ -45,13 +45,16 @@ struct PowerMonitorTest : testing::Test {
   PowerMonitor monitor{waits, polling, state, status, chain, meter_rec};
 };
 
-TEST_F(PowerMonitorTest, AGroupOf51CharactersIsNotParsedOneMoreIs) {
+TEST_F(PowerMonitorTest, AGroupOf51CharactersIsNotParsedOneMoreIsAndAHarmonicsFrameIsDropped) {
   EXPECT_EQ(handle(group('1') + "  ", 0), PowerFrame::without_group);
   EXPECT_EQ(text("V1_value"), "");
   EXPECT_TRUE(port.sent.empty());
   EXPECT_EQ(handle(group('1') + "   ", 0), PowerFrame::complete);
   EXPECT_EQ(text("V1_value"), "220.1V");
   EXPECT_EQ(state.poll_buffer, "");
+  EXPECT_EQ(handle("B O=    0 " + group('2') + std::string(1900, ' ') + "E", 0), PowerFrame::of_harmonics);
+  EXPECT_EQ(state.poll_buffer, "");
+  EXPECT_TRUE(port.sent.empty());
 }
 
 // As many groups as the wiring system has phases make a frame; an unknown one has one.
@@ -71,30 +74,28 @@ TEST_F(PowerMonitorTest, ADamagedGroupBorrowsNothingFromItsNeighbours) {
   // The old VAR1 is sqrt(220^2 - 200^2) - 0.5 = 91.2; 2781 W above 220 VA give none.
   const std::string next = "V1=  5000 I1= 19999 W1=  9999 P1=     0 Q1=   500";
   const std::string cut_head = "V1=  1999 I1= 12V1=  23I1= 12340  W1=  2781  P1=     0  Q1=   116";
-  struct Case {
-    const char* name;
-    std::string frame;
-    std::string shown;  // V1 I1 W1 VA1 PF1 VAR1 Phase1
-  };
   const std::string old = "220.1V 1.000A 0.200KW 0.220KVA 0.90 -0.091KVAR -010.0";
-  for (const Case& row : {Case{"I1 lost", "V1=  2301  W1=  2781  P1=     0  Q1=   116" + next,
-                               "230.1V 1.000A 2.781KW 0.220KVA 0.90 0.000KVAR -011.6"},
-                          Case{"W1 lost", "V1=  2301  I1= 12340  P1=     0  Q1=   116" + next,
-                               "230.1V 12.34A 0.200KW 0.220KVA 0.90 -0.091KVAR -011.6"},
-                          Case{"P1 lost", "V1=  2301  I1= 12340  W1=  2781  Q1=   116" + next,
-                               "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
-                          Case{"Q1 cut", "V1=  2301  I1= 12340  W1=  2781  P1=     0  Q1=   11",
-                               "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
-                          Case{"Q1 damaged", "V1=  2301  I1= 12340  W1=  2781  P1=     0  x1=   116",
-                               "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
-                          Case{"V1 damaged behind a cut head", cut_head, old},
-                          Case{"the same with a frame behind it", cut_head + next, old}}) {
+  const std::tuple<const char*, std::string, std::string> rows[] = {
+      // V1 I1 W1 VA1 PF1 VAR1 Phase1
+      {"I1 lost", "V1=  2301  W1=  2781  P1=     0  Q1=   116" + next,
+       "230.1V 1.000A 2.781KW 0.220KVA 0.90 0.000KVAR -011.6"},
+      {"W1 lost", "V1=  2301  I1= 12340  P1=     0  Q1=   116" + next,
+       "230.1V 12.34A 0.200KW 0.220KVA 0.90 -0.091KVAR -011.6"},
+      {"P1 lost", "V1=  2301  I1= 12340  W1=  2781  Q1=   116" + next,
+       "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
+      {"Q1 cut", "V1=  2301  I1= 12340  W1=  2781  P1=     0  Q1=   11",
+       "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
+      {"Q1 damaged", "V1=  2301  I1= 12340  W1=  2781  P1=     0  x1=   116",
+       "230.1V 12.34A 2.781KW 2.839KVA 0.98 -0.091KVAR -010.0"},
+      {"V1 damaged behind a cut head", cut_head, old},
+      {"the same with a frame behind it", cut_head + next, old}};
+  for (const auto& [name, frame, expected] : rows) {
     handle(group('1') + "   ", 0);
-    handle(row.frame, 0);
+    handle(frame, 0);
     std::string shown;
     for (const char* quantity : {"V1", "I1", "W1", "VA1", "PF1", "VAR1", "Phase1"})
       shown += (shown.empty() ? "" : " ") + text(std::string(quantity) + "_value");
-    EXPECT_EQ(shown, row.shown) << row.name;
+    EXPECT_EQ(shown, expected) << name;
   }
 }
 
@@ -107,13 +108,6 @@ TEST_F(PowerMonitorTest, APhaseStillArrivingIsWaitedForATenthOfASecond) {
 
   port.arrive(0.15, group('2') + "  " + group('3') + "   ");
   EXPECT_EQ(handle(group('1') + "   ", 3), PowerFrame::partial);
-}
-
-TEST_F(PowerMonitorTest, AHarmonicsFrameIsDroppedAndNothingAskedFor) {
-  EXPECT_EQ(handle("B O=    0 " + group('1') + std::string(1900, ' ') + "E", 3), PowerFrame::of_harmonics);
-  EXPECT_EQ(state.poll_buffer, "");
-  EXPECT_TRUE(port.sent.empty());
-  EXPECT_EQ(text("V1_value"), "");
 }
 
 }  // namespace

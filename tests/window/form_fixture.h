@@ -3,14 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QCoreApplication>
+#include <QFontMetricsF>
 #include <QMenu>
 #include <string>
 #include <vector>
 
-#include "app/ui/meter_rec.h"
-#include "screen/meter_rec/columns.h"
-#include "screen/meter_rec/main_window.h"
+#include "screen/ui/form_window.h"
 
 namespace halden {
 
@@ -55,10 +55,15 @@ struct FormTest : testing::Test {
   FormWindow form;
 };
 
-struct MeterRecTest : FormTest {
-  MeterRecTest() : FormTest(make_main_window(), meter_rec_design()) {}
-
-  const LabelColumns columns = read_label_columns(values);
-};
+inline void expect_fits(const QWidget* shown, const std::string& where) {
+  ASSERT_NE(shown, nullptr) << where;
+  if (!shown->isVisible()) return;
+  constexpr int button_frame = 14;  // line and padding on both sides
+  const int frame = qobject_cast<const QAbstractButton*>(shown) != nullptr ? button_frame : 0;
+  const QString text = shown->property("text").toString();
+  const QFontMetricsF metrics(shown->font());
+  EXPECT_LE(metrics.horizontalAdvance(text), shown->width() - frame) << where;
+  EXPECT_LE(metrics.tightBoundingRect(text).height(), shown->height()) << where;
+}
 
 }  // namespace halden

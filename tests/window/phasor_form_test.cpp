@@ -1,6 +1,5 @@
-// The phasor window on the screen: what it shows, and that what the user does reaches the logic.
-
-#include <gtest/gtest.h>
+// The phasor window on the screen: what it shows, that it is clipped nowhere, and that what the user does
+// reaches the logic.
 
 #include <QAction>
 #include <QCoreApplication>
@@ -14,7 +13,6 @@
 #include "live/phasors/ui/phasor_form.h"
 
 namespace halden {
-
 namespace {
 
 struct PhasorFormTest : FormTest {
@@ -26,7 +24,7 @@ TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
   values.set_text("In_label", "In");
   values.set_text("v1_vector_label", "V1 < 230.1V, 0.0 >");
   form.show_changes();
-  EXPECT_FALSE(widget("VUR_value")->isVisible());
+  EXPECT_FALSE(widget("VUR_value")->parentWidget()->isVisible());
   EXPECT_EQ(widget("In_value")->accessibleName(), QStringLiteral("In"));
   EXPECT_EQ(widget("phasor_diagram")->accessibleDescription(), QStringLiteral("V1 < 230.1V, 0.0 >"));
   EXPECT_EQ(form.paper_image().deviceIndependentSize().toSize(), form.size());
@@ -76,6 +74,40 @@ TEST_F(PhasorFormTest, CirclesStayRound) {
   ASSERT_TRUE(run_events_until([this] { return resizes > 0; }));
 }
 
-}  // namespace
+TEST_F(PhasorFormTest, NoTextIsClippedAtAnySize) {
+  std::vector<std::string_view> names;
+  for (const PhasorButton& button : phasor_buttons()) names.push_back(button.name);
+  for (const PhasorPair& pair : phasor_pairs()) {
+    names.insert(names.end(), {pair.caption_name, pair.value});
+    values.set_text(pair.value, "-000.0");
+  }
+  for (const Panel& panel : phasor_panels()) {
+    names.insert(names.end(), {panel.label, panel.value});
+    values.set_text(panel.value, "000.0KV");
+  }
+  // Both ways a label can extend from the outermost ring, at the height of the origin.
+  for (const PhasorVector& vector : phasor_vectors()) {
+    Place label = values[vector.label];
+    const bool leftward = vector.phase == 1;
+    label.left = leftward ? 7480 - 2600 - label.width : 7480 + 2600;
+    label.top = 3560;
+    values.set_place(vector.label, label);
+    values.set_text(vector.label, widest_vector_label);
+    values.set_tag(vector.label, leftward ? right_end_tag : "");
+  }
+  form.show_changes();
+  for (const QSize size : {QSize(800, 560), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
+    form.resize(size);
+    QCoreApplication::sendPostedEvents();
+    for (const std::string_view name : names)
+      expect_fits(form.findChild<QWidget*>(to_qt(name)), std::string(name));
+    const auto* const diagram = form.findChild<PhasorDiagram*>();
+    for (const DiagramLabel& label : diagram->labels()) {
+      EXPECT_TRUE(QRectF(diagram->rect()).contains(label.place)) << size.width();
+      EXPECT_LE(QFontMetricsF(diagram->label_font()).horizontalAdvance(label.text), label.place.width());
+    }
+  }
+}
 
+}  // namespace
 }  // namespace halden

@@ -1,6 +1,9 @@
-// The main window on the screen: every control is there, shows its values, and passes on what the user does.
+// The main window on the screen, with its notice, status line and colours: every control shows its values,
+// passes on what the user does, and is clipped nowhere.
 
 #include <QAccessible>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -11,21 +14,47 @@
 #include <array>
 
 #include "../platform/qt_events.h"
+#include "app/ui/demo_panel.h"
+#include "app/ui/meter_rec.h"
+#include "app/ui/notice_window.h"
+#include "app/ui/status_row.h"
 #include "form_fixture.h"
+#include "platform/virtual/virtual_world.h"
+#include "screen/meter_rec/columns.h"
+#include "screen/meter_rec/main_window.h"
 #include "screen/meter_rec/panels.h"
+#include "screen/windows.h"
+#include "simulator/simulated_port.h"
 
 namespace halden {
-
 namespace {
 
 using Clicks = std::vector<std::string>;
 
+struct MeterRecTest : FormTest {
+  MeterRecTest() : FormTest(make_main_window(), meter_rec_design()) {}
+
+  void fill_with_widest() {
+    for (const DesignedControl& designed : main_window_design())
+      if (!designed.widest.empty()) values.set_text(designed.name, designed.widest);
+  }
+
+  void expect_nothing_clipped() {
+    for (const DesignedControl& designed : main_window_design())
+      if (designed.kind != ControlKind::menu_item && designed.kind != ControlKind::status)
+        expect_fits(widget(designed.name), designed.name);
+  }
+
+  int digits(std::string_view value) { return widget(value)->font().pixelSize(); }
+
+  const LabelColumns columns = read_label_columns(values);
+};
+
 TEST_F(MeterRecTest, ValuesShowUnderTheirQuantity) {
   const std::array<const char*, 3> rows[] = {
-      {"V12_value", "398.4V", "線電壓"},     {"PF3_value", "  OL ", "PF3"},
-      {"W_sys_value", "8.338KW", "W (SYS)"}, {"d0_v_value", "0.21%", "d0% (V, ZERO)"},
-      {"RMS_value", "230.1V", "RMS"},        {"power_system", "三相四線", "System"},
-      {"Label1_3", "12:30:44", "Time"},      {"ct_value", "100", "CT"}};
+      {"V12_value", "398.4V", "線電壓"}, {"d0_v_value", "0.21%", "d0% (V, ZERO)"},
+      {"RMS_value", "230.1V", "RMS"},    {"power_system", "三相四線", "System"},
+      {"Label1_3", "12:30:44", "Time"},  {"ct_value", "100", "CT"}};
   values.set_text("V12_label", "線電壓");
   for (const auto& [control, text, quantity] : rows) values.set_text(control, text);
   form.show_changes();
@@ -134,9 +163,6 @@ TEST_F(MeterRecTest, KeysReachEverything) {
   EXPECT_TRUE(menu("zmenu")->isVisible());
   menu("zmenu")->close();
   EXPECT_EQ(action("quit")->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
-  for (const char* button : {"phasor_button", "record_button", "Command3D1", "set_hz", "get_hz", "reset_kwh"})
-    EXPECT_TRUE((widget(button)->focusPolicy() & Qt::TabFocus) != 0) << button;
-  EXPECT_EQ(widget("W1_value")->focusPolicy(), Qt::ClickFocus);
 }
 
 TEST_F(MeterRecTest, OnlySettingsCanBeTypedAndEnterSendsThemButNotDuringALongWait) {
@@ -200,6 +226,155 @@ TEST(Mirror, TouchesWhatDiffersAndSaysWhenPlaceOrVisibilityChanged) {
   EXPECT_TRUE(mirror.show_changes());
 }
 
-}  // namespace
+TEST_F(MeterRecTest, NoTextIsClippedAtAnySize) {
+  fill_with_widest();
+  for (const auto& panels : {harmonic_cursor_panels(), wave_summary_panels()})
+    for (const Panel& panel : panels) {
+      values.set_visible(panel.value, true);
+      values.set_visible(panel.label, true);
+    }
+  for (const char* hidden : {"hold", "Warning", "record_button", "Harmo_Graph1"})
+    values.set_visible(hidden, true);
+  for (const auto& [label, widest] :
+       {std::pair("Label1_1", "3600.0 SEC"), {"Label1_3", "12:30:44"}, {"Label1_5", "2026-11-22"}})
+    values.set_text(label, widest);
+  for (const Language language : {Language::english, Language::chinese}) {
+    values.apply_captions(language);
+    values.set_text("PQA_mode", language == Language::chinese ? "諧波與波形" : "Harmo. and Waveform");
+    values.set_text("power_system", language == Language::chinese ? "三相四線" : "3P4W");
+    for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1024, 1400), QSize(3840, 2160)})
+      for (const Wiring system : {Wiring::w1p2w, Wiring::w1p3w, Wiring::w3p3w, Wiring::w3p4w}) {
+        arrange_for_system(system, values, columns);
+        resize(size.width(), size.height());
+        SCOPED_TRACE(testing::Message()
+                     << size.width() << "x" << size.height() << " language " << static_cast<int>(language)
+                     << " system " << static_cast<int>(system));
+        expect_nothing_clipped();
+      }
+  }
+}
 
+TEST_F(MeterRecTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
+  fill_with_widest();
+  resize(1024, 700);
+  const QSize panel = widget("V12_value")->parentWidget()->size();
+  const int small = digits("VAR1_value");
+  EXPECT_GE(small, 14);
+  for (const char* caption : {"V1_label", "Q1_label", "VUR_label", "Phase3_label", "system_label"})
+    EXPECT_GE(digits(caption), 11) << caption;
+  resize(1024, 1400);
+  EXPECT_EQ(widget("V12_value")->parentWidget()->width(), panel.width());
+  EXPECT_GT(widget("V12_value")->parentWidget()->height(), 2 * panel.height());
+  resize(2048, 1400);
+  EXPECT_GE(digits("VAR1_value"), 2 * small - 2);
+  for (std::size_t phase = 0; phase < phase_count; ++phase)
+    for (const PhaseQuantity quantity : phase_quantities)
+      EXPECT_EQ(digits(phase_panel(quantity, phase).value), digits("V12_value"));
+  for (const Panel& panel : system_panels()) EXPECT_EQ(digits(panel.value), digits("W_sys_value"));
+}
+
+TEST_F(MeterRecTest, ATextLongerThanExpectedShrinksAlone) {
+  resize(1024, 700);
+  const int usual = digits("W2_value");
+  values.set_text("W1_value", "-123456.789KW");
+  form.show_changes();
+  EXPECT_LT(digits("W1_value"), usual);
+  EXPECT_EQ(digits("W2_value"), usual);
+  expect_nothing_clipped();
+  values.set_text("W1_value", "1.000KW");
+  form.show_changes();
+  EXPECT_EQ(digits("W1_value"), usual);
+}
+
+TEST_F(MeterRecTest, NoticeSaysWhatTheValuesSayAndLeavesTheUserAlone) {
+  Window said = make_notice_window();
+  NoticeWindow notice(said, form, Look::light);
+  notice.show_changes();
+  EXPECT_FALSE(notice.isVisible());
+  said.set_caption("Status");
+  said.set_text("Text1", "Working");
+  said.show();
+  notice.show_changes();
+  EXPECT_EQ(notice.windowTitle(), QStringLiteral("Status"));
+  EXPECT_EQ(notice.findChild<QLineEdit*>(QStringLiteral("Text1"))->text(), QStringLiteral("Working"));
+  EXPECT_TRUE(form.geometry().contains(notice.geometry()));
+  EXPECT_FALSE(notice.close());
+  EXPECT_TRUE(notice.isVisible());
+  said.hide();
+  notice.show_changes();
+  EXPECT_FALSE(notice.isVisible());
+}
+
+TEST_F(MeterRecTest, ALongHintInTheStatusLineDoesNotWidenTheWindow) {
+  const std::string text(400, 'x');
+  values.set_text("status_hint", text);
+  form.show_changes();
+  EXPECT_LE(form.minimumSizeHint().width(), 1024);
+  QWidget* const hint = widget("status_hint");
+  QHelpEvent hover(QEvent::ToolTip, QPoint(2, 2), hint->mapToGlobal(QPoint(2, 2)));
+  QCoreApplication::sendEvent(hint, &hover);
+  EXPECT_EQ(hint->toolTip(), to_qt(text));
+}
+
+// Which pixels are marked at all, whatever their colour.
+QImage shape_of(const char* tag) {
+  LinkLight light(theme(Look::light));
+  light.set_mark(link_mark(tag));
+  QImage image(light.size(), QImage::Format_ARGB32);
+  image.fill(Qt::transparent);
+  light.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  return image.createAlphaMask().convertToFormat(QImage::Format_Grayscale8);
+}
+
+TEST(LinkLight, StatesDifferInShape) {
+  const std::array tags = {"ok", "idle", "lost"};
+  for (const char* one : tags)
+    for (const char* other : tags) EXPECT_EQ(shape_of(one) == shape_of(other), one == other) << one << other;
+}
+
+// The colours of the window, the bar at the left edge of a panel, and the panel.
+std::array<QString, 3> colours(const QImage& window, const QWidget& panel, const QWidget& top) {
+  const QPoint left = panel.mapTo(&top, QPoint(2, panel.height() / 2));
+  return {window.pixelColor(3, window.height() / 2).name(), window.pixelColor(left).name(),
+          window.pixelColor(left + QPoint(panel.width() / 2, 0)).name()};
+}
+
+TEST(Colours, PanelsFollowTheLookAndPaperIsLight) {
+  const std::array dark = {QStringLiteral("#14171a"), QStringLiteral("#4cd3a2"), QStringLiteral("#1d2126")};
+  const std::array light = {QStringLiteral("#eef0f2"), QStringLiteral("#047857"), QStringLiteral("#ffffff")};
+  for (const Look look : {Look::dark, Look::light}) {
+    apply_to_application(look);
+    Window values = make_main_window();
+    values.show();
+    DirectInput input;
+    FormWindow form(values, input, meter_rec_design(), look);
+    form.show_changes();
+    const QWidget* const panel = form.findChild<QWidget*>(QStringLiteral("V2_value"))->parentWidget();
+    const auto& shown = look == Look::dark ? dark : light;
+    EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
+    const QImage paper = form.paper_image();
+    EXPECT_EQ(paper.deviceIndependentSize().toSize(), form.size());
+    EXPECT_EQ(colours(paper, *panel, form), light);
+    EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
+  }
+}
+
+TEST(DemoPanel, ButtonsActOnTheMeter) {
+  VirtualWorld world({2026, 11, 22}, 0);
+  simulator::Meter meter;
+  simulator::SimulatedPort port(world.clock, meter);
+  port.open(1);
+  DemoPanel panel(meter, port, nullptr);
+  const auto button = [&](const char* name) { return panel.findChild<QPushButton*>(QLatin1String(name)); };
+  for (const char* pressed : {"demo_harmonics", "demo_3p3w", "demo_i2"}) button(pressed)->click();
+  EXPECT_EQ(meter.settings().mode, simulator::MeterMode::harmonics);
+  EXPECT_EQ(meter.settings().wiring, simulator::Wiring::w3p3w);
+  EXPECT_EQ(meter.settings().channel, 3);
+  for (const PortState state : {PortState::vanished, PortState::open}) {
+    button("demo_cable_out")->click();
+    EXPECT_EQ(port.state(), state);
+  }
+}
+
+}  // namespace
 }  // namespace halden

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "live/frame_rate.h"
 #include "platform/virtual/scripted_port.h"
 #include "screen/meter_rec/main_window.h"
 #include "screen/meter_rec/panels.h"
@@ -57,6 +58,17 @@ TEST(SampleClockTest, AnInstantSetsIndexAndTimeAndHidesTheWarnings) {
   at.window.set_text(sample_time_label, "0 SEC");
   at.clock.tick();
   EXPECT_EQ(at.window[sample_clock_label].tag, "5615") << "left alone without a sampling time";
+}
+
+TEST(FrameRateTest, FollowsTheFramesAndFallsWhileTheMeterIsSilent) {
+  FrameRate rate;
+  EXPECT_EQ(rate.per_second(0), 0);
+  rate.count(10);
+  EXPECT_EQ(rate.per_second(10), 0) << "one frame has no rate";
+  for (const double time_s : {10.25, 10.5, 10.75, 11.0}) rate.count(time_s);
+  EXPECT_DOUBLE_EQ(rate.per_second(11.1), 4);
+  EXPECT_DOUBLE_EQ(rate.per_second(12.5), 2) << "5 frames in 2.5 s";
+  EXPECT_EQ(rate.per_second(16.1), 0);
 }
 
 }  // namespace

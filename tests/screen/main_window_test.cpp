@@ -1,4 +1,5 @@
-#include "screen/meter_rec/columns.h"
+// The designed texts of the main window, and where its columns stand for each wiring system.
+#include "screen/meter_rec/main_window.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +7,51 @@
 #include <string>
 #include <vector>
 
-#include "screen/meter_rec/main_window.h"
+#include "screen/meter_rec/columns.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {
 namespace {
+
+// "name=text|" of every control whose text is not the designed one.
+std::string changed_texts(const Window& window, const Window& designed) {
+  std::string all;
+  for (const auto& [name, control] : window.controls())
+    if (control.text != designed[name].text) all += name + "=" + control.text + "|";
+  return all;
+}
+
+TEST(Captions, ChineseIsShownAndEnglishIsDesigned) {
+  Window window = make_main_window();
+  const Window designed = window;
+  window.apply_captions(Language::chinese);
+  EXPECT_EQ(changed_texts(window, designed),
+            "system_label=系統|Label1_0=取樣秒數|Label1_2=時間|Label1_4=日期|phasor_button=向量圖|"
+            "record_button=記錄|Command3D1=列印|settings_heading=電表設定|get_hz=讀取設定|"
+            "energy_heading=電能與需量|reset_kwh=<- 歸零|zmenu=檔案|FileName=建立檔案名稱|FileStart=開始記錄|"
+            "auto_record=自動|manual_record=手動|FileStop=停止記錄|ViewFile=瀏灠檔案|"
+            "OpenPlotFile=電力記錄畫圖|show_plot_harmonics=諧波記錄畫圖|show_plot_waveform=波形記錄畫圖|"
+            "show_plot_hardcopy=視窗記錄畫圖|view_harmonics=諧波|show_wave=波形|loggerPWR=記錄器|"
+            "Option_Menu=選項|");
+  window.apply_captions(Language::english);
+  EXPECT_EQ(changed_texts(window, designed), "");
+}
+
+// The label of a power column carries its symbol, the caption its unit.
+TEST(Captions, ControlsStartWithTheirDesignedTexts) {
+  const Window window = make_main_window();
+  std::string texts;
+  for (const char* name :
+       {"P1_label", "S3_label", "Q2_label", "VAR2_value", "Label1_1", "Warning", "VUR_label", "set_sec",
+        "get_hz", "reset_kwh", "port_number_16", "HelpManual_5", "Ver", "show_50_harmonics",
+        "show_99_harmonics", "show_50_angles", "show_99_angles", "close_harmonics"})
+    texts += window[name].text + "|";
+  EXPECT_EQ(texts,
+            "W1|VA3|VAR2||2.0 SEC|No Com|VUR (Unbalance)|SEC|Update Now|<- Reset|COM 16|"
+            "Portuguese|V7.00|50 Orders|99 Orders|50 Phases|99 Phases|close|");
+  for (const char* hidden : {"Warning", "hold", "record_button", "Harmo_Graph1", "HScroll1", "CF_value"})
+    EXPECT_FALSE(window[hidden].visible) << hidden;
+}
 
 std::vector<Panel> column_panels() {
   std::vector<Panel> panels = {line_panel(0), line_panel(1), line_panel(2)};
@@ -50,10 +91,7 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
   const std::string all =
       "V12 V23 V31 V1 V2 V3 I1 I2 I3 W1 W2 W3 VA1 VA2 VA3 VAR1 VAR2 VAR3 PF1 PF2 PF3 Phase1 Phase2 Phase3 "
       "VUR d0_v d2_v IUR d0_i d2_i ";
-  const struct {
-    int system;
-    std::string shown, lefts;
-  } in_turn[] = {
+  const std::tuple<int, std::string, std::string> in_turn[] = {
       {0, one_phase, "54 54 54 586 184 184 741 314 314 "},
       {1, two_phases, "54 54 54 184 184 184 314 314 314 "},
       {2, lines, "586 586 586 184 184 184 741 741 741 "},
@@ -65,10 +103,10 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
   };
   Window window = make_main_window();
   const LabelColumns columns = read_label_columns(window);
-  for (const auto& turn : in_turn) {
-    arrange_for_system(static_cast<Wiring>(turn.system), window, columns);
-    EXPECT_EQ(shown(window), turn.shown) << turn.system;
-    EXPECT_EQ(lefts(window), turn.lefts) << turn.system;
+  for (const auto& [system, panels, places] : in_turn) {
+    arrange_for_system(static_cast<Wiring>(system), window, columns);
+    EXPECT_EQ(shown(window), panels) << system;
+    EXPECT_EQ(lefts(window), places) << system;
   }
 }
 

@@ -1,0 +1,202 @@
+// Commands that run beside the simulated meter, and the terminal that keeps what they say.
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "../scenario/program_test_base.h"
+#include "cli/live_command.h"
+#include "cli/record_command.h"
+#include "cli/set_command.h"
+
+namespace halden {
+namespace {
+
+struct NotedTerminal : Terminal {
+  void print(const std::string& results) override { printed.push_back(results); }
+  void note(const std::string& sentence) override { notes.push_back(sentence); }
+  void done() override { end("done"); }
+  void failed(const std::string& sentence) override { end(sentence); }
+  void end(const std::string& how) {
+    if (ended.empty()) ended = how;
+  }
+
+  std::vector<std::string> printed;
+  std::vector<std::string> notes;
+  std::string ended;
+};
+
+struct LiveReports : testing::Test {
+  void start(LiveOptions options) {
+    report.emplace(journey.program(), options, terminal);
+    report->start();
+  }
+
+  // Half a second at a time, as the command looks at the silence.
+  void run_for(double seconds) {
+    for (double passed_s = 0; passed_s < seconds && terminal.ended.empty(); passed_s += 0.5) {
+      journey.world.run_for(0.5);
+      report->check_silence();
+    }
+  }
+
+  Journey journey;
+  NotedTerminal terminal;
+  std::optional<LiveReport> report;
+};
+
+TEST_F(LiveReports, OneBlockPerFrameUntilTheCount) {
+  journey.start(1);
+  start({3, Format::text});
+  run_for(5);
+  EXPECT_EQ(terminal.ended, "done");
+  ASSERT_EQ(terminal.printed.size(), 3u);
+  for (const std::string& block : terminal.printed) {
+    EXPECT_EQ(block.substr(0, 23), "time=2026-11-22T12:00:1");
+    EXPECT_EQ(block.substr(block.size() - 2), "\n\n");
+  }
+}
+
+TEST_F(LiveReports, TheWiringDecidesWhichValuesThereAre) {
+  const std::string system =
+      "W_sys_value VA_sys_value VAR_sys_value PF_sys_value WH_sys_value VAH_sys_value VARH_sys_value "
+      "PFH_sys_value W_AD_value VA_AD_value W_MD_value VA_MD_value ";
+  using simulator::Wiring;
+  const std::pair<simulator::Wiring, std::string> rows[] = {
+      {Wiring::w1p3w,
+       "time V1_value I1_value W1_value VA1_value VAR1_value PF1_value Phase1_value "
+       "V2_value I2_value W2_value VA2_value VAR2_value PF2_value Phase2_value " +
+           system},
+      {Wiring::w3p3w, "time I1_value I2_value I3_value V12_value V23_value V31_value " + system +
+                          "VUR_value d0_v_value d2_v_value IUR_value d0_i_value d2_i_value "}};
+  for (const auto& [wiring, expected] : rows) {
+    journey.meter.settings().wiring = wiring;
+    journey.start(1);
+    std::string names;
+    const Record record = live_record(journey.window(), "");
+    for (const auto& item : record.items()) names += item.key() + " ";
+    EXPECT_EQ(names, expected);
+  }
+}
+
+TEST_F(LiveReports, SilenceEndsItOnlyWithACount) {
+  journey.start(1);
+  start({1000, Format::json});
+  run_for(2);
+  journey.meter.faults().silence = true;
+  run_for(29);
+  EXPECT_EQ(terminal.ended, "");
+  run_for(2);
+  EXPECT_EQ(terminal.ended, "The meter has sent no readings for 30 seconds.");
+  terminal = {};
+  start({std::nullopt, Format::json});
+  run_for(600);
+  journey.meter.faults().silence = false;
+  run_for(10);
+  EXPECT_EQ(terminal.ended, "");
+  EXPECT_GT(terminal.printed.size(), 20u);
+}
+
+TEST(Runs, AMeterInHarmonicsModeIsRefusedAtOnce) {
+  Journey journey;
+  journey.meter.settings().mode = simulator::MeterMode::harmonics;
+  journey.start(1);
+  NotedTerminal live, record;
+  LiveReport(journey.program(), {std::nullopt, Format::text}, live).start();
+  RecordRun(journey.program(), {}, record).start();
+  for (const NotedTerminal& terminal : {live, record}) {
+    EXPECT_EQ(terminal.ended, "The meter is in harmonics mode: press its POWER button and try again.");
+    EXPECT_TRUE(terminal.printed.empty());
+  }
+  EXPECT_TRUE(journey.world.files.contents.empty());
+}
+
+struct RecordRuns : testing::Test {
+  RecordRuns() { options.file = "d/a.csv"; }
+
+  void start() {
+    run.reset();
+    journey.start(1);
+    run.emplace(journey.program(), options, terminal);
+    run->start();
+  }
+
+  // Half a second at a time, as the command looks after it.
+  void run_for(double seconds) {
+    for (double passed_s = 0; passed_s < seconds && terminal.ended.empty(); passed_s += 0.5) {
+      journey.world.run_for(0.5);
+      run->check_progress();
+    }
+  }
+
+  std::ptrdiff_t lines() {
+    const std::string& bytes = journey.world.files.contents["d/a.csv"];
+    return std::count(bytes.begin(), bytes.end(), '\n');
+  }
+
+  Journey journey;
+  RecordOptions options;
+  NotedTerminal terminal;
+  std::optional<RecordRun> run;
+};
+
+TEST_F(RecordRuns, EndOnceAtTheNumberOfRecords) {
+  options.sample_s = 3;
+  options.records = 4;
+  start();
+  run_for(60);
+  run->finish();
+  EXPECT_EQ(terminal.ended, "done");
+  EXPECT_EQ(terminal.printed, std::vector<std::string>{"file=d/a.csv\nrecords=4\n"});
+  EXPECT_EQ(lines(), 2 + 4);
+}
+
+TEST_F(RecordRuns, EndAtTheTimeOrAtOnceWhereNothingCanBeRecorded) {
+  options.duration_s = 10;
+  start();
+  run_for(60);
+  EXPECT_EQ(terminal.ended, "done");
+  EXPECT_EQ(lines(), 2 + 5) << "five instants in ten seconds";
+  terminal = {};
+  journey.world.files.folder_failures["d/"] = FileFailure::forbidden;
+  start();
+  EXPECT_EQ(terminal.ended, "d/a.csv: no permission.");
+}
+
+TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
+  start();
+  run_for(3);
+  journey.world.files.folder_failures["d/"] = FileFailure::disk_full;
+  run_for(4);
+  EXPECT_EQ(terminal.notes, std::vector<std::string>{"recording: 1 line, 1 waiting (disk full)"});
+  run->finish();
+  const std::string where =
+      "Recorded lines that could not be written are kept in work/halden-rescued-power.csv";
+  EXPECT_EQ(terminal.ended, where);
+  RecordRun(journey.program(), {}, terminal).start();
+  EXPECT_EQ(terminal.notes.back(), where) << "as long as the file lies there";
+}
+
+TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {
+  const std::pair<std::vector<TypedSetting>, std::string> rows[] = {
+      {{{"ct", "040"}, {"pt", "7"}, {"md", "30"}, {"sec", "4"}, {"hz", "auto"}}, "done"},
+      {{{"sec", "3"}}, "Sampling time must be an even number (2, 4, 6, ...), please re-enter !"},
+      {{{"ct", "0"}, {"pt", "9"}}, "The meter did not take ct=0; it holds 40."}};
+  Journey journey;
+  journey.start(1);
+  const auto last_message = [&journey] {
+    const auto texts = journey.world.dialogs.message_texts();
+    return texts.empty() ? std::string() : texts.back();
+  };
+  std::vector<std::string> printed;
+  for (const auto& [settings, ended] : rows) {
+    NotedTerminal terminal;
+    journey.world.dialogs.messages.clear();
+    send_settings(journey.program(), settings, Format::text, last_message, terminal);
+    EXPECT_EQ(terminal.ended, ended);
+    printed.insert(printed.end(), terminal.printed.begin(), terminal.printed.end());
+  }
+  EXPECT_EQ(printed, std::vector<std::string>{"ct=40\npt=7\nmd=30\nsec=4\nhz=Auto\n"});
+  EXPECT_EQ(journey.meter.settings().pt_ratio, 7) << "nothing is sent after a failure";
+}
+
+}  // namespace
+}  // namespace halden
