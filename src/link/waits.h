@@ -2,6 +2,7 @@
 // by time.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "platform/clock.h"

@@ -1,5 +1,7 @@
 // Maximum and average demand: averages of the system powers over whole demand periods.
+#include <cstdint>
 #include <limits>
+#include <string>
 #include <utility>
 
 #include "readings/numbers.h"

@@ -1,5 +1,6 @@
 // The powers of the whole system.
 #include <cmath>
+#include <string>
 #include <utility>
 
 #include "readings/raw_values.h"

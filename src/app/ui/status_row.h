@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QWidget>
+#include <string_view>
 
 #include "screen/ui/theme.h"
 #include "screen/window.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
 
 #include "live/phasors/unbalance.h"
 #include "platform/dialogs.h"

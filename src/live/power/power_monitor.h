@@ -9,6 +9,7 @@
 // current, in tenths of a degree.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 

@@ -6,10 +6,8 @@
 // settings on the right.
 #pragma once
 
-#include <array>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "screen/window.h"
 

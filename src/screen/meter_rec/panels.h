@@ -2,7 +2,6 @@
 // values, unbalance. Everything that repeats per phase loops over these lists.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <span>
 #include <string>

@@ -6,6 +6,8 @@
 #include <QString>
 #include <array>
 
+class QWidget;
+
 namespace halden {
 
 enum class Look { light, dark };
