@@ -11,8 +11,7 @@ namespace {
 
 constexpr double seconds_per_hour = 3600.0;
 
-// The sum holds raw values without sampling time and ratios, so that a changed setting changes the text at
-// once.
+// The sum holds raw values without sampling time and ratios, so that a changed setting applies at once.
 void advance_energy(const Scaling& scaling, double raw, double t, const UnitTable& units, double& sum,
                     std::string& text) {
   if (any_over_range({raw})) {

@@ -1,5 +1,4 @@
-// The line at the bottom of the main window: port, link, frames per second, recording, and a hint on the
-// right.
+// The line at the bottom of the main window: port, link, frames per second, recording, hint.
 #pragma once
 
 #include <QLabel>

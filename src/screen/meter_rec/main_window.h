@@ -41,7 +41,7 @@ struct DesignedControl {
 // All controls of MeterRec in the order they are designed.
 std::span<const DesignedControl> main_window_design();
 
-// MeterRec as it stands before anything was read from the meter. Controls of a label/value panel share one
+// MeterRec before anything was read from the meter. Controls of a label/value panel share one
 // frame: the position and size of both are those of the panel.
 Window make_main_window();
 
