@@ -39,7 +39,7 @@ std::string about_text() {
          std::string(legal_line);
 }
 
-// The manuals lie beside the program in help/.
+// The manuals are in help/ beside the program.
 std::string manual_path(const std::string& program_folder, std::string_view manual) {
   constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
   return program_folder + separator + "help" + separator + std::string(manual);

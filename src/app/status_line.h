@@ -1,6 +1,5 @@
 // The status line of the main window: port, link state, frames per second, recording state. The control
-// status_hint beside them shows one hint, which every room may write. Nothing of it replaces a message box or
-// a caption.
+// status_hint beside them shows one hint, which every room may write. It never replaces a message box.
 #pragma once
 
 #include <string_view>

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <utility>
 
 #include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"

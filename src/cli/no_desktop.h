@@ -3,7 +3,12 @@
 // to report them.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "app/configuration.h"

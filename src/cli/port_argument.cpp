@@ -1,6 +1,7 @@
 #include "cli/port_argument.h"
 
 #include <charconv>
+#include <system_error>
 
 namespace halden {
 

@@ -25,7 +25,7 @@ struct RecordOptions {
 
 class RecordRun : public LiveListener {
  public:
-  // All outlive the run. Without a number of records and a duration it goes on until finish().
+  // All outlive the run. Without a number of records and a duration it runs until finish().
   RecordRun(Program& program, const RecordOptions& options, Terminal& terminal);
   ~RecordRun() override { program_.live.monitor.remove_listener(*this); }
   RecordRun(const RecordRun&) = delete;

@@ -24,7 +24,7 @@ class Terminal {
   // Results, for people and for other programs; they reach the reader at once.
   virtual void print(const std::string& results) = 0;
 
-  // Something to know while the command goes on, in one sentence.
+  // A remark while the command continues, in one sentence.
   virtual void note(const std::string& sentence) = 0;
 
   // The command ends: done, or failed for the reason given in one sentence. Only the first call counts.
@@ -35,7 +35,7 @@ class Terminal {
 // The program without windows, connected to the meter for the length of one command.
 class Session : public Terminal {
  public:
-  // Starts the program up on the port; when the meter has told its status and is being polled, runs
+  // Starts the program up on the port; when the meter has sent its status and is being polled, runs
   // `command`. Then the event loop runs until the command ends. Returns the exit code. When
   // the port does not open or the meter does not answer, the command is not run: it has failed.
   virtual int run(const std::function<void()>& command) = 0;

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <utility>
 
 #include "readings/numbers.h"
 #include "screen/meter_rec/settings.h"

@@ -22,7 +22,7 @@ struct TypedSetting {
 // "ct=40"; nothing for another name or without "=".
 std::optional<TypedSetting> parse_setting(std::string_view text);
 
-// The settings boxes as they stand, under the names of the command.
+// The texts of the settings boxes, under the names of the command.
 Record settings_record(const Window& meter_rec);
 
 // Sends the settings one after the other; afterwards prints what the meter holds. Fails when a setting was

@@ -11,7 +11,7 @@ namespace halden {
 
 namespace {
 
-// The clamp factor 1.2, which a float only comes near to.
+// The clamp factor to one decimal: 1.2 as a float is 1.2000000477.
 double in_tenths(float value) { return std::round(static_cast<double>(value) * 10.0) / 10.0; }
 
 // A whole number is printed without ".0".

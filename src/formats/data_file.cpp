@@ -1,5 +1,6 @@
 #include "formats/data_file.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "formats/record_field.h"

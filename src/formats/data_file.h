@@ -33,8 +33,7 @@ class DataFile {
   // Tries again. True when nothing is waiting any more.
   bool write_waiting();
 
-  // Writes the header lines and all waiting lines to the end of another file; on success nothing is waiting
-  // any more.
+  // Writes the header lines and all waiting lines to the end of another file; on success none waits.
   FileFailure write_waiting_to(const std::string& path);
 
   const std::string& path() const { return path_; }

@@ -33,8 +33,7 @@ enum class PowerQuantity {
 
 inline constexpr std::size_t power_quantity_count = static_cast<std::size_t>(PowerQuantity::VA_MD) + 1;
 
-// The text of every quantity as it is shown, in that order. Those the wiring system does not have are not
-// read.
+// The shown text of every quantity, in that order. Those the wiring system does not have are not read.
 using PowerTexts = std::array<std::string_view, power_quantity_count>;
 
 // The line of the column names; empty for an unknown wiring system.

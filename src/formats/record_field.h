@@ -3,6 +3,7 @@
 //   "     230.1V,"   the text right-aligned in ten characters, then a comma
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 

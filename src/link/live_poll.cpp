@@ -1,5 +1,7 @@
 #include "link/live_poll.h"
 
+#include <string>
+
 #include "platform/clock.h"
 #include "platform/shell.h"
 

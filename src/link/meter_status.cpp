@@ -1,7 +1,7 @@
 #include "link/meter_status.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <variant>
 
 #include "readings/numbers.h"

@@ -1,7 +1,10 @@
 #include "link/status_query.h"
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/clock.h"
 #include "platform/dialogs.h"

@@ -8,8 +8,7 @@ namespace {
 
 constexpr double arriving_limit_s = 6.0;
 constexpr double quiet_step_s = 0.5;
-constexpr std::size_t unlikely_count =
-    1000;  // stands for the previous count at the start of wait_until_quiet
+constexpr std::size_t unlikely_count = 1000;  // the "previous count" before wait_until_quiet has read one
 
 }  // namespace
 

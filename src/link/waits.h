@@ -1,7 +1,7 @@
-// Timed waits, and collecting what the meter sends. The replies have no framing, so their end is known only
-// by time.
+// Timed waits, and collecting what the meter sends. Replies have no framing: they end by time.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "platform/clock.h"

@@ -1,6 +1,8 @@
 // The settings as the boxes of the main window show them, for the header lines of data files.
 #pragma once
 
+#include <string_view>
+
 #include "formats/file_headers.h"
 #include "screen/meter_rec/settings.h"
 #include "screen/window.h"

@@ -1,5 +1,7 @@
 #include "live/unshown_view.h"
 
+#include <string>
+
 #include "formats/file_headers.h"
 #include "live/setting_texts.h"
 

@@ -2,6 +2,8 @@
 // their data files get header lines only.
 #pragma once
 
+#include <string>
+
 #include "link/link.h"
 #include "live/live_view.h"
 #include "live/view_selection.h"

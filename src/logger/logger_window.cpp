@@ -1,6 +1,7 @@
 #include "logger/logger_window.h"
 
 #include <array>
+#include <string>
 
 namespace halden {
 

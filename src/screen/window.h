@@ -3,6 +3,7 @@
 // tests and haldenctl read the same values. Several windows may have controls of the same name.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>

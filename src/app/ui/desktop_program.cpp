@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QTimer>
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 #include "app/program.h"

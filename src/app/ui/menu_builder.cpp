@@ -5,8 +5,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "screen/meter_rec/menus.h"
 #include "screen/ui/form_window.h"

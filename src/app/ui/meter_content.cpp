@@ -1,6 +1,7 @@
 #include "app/ui/meter_content.h"
 
 #include <QEvent>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <algorithm>

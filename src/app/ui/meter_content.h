@@ -2,9 +2,7 @@
 // in the colours of the theme.
 #pragma once
 
-#include <QAbstractButton>
 #include <QLabel>
-#include <QLineEdit>
 #include <string>
 #include <vector>
 

@@ -1,6 +1,5 @@
 // The small notice window CHKSPEED on the screen: says what the program is busy with. It takes no focus,
-// cannot be closed, and does not block the other windows. The notice of a recording is shown by the recording
-// mark instead.
+// cannot be closed, and does not block the other windows. The recording mark shows the notice of a recording.
 #pragma once
 
 #include <QLabel>

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "screen/ui/fonts.h"

@@ -1,9 +1,9 @@
-// The line at the bottom of the main window: port, link, frames per second, recording, and a hint on the
-// right.
+// The line at the bottom of the main window: port, link, frames per second, recording, hint.
 #pragma once
 
 #include <QLabel>
 #include <QWidget>
+#include <string_view>
 
 #include "screen/ui/theme.h"
 #include "screen/window.h"

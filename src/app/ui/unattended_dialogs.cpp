@@ -1,6 +1,8 @@
 #include "app/ui/unattended_dialogs.h"
 
 #include <cstdio>
+#include <optional>
+#include <string>
 
 namespace halden {
 

@@ -2,6 +2,9 @@
 // answered at once, every question with no.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "platform/dialogs.h"
 
 namespace halden {

@@ -1,7 +1,9 @@
 #include "cli/qt/qt_session.h"
 
 #include <QDir>
+#include <QTimer>
 #include <cstdio>
+#include <string>
 #include <utility>
 
 #include "cli/process_io.h"

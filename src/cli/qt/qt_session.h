@@ -2,10 +2,11 @@
 #pragma once
 
 #include <QCoreApplication>
-#include <QTimer>
 #include <array>
 #include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "app/program.h"
 #include "cli/no_desktop.h"

@@ -6,6 +6,7 @@
 // supply need, which are sqrt(3) times as long as its phase voltages.
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 

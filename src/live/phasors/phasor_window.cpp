@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
 
 #include "live/phasors/unbalance.h"
 #include "platform/dialogs.h"
@@ -211,8 +212,7 @@ void PhasorWindow::put_marker(std::string_view name, Point end) {
   form_.set_place(name, marker);
 }
 
-// Left of the origin the text ends at the point where it would otherwise begin, so that it points away from
-// the circle.
+// Left of the origin the text ends where it would otherwise begin, so that it does not cover the circle.
 void PhasorWindow::put_label(const PhasorVector& names, double angle, int radius) {
   const double radians = angle * tenths_to_radians;
   const bool leftward = angle > right_angle || angle < -right_angle;

@@ -3,7 +3,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <span>
+#include <string_view>
 
 #include "link/link_state.h"
 #include "link/meter_status.h"

@@ -4,7 +4,7 @@
 // and current lags; V1 minus that is the phasor's angle.
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "readings/power_chain.h"

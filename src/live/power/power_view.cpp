@@ -1,10 +1,12 @@
 #include "live/power/power_view.h"
 
 #include <array>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 #include "formats/power_file.h"
 #include "live/setting_texts.h"
-#include "screen/meter_rec/panels.h"
 
 namespace halden {
 

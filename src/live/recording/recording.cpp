@@ -1,7 +1,6 @@
 #include "live/recording/recording.h"
 
 #include <optional>
-#include <utility>
 
 #include "formats/record_field.h"
 #include "platform/clock.h"

@@ -9,6 +9,7 @@
 // wait at the end of the recording, the user is asked for another file; without one they are rescued.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 

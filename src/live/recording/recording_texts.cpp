@@ -1,6 +1,7 @@
 #include "live/recording/recording_texts.h"
 
 #include <array>
+#include <string_view>
 
 #include "screen/failure_texts.h"
 

@@ -1,6 +1,7 @@
 #include "live/recording/rescue.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace halden {

@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "screen/meter_rec/main_window.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {

@@ -18,8 +18,7 @@ struct DesignColumn {
 std::span<const DesignColumn, 8> design_columns();
 
 // The designer left positions of the headers V12_label, V1_label, I1_label, S1_label and Q1_label (P1 to P5),
-// in 1/1440 inch. Saved once at start-up, before anything is re-arranged; columns are moved to these
-// positions.
+// in 1/1440 inch. Read once at start-up, before anything is re-arranged; columns move to these places.
 using LabelColumns = std::array<float, 5>;
 
 LabelColumns read_label_columns(const Window& meter_rec);

@@ -1,5 +1,7 @@
 #include "screen/meter_rec/main_window.h"
 
+#include <array>
+#include <string_view>
 #include <utility>
 #include <vector>
 

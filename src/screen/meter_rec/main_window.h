@@ -6,10 +6,8 @@
 // settings on the right.
 #pragma once
 
-#include <array>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "screen/window.h"
 
@@ -43,7 +41,7 @@ struct DesignedControl {
 // All controls of MeterRec in the order they are designed.
 std::span<const DesignedControl> main_window_design();
 
-// MeterRec as it stands before anything was read from the meter. Controls of a label/value panel share one
+// MeterRec before anything was read from the meter. Controls of a label/value panel share one
 // frame: the position and size of both are those of the panel.
 Window make_main_window();
 

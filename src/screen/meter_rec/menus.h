@@ -18,7 +18,7 @@ struct MenuEntry {
   Entry state = Entry::enabled;
 };
 
-// Parents stand before their children; siblings in the order they are shown.
+// Parents come before their children; siblings in the order they are shown.
 std::span<const MenuEntry> menu_entries();
 
 }  // namespace halden

@@ -1,5 +1,7 @@
 #include "screen/meter_rec/panels.h"
 
+#include <array>
+
 namespace halden {
 
 namespace {

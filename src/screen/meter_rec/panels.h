@@ -2,7 +2,6 @@
 // values, unbalance. Everything that repeats per phase loops over these lists.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -25,7 +24,7 @@ const Panel& phase_panel(PhaseQuantity quantity, std::size_t phase);
 // V12, V23, V31; `index` is 0, 1 or 2.
 const Panel& line_panel(std::size_t index);
 
-// The system panels in the order they stand on the screen, and the six unbalance panels.
+// The system panels in their order on the screen, and the six unbalance panels.
 std::span<const Panel> system_panels();
 std::span<const Panel> unbalance_panels();
 

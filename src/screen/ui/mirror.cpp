@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QWidget>
+#include <string_view>
 #include <utility>
 
 namespace halden {

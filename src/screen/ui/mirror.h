@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -16,7 +17,6 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QScrollBar;
-class QWidget;
 
 namespace halden {
 

@@ -1,5 +1,4 @@
-// Reports once that a window was shown, or that its size has settled after a drag; never while the logic is
-// busy.
+// Reports once that a window was shown or its size has settled after a drag; never while the logic is busy.
 #pragma once
 
 #include <QSize>

@@ -6,6 +6,8 @@
 #include <QString>
 #include <array>
 
+class QWidget;
+
 namespace halden {
 
 enum class Look { light, dark };
@@ -25,8 +27,7 @@ const Theme& theme(Look look);
 // The look of the desktop, judged by the window colour of its palette.
 Look desktop_look(const QPalette& desktop);
 
-// The same colours as a palette for everything Qt draws itself, and as a style sheet for what differs from
-// it.
+// The colours as a palette for what Qt draws itself, and as a style sheet for what differs from that.
 QPalette to_palette(const Theme& theme);
 QString to_style_sheet(const Theme& theme);
 

@@ -11,8 +11,6 @@
 
 namespace halden {
 
-class PhasorDiagram;
-
 class PhasorPage : public DesignArea {
   Q_OBJECT
 
