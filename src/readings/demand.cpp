@@ -2,9 +2,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <utility>
 
-#include "readings/numbers.h"
 #include "readings/raw_values.h"
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
@@ -15,12 +13,24 @@ namespace {
 
 constexpr double seconds_per_minute = 60.0;
 
-// Shows the average; on an overflow the text stays, and false says so.
-bool show_demand(const Scaling& scaling, double average, const UnitTable& units, std::string& text) {
-  auto new_text = power_text_of(scaling, average, Division::real, units);
-  if (!new_text) return false;
-  text = std::move(*new_text);
+// Adds a sample to the sum of a demand. False when it is over range, which the text then shows.
+bool add_sample(DerivedRaw raw, double& sum, std::string& text) {
+  if (!raw) {
+    text = overload_text;
+    return false;
+  }
+  sum += *raw;
   return true;
+}
+
+// A period has completed: the higher one of its average and the kept maximum is kept and shown.
+void complete_maximum(const Scaling& scaling, double average, const UnitTable& units, double& maximum,
+                      std::string& maximum_text, std::string& text) {
+  if (average >= maximum) {
+    maximum = average;
+    maximum_text = real_power_text_of(scaling, average, units);
+  }
+  text = maximum_text;
 }
 
 }  // namespace
@@ -35,56 +45,31 @@ bool Readings::demand_period_complete(double t) const {
 }
 
 void Readings::advance_maximum_demand_w(double t) {
-  if (any_over_range({system_w_raw})) {
-    demand_w_text = overload_text;
-    return;
-  }
-  demand_w_sum += system_w_raw;
-  if (!demand_period_complete(t)) return;
-  const double average = demand_w_sum / demand_samples;
-  if (average >= max_demand_w && show_demand(scaling_, average, w_units, demand_w_text))
-    max_demand_w = average;
+  if (add_sample(system_w_raw, demand_w_sum, demand_w_text) && demand_period_complete(t))
+    complete_maximum(scaling_, demand_w_sum / demand_samples, w_units, max_demand_w, max_demand_w_text,
+                     demand_w_text);
 }
 
 void Readings::advance_maximum_demand_va(double t) {
-  if (any_over_range({system_va_raw})) {
-    demand_va_text = overload_text;
-    return;
-  }
-  demand_va_sum += system_va_raw;
-  if (!demand_period_complete(t)) return;
-  const double average = demand_va_sum / demand_samples;
-  if (average >= max_demand_va && show_demand(scaling_, average, va_units, demand_va_text))
-    max_demand_va = average;
+  if (add_sample(system_va_raw, demand_va_sum, demand_va_text) && demand_period_complete(t))
+    complete_maximum(scaling_, demand_va_sum / demand_samples, va_units, max_demand_va, max_demand_va_text,
+                     demand_va_text);
 }
 
 void Readings::advance_average_demand_w(double t) {
-  if (any_over_range({system_w_raw})) {
-    average_w_text = overload_text;
-    return;
-  }
-  average_w_sum += system_w_raw;
-  if (!demand_period_complete(t)) return;
-  show_demand(scaling_, average_w_sum / demand_samples, w_units, average_w_text);
+  if (add_sample(system_w_raw, average_w_sum, average_w_text) && demand_period_complete(t))
+    average_w_text = real_power_text_of(scaling_, average_w_sum / demand_samples, w_units);
 }
 
 void Readings::advance_average_demand_va(double t) {
-  if (any_over_range({system_va_raw})) {
-    average_va_text = overload_text;
-    return;
-  }
-  const auto sum = to_int32(average_va_sum + system_va_raw);
-  if (!sum) return;
-  average_va_sum = *sum;
-  if (!demand_period_complete(t)) return;
-  show_demand(scaling_, static_cast<double>(average_va_sum) / demand_samples, va_units, average_va_text);
+  if (add_sample(system_va_raw, average_va_sum, average_va_text) && demand_period_complete(t))
+    average_va_text = real_power_text_of(scaling_, average_va_sum / demand_samples, va_units);
 }
 
 void Readings::reset_demand_period(double t) {
   if (!demand_period_complete(t)) return;
   demand_samples = 0;
-  demand_w_sum = demand_va_sum = average_w_sum = 0.0;
-  average_va_sum = 0;
+  demand_w_sum = demand_va_sum = average_w_sum = average_va_sum = 0.0;
 }
 
 }  // namespace halden

@@ -12,14 +12,14 @@ namespace {
 constexpr double seconds_per_hour = 3600.0;
 
 // The sum holds raw values without sampling time and ratios, so that a changed setting applies at once.
-void advance_energy(const Scaling& scaling, double raw, double t, const UnitTable& units, double& sum,
+void advance_energy(const Scaling& scaling, DerivedRaw raw, double t, const UnitTable& units, double& sum,
                     std::string& text) {
-  if (any_over_range({raw})) {
+  if (!raw) {
     text = overload_text;
     return;
   }
-  sum += raw;
-  text = energy_text_of(scaling, sum * t / seconds_per_hour, units);
+  sum += *raw;
+  text = real_power_text_of(scaling, sum * t / seconds_per_hour, units);
 }
 
 }  // namespace
@@ -39,10 +39,9 @@ void Readings::advance_energy_vah(double t) {
 void Readings::reset_energy_and_demand() {
   energy_wh = energy_varh = energy_vah = 0.0;
   demand_samples = 0;
-  demand_w_sum = demand_va_sum = average_w_sum = 0.0;
-  average_va_sum = 0;
+  demand_w_sum = demand_va_sum = average_w_sum = average_va_sum = 0.0;
   max_demand_w = max_demand_va = 0.0;
-  demand_w_text = demand_va_text = no_demand_text;
+  demand_w_text = demand_va_text = max_demand_w_text = max_demand_va_text = no_demand_text;
   average_w_text.clear();
   average_va_text.clear();
 }

@@ -42,7 +42,7 @@ void Readings::voltage(double v) {
 void Readings::line_voltage(double va, double vb, double angle_a, double angle_b) {
   if (any_over_range({va, vb, angle_a, angle_b})) {
     line_voltage_text = overload_text;
-    line_voltage_raw = over_range;
+    line_voltage_raw.reset();
     return;
   }
   const double theta = (angle_a - angle_b) * tenths_to_radians;
@@ -65,7 +65,7 @@ void Readings::active_power(double w) {
 void Readings::apparent_power(double v, double i, double w) {
   if (any_over_range({v, i})) {
     va_text = overload_text;
-    va_raw = over_range;
+    va_raw.reset();
     return;
   }
   const auto product = product_32bit(v, {i});
@@ -78,13 +78,13 @@ void Readings::apparent_power(double v, double i, double w) {
   va_text = std::move(*text);
 }
 
-void Readings::reactive_power(double va, double w, double angle_v, double angle_i) {
-  if (any_over_range({va, w})) {
+void Readings::reactive_power(DerivedRaw va, double w, double angle_v, double angle_i) {
+  if (!va || any_over_range({w})) {
     var_text = overload_text;
-    var_raw = over_range;
+    var_raw.reset();
     return;
   }
-  const auto magnitude = static_cast<float>(derived_magnitude(va * va - w * w));
+  const auto magnitude = static_cast<float>(derived_magnitude(*va * *va - w * w));
   const double sign = angle_difference(angle_v, angle_i) >= 0.0 ? 1.0 : -1.0;
   // The rounding comes last: it turns a -0 into 0.
   const double raw = round_half_even(sign * static_cast<double>(magnitude));
@@ -97,11 +97,12 @@ void Readings::reactive_power(double va, double w, double angle_v, double angle_
 void Readings::phase_angle(double v, double i, double angle_v, double angle_i) {
   if (any_over_range({v, i})) {
     angle_text = overload_text;
-    angle_raw = over_range;
+    angle_raw.reset();
     return;
   }
-  angle_raw = angle_difference(angle_v, angle_i);
-  angle_text = format_pattern(angle_raw / 10.0, "000.0");
+  const double difference = angle_difference(angle_v, angle_i);
+  angle_raw = difference;
+  angle_text = format_pattern(difference / 10.0, "000.0");
 }
 
 }  // namespace halden

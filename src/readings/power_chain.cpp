@@ -47,7 +47,8 @@ void PowerChain::take_angles(std::size_t phase, double v_angle, double i_angle, 
 }
 
 SystemTexts PowerChain::take_system() {
-  PerPhase<double> w{}, var{};  // 0 for phases not in use, whatever their last values
+  PerPhase<double> w{};
+  PerPhase<DerivedRaw> var{0, 0, 0};  // 0 for phases not in use, whatever their last values
   for (std::size_t p = 0; p < phases_in_use(scaling_.wiring_system); ++p) {
     w[p] = raw.w_raw[p];
     var[p] = raw.var_raw[p];

@@ -28,17 +28,17 @@ struct PhaseGroup {
   std::optional<double> v, i, w, v_angle, i_angle;
 };
 
-// The raw readings of the last groups, as the meter sent them or derived from those. A raw value of -1
-// means over range.
+// The raw readings of the last groups. What the meter sent is over range at -1, what was derived when it has
+// no value.
 struct PowerReadings {
   PerPhase<double> v_raw{};
   PerPhase<double> i_raw{};
   PerPhase<double> w_raw{};
-  PerPhase<double> va_raw{};
-  PerPhase<double> var_raw{};
+  PerPhase<DerivedRaw> va_raw{0, 0, 0};
+  PerPhase<DerivedRaw> var_raw{0, 0, 0};
   PerPhase<double> v_angle{};
   PerPhase<std::int32_t> i_angle{};
-  PerPhase<std::int32_t> line_raw{};  // v12_raw, v23_raw, v31_raw
+  PerPhase<std::optional<std::int32_t>> line_raw{0, 0, 0};  // v12_raw, v23_raw, v31_raw
 };
 
 // The texts of one phase; nothing for a quantity whose field was missing.

@@ -32,32 +32,33 @@ double hundredths(std::int32_t thousandths) { return (thousandths / 10) / 100.0;
 
 }  // namespace
 
-void Readings::power_factor(double w, double va) {
-  if (any_over_range({w, va})) {
+void Readings::power_factor(double w, DerivedRaw va) {
+  if (!va || any_over_range({w})) {
     pf_text = overload_text;
-    pf_raw = over_range;
+    pf_raw.reset();
     return;
   }
-  const auto ratio = ratio_in_thousandths(w, va);
+  const auto ratio = ratio_in_thousandths(w, *va);
   if (!ratio) return;
-  pf_raw = *ratio;
-  pf_text = format_pattern(hundredths(pf_raw), "0.00");
+  pf_raw = ratio;
+  pf_text = format_pattern(hundredths(*ratio), "0.00");
 }
 
 void Readings::system_power_factor() {
-  if (any_over_range({system_w_raw, system_va_raw})) {
+  if (!system_w_raw || !system_va_raw) {
     system_pf_text = system_pf_overload_text;
-    pf_raw = system_pf_raw = over_range;
+    pf_raw.reset();
+    system_pf_raw.reset();
     return;
   }
-  const auto ratio = ratio_in_thousandths(system_w_raw, system_va_raw);
+  const auto ratio = ratio_in_thousandths(*system_w_raw, *system_va_raw);
   if (!ratio) return;
-  pf_raw = system_pf_raw = *ratio;
+  pf_raw = system_pf_raw = ratio;
   system_pf_text = format_pattern(hundredths(*ratio), "0.00");
 }
 
 void Readings::energy_power_factor() {
-  if (any_over_range({system_w_raw, system_va_raw})) return;
+  if (!system_w_raw || !system_va_raw) return;
   const auto ratio = ratio_in_thousandths(energy_wh, energy_vah);
   if (!ratio) return;
   energy_pf_text = format_pattern(hundredths(*ratio), "0.00H");

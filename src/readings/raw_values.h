@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string_view>
 
 #include "readings/wiring.h"
@@ -21,12 +22,15 @@ struct Scaling {
   std::int32_t md_period = 0;  // demand period in minutes
 };
 
-inline constexpr int over_range = -1;
+inline constexpr int over_range = -1;  // as the meter sends it
 inline constexpr std::string_view overload_text = "  OL ";
 
 inline bool any_over_range(std::initializer_list<double> raw_values) {
   return std::find(raw_values.begin(), raw_values.end(), over_range) != raw_values.end();
 }
+
+// A raw value that the program derives; nothing while it is over range. Unlike the meter's own it may be -1.
+using DerivedRaw = std::optional<double>;
 
 // Angles are signed tenths of a degree, counter-clockwise positive. The program's pi has six digits; every
 // angle that is shown is calculated with it.

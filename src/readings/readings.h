@@ -6,11 +6,14 @@
 // Raw units: voltage 0.1 V; current 0.1 mA x 10^range; powers 0.1 W (VA, VAR) x 10^range; angles tenths of a
 // degree.
 //
-// Over range (-1 in an input that is checked) writes the overload text and -1. A product beyond 32 bits
-// ends the call: text and values stay as they were.
+// Over range (-1 from the meter in an input that is checked, or a derived input without a value) writes the
+// overload text and clears the derived value. A product of one phase beyond 32 bits ends the call: text and
+// values stay as they were. Powers of the system, energies and demands have no such
+// limit.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,7 +37,7 @@ struct Readings {
 
   // Between two phases, by the law of cosines; all four inputs are checked. Raw in 0.1 V, cut, not rounded.
   std::string line_voltage_text;
-  std::int32_t line_voltage_raw = 0;
+  std::optional<std::int32_t> line_voltage_raw = 0;
   void line_voltage(double va, double vb, double angle_a, double angle_b);
 
   std::string power_text;
@@ -42,41 +45,41 @@ struct Readings {
 
   // Negative when w is; v and i are checked.
   std::string va_text;
-  double va_raw = 0;
+  DerivedRaw va_raw = 0;
   void apparent_power(double v, double i, double w);
 
   // Positive when the voltage leads; va and w are checked.
   std::string var_text;
-  double var_raw = 0;
-  void reactive_power(double va, double w, double angle_v, double angle_i);
+  DerivedRaw var_raw = 0;
+  void reactive_power(DerivedRaw va, double w, double angle_v, double angle_i);
 
   // pf_raw in thousandths, at most 1000; the text shows whole hundredths.
   std::string pf_text;
-  std::int32_t pf_raw = 0;
-  void power_factor(double w, double va);
+  std::optional<std::int32_t> pf_raw = 0;
+  void power_factor(double w, DerivedRaw va);
 
   // Voltage against current in -1800..1800; v and i are checked.
   std::string angle_text;
-  double angle_raw = 0;
+  DerivedRaw angle_raw = 0;
   void phase_angle(double v, double i, double angle_v, double angle_i);
 
   // ---- the system: all three inputs are checked, the wiring system decides which are added ----
   std::string system_w_text;
-  double system_w_raw = 0;
+  DerivedRaw system_w_raw = 0;
   void system_active_power(double w1, double w2, double w3);
 
   std::string system_var_text;
-  double system_var_raw = 0;
-  void system_reactive_power(double var1, double var2, double var3);
+  DerivedRaw system_var_raw = 0;
+  void system_reactive_power(DerivedRaw var1, DerivedRaw var2, DerivedRaw var3);
 
   // From system_w_raw and system_var_raw.
   std::string system_va_text;
-  double system_va_raw = 0;
+  DerivedRaw system_va_raw = 0;
   void system_apparent_power();
 
   // From system_w_raw and system_va_raw; writes pf_raw too.
   std::string system_pf_text;
-  std::int32_t system_pf_raw = 0;
+  std::optional<std::int32_t> system_pf_raw = 0;
   void system_power_factor();
 
   // ---- energy: once per sampling instant; t is the sampling time in seconds ----
@@ -102,13 +105,16 @@ struct Readings {
   std::int32_t demand_samples = 0;
   void count_demand_sample();
 
-  // The highest average of all periods, from 0 on: an average below 0 is never shown.
+  // The highest average of all periods, from 0 on: an average below 0 never shows. After an over range the
+  // text shows the kept maximum again as soon as a period completes.
   std::string demand_w_text{no_demand_text};
+  std::string max_demand_w_text{no_demand_text};  // of the kept maximum
   double demand_w_sum = 0;
   double max_demand_w = 0;
   void advance_maximum_demand_w(double t);
 
   std::string demand_va_text{no_demand_text};
+  std::string max_demand_va_text{no_demand_text};
   double demand_va_sum = 0;
   double max_demand_va = 0;
   void advance_maximum_demand_va(double t);
@@ -119,7 +125,7 @@ struct Readings {
   void advance_average_demand_w(double t);
 
   std::string average_va_text;
-  std::int32_t average_va_sum = 0;  // a sum that would not fit ends the call
+  double average_va_sum = 0;
   void advance_average_demand_va(double t);
 
   // At the end of a complete period: counter and the four sums to 0. Does nothing while t is 0.

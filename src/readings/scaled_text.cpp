@@ -70,7 +70,7 @@ std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Div
   return prefix_text(*value, exponent_of_range(scaling.current_range), division, units);
 }
 
-std::string energy_text_of(const Scaling& scaling, double raw, const UnitTable& units) {
+std::string real_power_text_of(const Scaling& scaling, double raw, const UnitTable& units) {
   const double value = raw * scaling.ct_ratio * static_cast<double>(scaling.current_scale) * scaling.pt_ratio;
   return prefix_text(value, exponent_of_range(scaling.current_range), Division::real, units);
 }

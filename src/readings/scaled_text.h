@@ -1,8 +1,8 @@
 // From a raw value through the transformer ratios and the clamp factor to a text, for every member of
 // Readings: four significant digits with an engineering prefix ("123.4mA", "1.234KV", "-12.34MW").
 //
-// The products have 32 bits: when one does not fit (each partial product counts) there is no text, and the
-// calling member keeps its old one. Energies are real sums and have no such limit.
+// The products of one phase have 32 bits: when one does not fit (each partial product counts) there is no
+// text, and the calling member keeps its old one. System powers, energies and demands have no such limit.
 #pragma once
 
 #include <array>
@@ -40,8 +40,8 @@ std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units);
 
-// `raw` in 0.1 Wh (VAh, VARh) x 10^range.
-std::string energy_text_of(const Scaling& scaling, double raw, const UnitTable& units);
+// Powers of the system, energies and demands: `raw` in 0.1 W (Wh, VA, ...) x 10^range, without a limit.
+std::string real_power_text_of(const Scaling& scaling, double raw, const UnitTable& units);
 
 // The last step of all of them. One count of `value` is 10^(exponent - 1) of the smallest unit: 1234 is 123.4
 // of units[0] at exponent 0, 1.234 of units[1] at 1, 12.34 at 2, 123.4 at 3, 1.234 of units[2] at 4 and so

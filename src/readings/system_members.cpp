@@ -1,7 +1,7 @@
 // The powers of the whole system.
 #include <cmath>
+#include <optional>
 #include <string>
-#include <utility>
 
 #include "readings/raw_values.h"
 #include "readings/readings.h"
@@ -11,43 +11,38 @@ namespace halden {
 
 namespace {
 
-double sum_of_phases(Wiring wiring_system, double phase_1, double phase_2, double phase_3) {
+// Nothing when a phase is over range, also one that the wiring does not use.
+DerivedRaw sum_of_phases(Wiring wiring_system, DerivedRaw phase_1, DerivedRaw phase_2, DerivedRaw phase_3) {
+  if (!phase_1 || !phase_2 || !phase_3) return std::nullopt;
   if (wiring_system == Wiring::w1p2w) return phase_1;
-  if (wiring_system == Wiring::w1p3w) return phase_1 + phase_2;
-  return phase_1 + phase_2 + phase_3;
+  if (wiring_system == Wiring::w1p3w) return *phase_1 + *phase_2;
+  return *phase_1 + *phase_2 + *phase_3;
 }
 
-// Sets the raw value and the text of a system power; both stay as they were when the text does not fit.
-void show_system_power(const Scaling& scaling, bool over, double new_raw, const UnitTable& units, double& raw,
-                       std::string& text) {
-  if (over) {
-    raw = over_range;
-    text = overload_text;
-    return;
-  }
-  auto new_text = power_text_of(scaling, new_raw, Division::real, units);
-  if (!new_text) return;
-  raw = new_raw;
-  text = std::move(*new_text);
+DerivedRaw unless_over_range(double raw) { return raw == over_range ? DerivedRaw() : DerivedRaw(raw); }
+
+std::string text_of(const Scaling& scaling, DerivedRaw raw, const UnitTable& units) {
+  return raw ? real_power_text_of(scaling, *raw, units) : std::string(overload_text);
 }
 
 }  // namespace
 
 void Readings::system_active_power(double w1, double w2, double w3) {
-  show_system_power(scaling_, any_over_range({w1, w2, w3}), sum_of_phases(scaling_.wiring_system, w1, w2, w3),
-                    w_units, system_w_raw, system_w_text);
+  system_w_raw = sum_of_phases(scaling_.wiring_system, unless_over_range(w1), unless_over_range(w2),
+                               unless_over_range(w3));
+  system_w_text = text_of(scaling_, system_w_raw, w_units);
 }
 
-void Readings::system_reactive_power(double var1, double var2, double var3) {
-  show_system_power(scaling_, any_over_range({var1, var2, var3}),
-                    sum_of_phases(scaling_.wiring_system, var1, var2, var3), var_units, system_var_raw,
-                    system_var_text);
+void Readings::system_reactive_power(DerivedRaw var1, DerivedRaw var2, DerivedRaw var3) {
+  system_var_raw = sum_of_phases(scaling_.wiring_system, var1, var2, var3);
+  system_var_text = text_of(scaling_, system_var_raw, var_units);
 }
 
 void Readings::system_apparent_power() {
-  show_system_power(scaling_, any_over_range({system_w_raw, system_var_raw}),
-                    std::sqrt(system_w_raw * system_w_raw + system_var_raw * system_var_raw), va_units,
-                    system_va_raw, system_va_text);
+  system_va_raw.reset();
+  if (system_w_raw && system_var_raw)
+    system_va_raw = std::sqrt(*system_w_raw * *system_w_raw + *system_var_raw * *system_var_raw);
+  system_va_text = text_of(scaling_, system_va_raw, va_units);
 }
 
 }  // namespace halden

@@ -1,49 +1,39 @@
 // What the programs make of their command lines, without a meter.
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <iterator>
-#include <sstream>
+#include <filesystem>
+#include <vector>
 
-#include "process.h"
-#include "temp_folder.h"
+#include "program.h"
 
 namespace halden {
 namespace {
 
-const Surroundings no_display = {"-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM"};
+const std::string no_display = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ";
 
-Ended run(const std::string& line) {
-  std::istringstream words(line);
-  return run_to_end({std::istream_iterator<std::string>(words), {}}, no_display);
-}
-
-TEST(CommandLine, HelpAndVersionNeedNoDisplay) {
-  for (const char* question :
+TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel) {
+  const std::pair<int, std::vector<const char*>> rows[] = {
+      {0,
        {"halden --help", "halden --version", "haldenctl --help", "haldenctl --version",
-        "haldenctl live --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}) {
-    const Ended ended = run(question);
-    EXPECT_EQ(ended.exit_code, 0) << question;
-    EXPECT_EQ(ended.errors, "") << question;
-    const std::string program(question, std::string(question).find(' '));
-    EXPECT_NE(ended.output.find(program), std::string::npos) << question;
-  }
-}
-
-TEST(CommandLine, WrongUsage) {
-  for (const char* mistake :
+        "haldenctl live --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}},
+      {2,
        {"haldenctl", "haldenctl measure", "haldenctl --port demo", "haldenctl live",
         "haldenctl live --port 17", "haldenctl live --port demo --count 0",
         "haldenctl live --port demo --format xml", "haldenctl status --port demo --count 1",
         "haldenctl set --port /dev/null", "haldenctl set --port /dev/null ct=1 kv=2",
         "halden --com 17=/dev/null", "halden --nonsense", "halden --workdir /not/there",
         "halden --palette green", "halden --after soon", "halden-meter --wiring 4P5W",
-        "halden-meter --fault loud"}) {
-    const Ended ended = run(mistake);
-    EXPECT_EQ(ended.exit_code, 2) << mistake;
-    EXPECT_EQ(ended.output, "") << mistake;
-    EXPECT_NE(ended.errors, "") << mistake;
-  }
+        "halden-meter --fault loud"}},
+      {1, {"halden --demo"}}};
+  for (const auto& [exit_code, commands] : rows)
+    for (const std::string command : commands) {
+      const Ended ended = run(no_display + command);
+      EXPECT_EQ(ended.exit_code, exit_code) << command;
+      EXPECT_EQ(ended.output.empty(), exit_code != 0) << command;
+      EXPECT_EQ(ended.errors.empty(), exit_code == 0) << command;
+    }
+  const std::string errors = run(no_display + "halden --demo").errors;
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+  EXPECT_NE(errors.find("haldenctl live"), std::string::npos) << errors;
 }
 
 // The configuration of the program with windows has no say here, neither its port nor its language; the demo
@@ -53,34 +43,26 @@ TEST(CommandLine, PortsThatDoNotOpenAndTheDemoLeaveTheFolderAlone) {
   folder.write("commport.dat", "9\r\n");
   folder.write("language.pha", "1\r\n");
   folder.write("a file", "text");
-  Surroundings there = {"-C", folder.path()};
-  there.insert(there.end(), no_display.begin(), no_display.end());
+  const std::string there = no_display + "-C " + (folder / "") + " haldenctl ";
   const std::pair<std::string, std::string> rows[] = {
       {"./nothing", "./nothing is not there. Is the adapter plugged in?\n"},
       {"./a file", "./a file is not a serial port.\n"},
-      {folder.path() + "/", folder.path() + "/ is not a serial port.\n"},
+      {folder / "", (folder / "") + " is not a serial port.\n"},
       {"/dev/null", "/dev/null is not a serial port.\n"}};
   for (const char* command : {"status", "live"})
     for (const auto& [port, sentence] : rows) {
-      const Ended ended = run_to_end({"haldenctl", command, "--port", port}, there);
+      const Ended ended = run(there + command + " --port \"" + port + "\"");
       EXPECT_EQ(ended.exit_code, 1) << port;
       EXPECT_EQ(ended.output, "") << port;
       EXPECT_EQ(ended.errors, sentence);
     }
-  const Ended demo = run_to_end({"haldenctl", "status", "--port", "demo", "--format", "json"}, there);
+  const Ended demo = run(there + "status --port demo --format json");
   EXPECT_EQ(demo.exit_code, 0);
   EXPECT_EQ(demo.errors, "");
   EXPECT_TRUE(demo.output.starts_with(R"({"meter_mode":1,"harmonic_channel":0,"wiring_system":3,)"));
   EXPECT_TRUE(demo.output.ends_with("\"logger_file_count\":0}\n")) << demo.output;
   EXPECT_EQ(folder.read("commport.dat") + folder.read("language.pha"), "9\r\n1\r\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 3);
-}
-
-TEST(CommandLine, WindowsNeedADisplay) {
-  const Ended ended = run("halden --demo");
-  EXPECT_EQ(ended.exit_code, 1);
-  EXPECT_EQ(std::count(ended.errors.begin(), ended.errors.end(), '\n'), 1) << ended.errors;
-  EXPECT_NE(ended.errors.find("haldenctl live"), std::string::npos) << ended.errors;
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 3);
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST(Phasors, AnglesAreCountedFromV1AndBroughtIntoRangeOnce) {
 
 struct Supply : testing::Test {
   // The unbalance texts and the neutral values, with V2 and V3 at -120 and 120 degrees.
-  std::string shown(PerPhase<double> v, PerPhase<std::int32_t> lines, PerPhase<double> i) {
+  std::string shown(PerPhase<double> v, PerPhase<std::optional<std::int32_t>> lines, PerPhase<double> i) {
     raw.v_raw = v;
     raw.line_raw = lines;
     raw.i_raw = i;
@@ -73,6 +73,9 @@ TEST_F(Supply, BalancedDeadAndOneSided) {
   // One phase alone: all three components are equal, and the mean deviation is twice the mean.
   EXPECT_EQ(shown({2300, 0, 0}, {2300, 0, 2300}, {5000, 0, 0}),
             "OL %|OL %|OL %|OL %|OL %|OL %|230.0V|5.000A");
+  // A phase over range: what it enters has no figure.
+  EXPECT_EQ(shown({-1, 2300, 2300}, {std::nullopt, 3983, std::nullopt}, {-1, 5000, 5000}),
+            "OL %|OL %|OL %|OL %|OL %|OL %|  OL |  OL ");
 }
 
 }  // namespace

@@ -8,25 +8,19 @@
 
 namespace halden {
 
+// Runs events for a fixed time, for what must not happen or must not cost anything.
+inline void run_events_for(int duration_ms) {
+  QEventLoop loop;
+  QTimer::singleShot(duration_ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
 // Runs events until `happened` says so; false when that takes longer than `limit_ms`.
 template <typename Happened>
 bool run_events_until(Happened happened, int limit_ms = 5000) {
   const QDeadlineTimer deadline(limit_ms);
-  QEventLoop loop;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, &loop, [&] {
-    if (happened() || deadline.hasExpired()) loop.quit();
-  });
-  look.start(2);
-  if (!happened()) loop.exec();
+  while (!happened() && !deadline.hasExpired()) run_events_for(2);
   return happened();
-}
-
-// Runs events for a fixed time, for what must not happen or must not cost anything.
-inline void run_events_for(int duration_ms) {
-  QEventLoop loop;
-  QTimer::singleShot(duration_ms, &loop, &QEventLoop::quit);
-  loop.exec();
 }
 
 }  // namespace halden

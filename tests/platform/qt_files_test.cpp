@@ -8,25 +8,20 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <csignal>
-#include <functional>
 
-#include "unprivileged.h"
+#include "in_child.h"
 
 namespace halden {
 namespace {
 
-// Nothing may grow beyond 1000 bytes meanwhile: a disk that fills up in the middle of a write.
+// In a process in which nothing may grow beyond 1000 bytes: a disk that fills up in the middle of a write.
 template <typename Operation>
 FileFailure on_small_disk(Operation operation) {
-  const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit old_limit = {};
-  getrlimit(RLIMIT_FSIZE, &old_limit);
-  const rlimit limit = {1000, old_limit.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &limit);
-  const FileFailure failure = operation();
-  setrlimit(RLIMIT_FSIZE, &old_limit);
-  std::signal(SIGXFSZ, old_handler);
-  return failure;
+  return run_in_child([&] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {1000, 1000};
+    return setrlimit(RLIMIT_FSIZE, &limit) == 0 ? operation() : FileFailure::none;
+  });
 }
 
 class QtFilesTest : public testing::Test {
@@ -41,38 +36,28 @@ class QtFilesTest : public testing::Test {
   QtFiles files_;
 };
 
-TEST_F(QtFilesTest, AppendsReplacesMeasuresAndRemovesUnderAnyName) {
-  for (const char* name : {"two  words.csv", "電力 紀錄.csv"}) {
-    const std::string file = path(name);
-    EXPECT_FALSE(files_.exists(file)) << name;
-    EXPECT_EQ(files_.length(file), std::nullopt) << name;
-    EXPECT_EQ(files_.append(file, "line 1\r\n"), FileFailure::none) << name;
-    EXPECT_EQ(files_.append(file, std::string_view("\0\x80\xFF\n", 4)), FileFailure::none) << name;
-    EXPECT_TRUE(files_.exists(file)) << name;
-    EXPECT_EQ(files_.length(file), 12u) << name;
-    EXPECT_EQ(content(file), std::string("line 1\r\n\0\x80\xFF\n", 12)) << name;
-    EXPECT_EQ(files_.replace(file, "new"), FileFailure::none) << name;
-    EXPECT_EQ(content(file), "new") << name;
-    EXPECT_EQ(files_in_folder(), 1) << name;
-    for (int time = 0; time < 2; ++time) EXPECT_EQ(files_.remove(file), FileFailure::none) << name;
-    EXPECT_FALSE(files_.exists(file)) << name;
-  }
-}
-
-TEST_F(QtFilesTest, ReadsPieces) {
-  ASSERT_EQ(files_.append(path("pieces"), "0123456789"), FileFailure::none);
-  const std::tuple<std::uint64_t, std::size_t, const char*> rows[] = {{0, 4, "0123"},
-                                                                      {4, 4, "4567"},
-                                                                      {8, 4, "89"},
-                                                                      {11, 4, ""},
-                                                                      {3, 0, ""},
-                                                                      {9, SIZE_MAX, "9"},
-                                                                      {UINT64_MAX, SIZE_MAX, ""}};
+TEST_F(QtFilesTest, AppendsReadsPiecesReplacesAndRemovesUnderAnyName) {
+  const std::string file = path("電力  紀錄.csv");
+  EXPECT_FALSE(files_.exists(file));
+  EXPECT_EQ(files_.length(file), std::nullopt);
+  EXPECT_EQ(files_.append(file, "line 1\r\n"), FileFailure::none);
+  EXPECT_EQ(files_.append(file, std::string_view("\0\x80\xFF\n", 4)), FileFailure::none);
+  EXPECT_TRUE(files_.exists(file));
+  EXPECT_EQ(files_.length(file), 12u);
+  const std::tuple<std::uint64_t, std::size_t, std::string> rows[] = {
+      {0, 4, "line"},       {6, 6, std::string("\r\n\0\x80\xFF\n", 6)},
+      {10, 4, "\xFF\n"},    {3, 0, ""},
+      {11, SIZE_MAX, "\n"}, {UINT64_MAX, SIZE_MAX, ""}};
   for (const auto& [offset, max_bytes, bytes] : rows) {
-    const FilePiece piece = files_.read(path("pieces"), offset, max_bytes);
+    const FilePiece piece = files_.read(file, offset, max_bytes);
     EXPECT_EQ(piece.failure, FileFailure::none) << offset;
     EXPECT_EQ(piece.bytes, bytes) << offset;
   }
+  EXPECT_EQ(files_.replace(file, "new"), FileFailure::none);
+  EXPECT_EQ(content(file), "new");
+  EXPECT_EQ(files_in_folder(), 1);
+  for (int time = 0; time < 2; ++time) EXPECT_EQ(files_.remove(file), FileFailure::none);
+  EXPECT_FALSE(files_.exists(file));
 }
 
 TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
@@ -81,9 +66,8 @@ TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
   ASSERT_EQ(files_.append(path("data.csv"), old), FileFailure::none);
   const std::string more(2000, 'b');
   const std::string much_more(100000, 'b');
-  EXPECT_NE(on_small_disk([&] { return files_.append(path("data.csv"), more); }), FileFailure::none);
-  EXPECT_EQ(content(path("data.csv")), old);
   for (const std::string& bytes : {more, much_more}) {
+    EXPECT_NE(on_small_disk([&] { return files_.append(path("data.csv"), bytes); }), FileFailure::none);
     EXPECT_NE(on_small_disk([&] { return files_.replace(path("data.csv"), bytes); }), FileFailure::none);
     EXPECT_EQ(content(path("data.csv")), old);
     EXPECT_EQ(files_in_folder(), 1);
@@ -94,41 +78,38 @@ TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
 
 // What is there but may not be looked at is not missing: a file of the same name must not be begun anew.
 TEST_F(QtFilesTest, FailuresNameTheirCause) {
+  using enum FileFailure;
   const std::string folder = folder_.path().toStdString();
+  const auto set_modes = [&](mode_t inside, mode_t around) {
+    for (const char* name : {"closed", "data"}) EXPECT_EQ(chmod(path(name).c_str(), inside), 0);
+    EXPECT_EQ(chmod(folder.c_str(), around), 0);
+  };
   QDir(folder_.path()).mkdir(QStringLiteral("closed"));
-  for (const char* file : {"closed/file", "data"})
-    ASSERT_EQ(files_.append(path(file), "1"), FileFailure::none) << file;
+  for (const char* file : {"closed/file", "data"}) ASSERT_EQ(files_.append(path(file), "1"), none) << file;
   ASSERT_EQ(mkfifo(path("fifo").c_str(), 0600), 0);
   ASSERT_EQ(symlink("loop", path("loop").c_str()), 0);
-  for (const char* forbidden : {"closed", "data"}) ASSERT_EQ(chmod(path(forbidden).c_str(), 0), 0);
-  ASSERT_EQ(chmod(folder.c_str(), 0555), 0);
-  const auto reading = [this](const std::string& file) { return files_.read(file, 0, 1).failure; };
-  const std::tuple<const char*, FileFailure, std::function<FileFailure()>> rows[] = {
-      {"read", FileFailure::forbidden, [&] { return reading(path("data")); }},
-      {"read in closed folder", FileFailure::forbidden, [&] { return reading(path("closed/file")); }},
-      {"append", FileFailure::forbidden, [&] { return files_.append(path("data"), "2"); }},
-      {"append to new", FileFailure::forbidden, [&] { return files_.append(path("new"), "2"); }},
-      {"replace", FileFailure::forbidden, [&] { return files_.replace(path("data"), "2"); }},
-      {"replace new", FileFailure::forbidden, [&] { return files_.replace(path("new"), "2"); }},
-      {"remove", FileFailure::forbidden, [&] { return files_.remove(path("data")); }},
-      {"read missing", FileFailure::not_found, [&] { return reading(path("missing")); }},
-      {"read in missing folder", FileFailure::not_found, [&] { return reading(path("missing/file")); }},
-      {"read no name", FileFailure::not_found, [&] { return reading(""); }},
-      {"append in missing folder", FileFailure::not_found,
-       [&] { return files_.append(path("no/file"), "x"); }},
-      {"replace in missing folder", FileFailure::not_found,
-       [&] { return files_.replace(path("no/file"), "x"); }},
-      {"read folder", FileFailure::failed, [&] { return reading(folder); }},
-      {"append to folder", FileFailure::failed, [&] { return files_.append(folder, "x"); }},
-      {"replace folder", FileFailure::failed, [&] { return files_.replace(folder, "x"); }},
-      {"remove folder", FileFailure::failed, [&] { return files_.remove(folder); }}};
-  for (const auto& [name, failure, operation] : rows) EXPECT_EQ(run_unprivileged(operation), failure) << name;
-  for (const std::string& unreadable : {path("loop"), path(std::string(300, 'n').c_str())})
-    EXPECT_NE(reading(unreadable), FileFailure::not_found) << unreadable;
-  EXPECT_EQ(reading(path("fifo")), FileFailure::failed);
+  set_modes(0, 0555);
+  const struct {
+    std::string file;
+    FileFailure read, append, replace;
+  } rows[] = {{path("data"), forbidden, forbidden, forbidden},
+              {path("closed/file"), forbidden, forbidden, forbidden},
+              {path("new"), not_found, forbidden, forbidden},
+              {path("no/file"), not_found, not_found, not_found},
+              {path("loop"), forbidden, forbidden, forbidden},
+              {path(std::string(300, 'n').c_str()), forbidden, forbidden, forbidden},
+              {folder, failed, failed, failed}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.file);
+    EXPECT_EQ(run_unprivileged([&] { return files_.read(row.file, 0, 1).failure; }), row.read);
+    EXPECT_EQ(run_unprivileged([&] { return files_.append(row.file, "2"); }), row.append);
+    EXPECT_EQ(run_unprivileged([&] { return files_.replace(row.file, "2"); }), row.replace);
+  }
+  EXPECT_EQ(run_unprivileged([&] { return files_.remove(path("data")); }), forbidden);
+  EXPECT_EQ(run_unprivileged([&] { return files_.remove(folder); }), failed);
+  EXPECT_EQ(files_.read(path("fifo"), 0, 1).failure, failed);
   EXPECT_EQ(files_.length(folder), std::nullopt);
-  ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
-  for (const char* forbidden : {"closed", "data"}) ASSERT_EQ(chmod(path(forbidden).c_str(), 0755), 0);
+  set_modes(0755, 0755);
   EXPECT_EQ(content(path("data")), "1");
 }
 

@@ -2,22 +2,33 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QTemporaryDir>
-#include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <ctime>
-#include <memory>
 #include <utility>
 
+#include "in_child.h"
 #include "qt_events.h"
-#include "unprivileged.h"
 
 namespace halden {
 namespace {
+
+TEST(PortTable, SixteenPortsUnlessOverridden) {
+  PortTable table;
+  for (const int number : {2, 0, 17}) table.override_device(number, "/tmp/meter");
+  const std::pair<int, const char*> devices[] = {
+      {0, ""},           {1, "/dev/ttyUSB0"}, {2, "/tmp/meter"},    {3, "/dev/ttyUSB2"},  {5, "/dev/ttyACM0"},
+      {9, "/dev/ttyS0"}, {12, "/dev/ttyS3"},  {13, "/dev/rfcomm0"}, {16, "/dev/rfcomm3"}, {17, ""}};
+  for (const auto& [number, device] : devices) EXPECT_EQ(table.device(number), device) << number;
+  EXPECT_EQ(parse_port_override("1=/dev/ttyUSB7"), std::pair(1, std::string("/dev/ttyUSB7")));
+  EXPECT_EQ(parse_port_override("16=a b=c"), std::pair(16, std::string("a b=c")));
+  for (const char* text : {"0=/dev/x", "17=/dev/x", "-1=/dev/x", "99999999999=/dev/x", "1=", "1", "",
+                           "=/dev/x", "COM1=/dev/x", "1 =/dev/x", "1:/dev/x"})
+    EXPECT_EQ(parse_port_override(text), std::nullopt) << text;
+}
 
 constexpr int number = last_port_number;
 
@@ -34,67 +45,45 @@ std::string all_bytes(std::size_t size) {
   return result;
 }
 
-// The meter's end of a serial line, as a pseudo-terminal.
-class PtyLine {
- public:
-  PtyLine() {
-    EXPECT_EQ(grantpt(master_) + unlockpt(master_), 0);
-    device_ = ptsname(master_);
-    // Kept open: the meter's side would get an input/output error while nobody else listens.
-    slave_ = ::open(device_.c_str(), O_RDWR | O_NOCTTY);
-  }
-  ~PtyLine() { hang_up(); }
-  PtyLine(const PtyLine&) = delete;
-  PtyLine& operator=(const PtyLine&) = delete;
-
-  const std::string& device() const { return device_; }
-
-  // Writes what the line takes at the moment; returns how much that was.
-  std::size_t write_some(std::string_view bytes) {
-    return static_cast<std::size_t>(std::max<ssize_t>(::write(master_, bytes.data(), bytes.size()), 0));
-  }
-
-  // What has arrived at the meter.
-  std::string read() {
-    std::string result;
-    std::array<char, 4096> piece = {};
-    for (ssize_t got; (got = ::read(master_, piece.data(), piece.size())) > 0;)
-      result.append(piece.data(), static_cast<std::size_t>(got));
-    return result;
-  }
-
-  // Pulls the plug.
-  void hang_up() {
-    for (int* const end : {&slave_, &master_})
-      if (*end >= 0) ::close(std::exchange(*end, -1));
-  }
-
- private:
-  int master_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-  int slave_ = -1;
-  std::string device_;
-};
-
-// A port that is open, and its meter behind a symbolic link.
+// A port that is open, and its meter behind a symbolic link: the other end of a pseudo-terminal.
 class QtSerialPortTest : public testing::Test {
  protected:
   void SetUp() override {
     plug_in();
     ASSERT_EQ(port_.open(number), PortRefusal::none);
   }
+  void TearDown() override { unplug(); }
 
   std::string path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)).toStdString(); }
 
+  // The slave stays open: the meter's side would get an input/output error while nobody else listens.
   void plug_in() {
-    meter_ = std::make_unique<PtyLine>();
-    ASSERT_EQ(symlink(meter_->device().c_str(), link_.c_str()), 0);
+    ASSERT_EQ(openpty(&meter_, &slave_, nullptr, nullptr, nullptr), 0);
+    ASSERT_EQ(fcntl(meter_, F_SETFL, O_NONBLOCK), 0);
+    device_ = ttyname(slave_);
+    ASSERT_EQ(symlink(device_.c_str(), link_.c_str()), 0);
   }
 
   // The link goes before the meter does: the system gives the name of a dead pseudo-terminal to the next
   // one, which may be another test's.
   void unplug() {
-    ASSERT_EQ(unlink(link_.c_str()), 0);
-    meter_->hang_up();
+    if (unlink(link_.c_str()) != 0) return;  // is out already
+    ::close(slave_);
+    ::close(meter_);
+  }
+
+  // The meter writes what the line takes at the moment; how much that was.
+  std::size_t meter_writes(std::string_view bytes) {
+    return static_cast<std::size_t>(std::max<ssize_t>(::write(meter_, bytes.data(), bytes.size()), 0));
+  }
+
+  // What has arrived at the meter.
+  std::string meter_reads() {
+    std::string result;
+    char piece[4096];
+    for (ssize_t got; (got = ::read(meter_, piece, sizeof piece)) > 0;)
+      result.append(piece, static_cast<std::size_t>(got));
+    return result;
   }
 
   bool becomes(PortState state, int limit_ms) {
@@ -106,7 +95,7 @@ class QtSerialPortTest : public testing::Test {
     std::string received;
     const QDeadlineTimer deadline(10000);
     while (received.size() < sent.size() && !deadline.hasExpired()) {
-      written += meter_->write_some(std::string_view(sent).substr(written));
+      written += meter_writes(std::string_view(sent).substr(written));
       EXPECT_LE(port_.received_count(), 65536u);
       const std::string piece = port_.receive();
       EXPECT_LE(piece.size(), 65536u);
@@ -117,72 +106,47 @@ class QtSerialPortTest : public testing::Test {
 
   QTemporaryDir folder_;
   const std::string link_ = path("plugged_meter");
-  std::unique_ptr<PtyLine> meter_;
+  std::string device_;
+  int meter_ = -1, slave_ = -1;
   QtSerialPort port_{table_with(link_)};
 };
 
+// A lock per name alone would let two programs share the line.
 TEST_F(QtSerialPortTest, RefusalsNameTheirCause) {
   ASSERT_EQ(mkfifo(path("fifo").c_str(), 0600), 0);
   ASSERT_EQ(mknod(path("file").c_str(), S_IFREG | 0600, 0), 0);
   ASSERT_EQ(symlink("nowhere", path("dangling").c_str()), 0);
   ASSERT_EQ(symlink("/dev/null", path("null").c_str()), 0);
   const std::pair<std::string, PortRefusal> rows[] = {
-      {path("dangling"), PortRefusal::missing},
-      {path("file/below_a_file"), PortRefusal::missing},
-      {path("fifo"), PortRefusal::not_serial},
-      {path("null"), PortRefusal::not_serial},
-      {meter_->device(), PortRefusal::in_use},
-      {link_, PortRefusal::in_use}};  // a lock per name alone would let two programs share the line
+      {path("dangling"), PortRefusal::missing}, {path("file/below_a_file"), PortRefusal::missing},
+      {path("fifo"), PortRefusal::not_serial},  {path("null"), PortRefusal::not_serial},
+      {device_, PortRefusal::in_use},           {link_, PortRefusal::in_use}};
   for (const auto& [device, refusal] : rows) {
     QtSerialPort port(table_with(device));
     EXPECT_EQ(port.open(number), refusal) << device;
     EXPECT_EQ(port.state(), PortState::closed) << device;
     EXPECT_EQ(port.present(number), refusal != PortRefusal::missing) << device;
   }
-  port_.close();
-  EXPECT_EQ(QtSerialPort(table_with(meter_->device())).open(number), PortRefusal::none);
-  ASSERT_EQ(chmod(meter_->device().c_str(), 0), 0);
+  EXPECT_EQ(port_.open(17), PortRefusal::invalid_number);
+  EXPECT_EQ(port_.state(), PortState::closed) << "whatever is opened, the port before is closed";
+  EXPECT_FALSE(port_.present(17));
+  EXPECT_EQ(QtSerialPort(table_with(device_)).open(number), PortRefusal::none);
+  ASSERT_EQ(chmod(device_.c_str(), 0), 0);
   EXPECT_EQ(run_unprivileged([&] { return port_.open(number); }), PortRefusal::forbidden);
 }
 
-TEST_F(QtSerialPortTest, OpeningAnotherNumberClosesTheFirstEvenAnInvalidOne) {
-  const PtyLine first;
-  PortTable table = table_with(link_);
-  table.override_device(1, first.device());
-  port_.close();
-  QtSerialPort port(table);
-  ASSERT_EQ(port.open(1), PortRefusal::none);
-  ASSERT_EQ(port.open(number), PortRefusal::none);
-  port.send("?");
-  EXPECT_EQ(meter_->read(), "?");
-  EXPECT_EQ(QtSerialPort(table).open(1), PortRefusal::none);
-  for (const int outside : {0, 17, -1}) {
-    EXPECT_EQ(port.open(number), PortRefusal::none);
-    EXPECT_EQ(port.open(outside), PortRefusal::invalid_number) << outside;
-    EXPECT_EQ(port.state(), PortState::closed) << outside;
-    EXPECT_FALSE(port.present(outside)) << outside;
-  }
-}
-
-TEST_F(QtSerialPortTest, CountsAndReceivesEveryByteWithoutTheEventLoop) {
+// Without the event loop a look at the port must fetch; under it Qt buffers without limit, and a call of ours
+// must stay bounded. Nothing is lost.
+TEST_F(QtSerialPortTest, ReceivesEveryByteInBoundedPieces) {
   EXPECT_EQ(port_.receive(), "");
-  const std::string sent = all_bytes(512);
-  ASSERT_EQ(meter_->write_some(std::string_view(sent).substr(0, 200)), 200u);
-  EXPECT_EQ(port_.received_count(), 200u);
-  ASSERT_EQ(meter_->write_some(std::string_view(sent).substr(200)), 312u);
-  EXPECT_EQ(port_.received_count(), 512u);
-  EXPECT_EQ(port_.receive(), sent);
-  EXPECT_EQ(port_.received_count(), 0u);
-  EXPECT_EQ(port_.receive(), "");
-  expect_received(all_bytes(60000), 0);
-}
-
-// Under the event loop Qt buffers without limit; a call of ours must still stay bounded, and lose nothing.
-TEST_F(QtSerialPortTest, AFloodComesInBoundedPieces) {
   const std::string sent = all_bytes(300000);
-  std::size_t written = 0;
+  std::size_t written = meter_writes(std::string_view(sent).substr(0, 200));
+  EXPECT_EQ(port_.received_count(), 200u);
+  expect_received(sent, written);
+  EXPECT_EQ(port_.received_count(), 0u);
+  written = 0;
   ASSERT_TRUE(run_events_until([&] {
-    written += meter_->write_some(std::string_view(sent).substr(written));
+    written += meter_writes(std::string_view(sent).substr(written));
     return written == sent.size();
   }));
   expect_received(sent, written);
@@ -191,22 +155,22 @@ TEST_F(QtSerialPortTest, AFloodComesInBoundedPieces) {
 // A meter that does not read fills the output buffer, which Qt reports like a lost device.
 TEST_F(QtSerialPortTest, SendsAtOnceUnchangedAndIntoAFullBuffer) {
   port_.send(all_bytes(256));
-  EXPECT_EQ(meter_->read(), all_bytes(256));
+  EXPECT_EQ(meter_reads(), all_bytes(256));
   const std::string sent = all_bytes(100000);
   for (std::size_t from = 0; from < sent.size(); from += 10000) port_.send(sent.substr(from, 10000));
   EXPECT_EQ(port_.state(), PortState::open);
   std::string arrived;
-  EXPECT_TRUE(run_events_until([&] { return (arrived += meter_->read()).size() >= sent.size(); }));
+  EXPECT_TRUE(run_events_until([&] { return (arrived += meter_reads()).size() >= sent.size(); }));
   EXPECT_TRUE(arrived == sent) << arrived.size() << " bytes arrived";
   EXPECT_EQ(port_.state(), PortState::open);
   port_.close();
   port_.send("dropped");
-  EXPECT_EQ(meter_->read(), "");
+  EXPECT_EQ(meter_reads(), "");
 }
 
 // A wait without a running event loop must notice as well, and keep what had arrived before.
 TEST_F(QtSerialPortTest, AHangUpIsNoticedBySendAndReceive) {
-  meter_->write_some("last words");
+  meter_writes("last words");
   ASSERT_EQ(port_.received_count(), 10u);
   unplug();
   port_.received_count();
@@ -220,23 +184,21 @@ TEST_F(QtSerialPortTest, AHangUpIsNoticedBySendAndReceive) {
 }
 
 TEST_F(QtSerialPortTest, AVanishedPortCostsNothingAndComesBackUnderTheSameNumber) {
-  for (int round = 0; round < 2; ++round) {
-    unplug();
-    ASSERT_TRUE(becomes(PortState::vanished, 1000));
-    EXPECT_FALSE(port_.present(number));
-    port_.send("dropped");
-    EXPECT_EQ(port_.receive(), "");
-    const std::clock_t began = std::clock();
-    run_events_for(1000);
-    EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.2);
-    EXPECT_EQ(port_.state(), PortState::vanished);
-    plug_in();
-    ASSERT_TRUE(becomes(PortState::open, 2000));
-    port_.send("?");
-    EXPECT_EQ(meter_->read(), "?");
-    ASSERT_EQ(meter_->write_some("answer"), 6u);
-    EXPECT_EQ(port_.receive(), "answer");
-  }
+  unplug();
+  ASSERT_TRUE(becomes(PortState::vanished, 1000));
+  EXPECT_FALSE(port_.present(number));
+  port_.send("dropped");
+  EXPECT_EQ(port_.receive(), "");
+  const std::clock_t began = std::clock();
+  run_events_for(1000);
+  EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.2);
+  EXPECT_EQ(port_.state(), PortState::vanished);
+  plug_in();
+  ASSERT_TRUE(becomes(PortState::open, 2000));
+  port_.send("?");
+  EXPECT_EQ(meter_reads(), "?");
+  ASSERT_EQ(meter_writes("answer"), 6u);
+  EXPECT_EQ(port_.receive(), "answer");
 }
 
 // The user tried another port while the adapter was pulled; the program goes back to the first one.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <ctime>
 #include <string>
 #include <vector>
@@ -11,10 +12,44 @@
 #include "platform/qt/core/qt_timer.h"
 #include "platform/qt/core/qt_world.h"
 #include "platform/qt/core/steady_time.h"
+#include "platform/timer_schedule.h"
 #include "qt_events.h"
 
 namespace halden {
 namespace {
+
+// Every 250 ms from 1 ms on. The second column: when the next tick is due after one was taken, or nothing.
+TEST(TimerSchedule, LateTicksStayOnTheGridAndOneFollowsALongHold) {
+  TimerSchedule schedule;
+  schedule.set_period_ms(250, 0);
+  schedule.set_enabled(true, 1000);
+  const std::pair<std::int64_t, std::int64_t> rows[] = {
+      {250999, 0},        {251000, 501000},   {251000, 0},
+      {504000, 751000},                                            // 3 ms late, again and again
+      {754000, 1001000},  {1000999, 0},       {1004000, 1251000},  // on the grid all the same
+      {1254000, 1501000}, {1760000, 2001000}, {1760000, 0},        // more than a period late
+      {3251000, 3501000}, {3251000, 0}};  // the sixth grid point itself counts as passed
+  for (const auto& [now_us, next_us] : rows) {
+    const bool due = schedule.take_due(now_us);
+    EXPECT_EQ(due ? schedule.due_us() : 0, next_us) << now_us;
+  }
+}
+
+TEST(TimerSchedule, SwitchingOnAndANewPeriodStartAFullPeriod) {
+  TimerSchedule schedule;
+  schedule.set_period_ms(250, 0);
+  EXPECT_FALSE(schedule.take_due(10000000));
+  schedule.set_enabled(true, 10000000);
+  schedule.set_enabled(true, 10100000);  // is on already
+  EXPECT_EQ(schedule.due_us(), 10250000);
+  schedule.set_period_ms(1000, 10200000);
+  EXPECT_EQ(schedule.due_us(), 11200000);
+  schedule.set_enabled(false, 12000000);  // drops the tick that is due
+  schedule.set_enabled(true, 12000000);
+  EXPECT_EQ(schedule.due_us(), 13000000);
+  schedule.set_period_ms(-5, 0);
+  EXPECT_EQ(schedule.period_ms(), 1);
+}
 
 class QtWaitTest : public testing::Test {
  protected:
@@ -27,6 +62,16 @@ class QtWaitTest : public testing::Test {
   template <typename Event>
   void post(Event event) {
     QMetaObject::invokeMethod(&world_, event, Qt::QueuedConnection);
+  }
+
+  void expect_loop_left() {
+    QTimer::singleShot(10000, &world_, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+  }
+
+  static void start(QtTimer& timer, int period_ms) {
+    timer.set_period_ms(period_ms);
+    timer.set_enabled(true);
   }
 
   QtWorld world_;
@@ -92,8 +137,7 @@ TEST_F(QtWaitTest, AHeldTickCostsLittleAndComesWithTheNextYieldUnlessSwitchedOff
   dropped.on_tick([] { FAIL(); });
   for (QtTimer* timer : {&kept, &dropped}) {
     timer->set_period_ms(1000);
-    timer->set_period_ms(100);
-    timer->set_enabled(true);
+    start(*timer, 100);
   }
   began_s = steady_s();
   world_.run([&] {
@@ -102,8 +146,7 @@ TEST_F(QtWaitTest, AHeldTickCostsLittleAndComesWithTheNextYieldUnlessSwitchedOff
     EXPECT_LT(static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC, 0.15);
     EXPECT_EQ(kept_s.size(), 0u);
     dropped.set_enabled(false);
-    dropped.set_period_ms(10000);
-    dropped.set_enabled(true);
+    start(dropped, 10000);
     clock_.pause(Yield::yes, 0.0);
     clock_.pause(Yield::yes, 0.0);
     EXPECT_EQ(kept_s.size(), 1u);
@@ -127,10 +170,7 @@ TEST_F(QtWaitTest, ATickNeverRunsInsideItselfButInsideTheOthers) {
     in_tick2 = false;
     ++ticks2;
   });
-  for (QtTimer* timer : {&timer1, &timer2}) {
-    timer->set_period_ms(20);
-    timer->set_enabled(true);
-  }
+  for (QtTimer* timer : {&timer1, &timer2}) start(*timer, 20);
   ASSERT_TRUE(run_events_until([&] { return ticks2 >= 2; }));
   EXPECT_GE(ticks1_inside, 2);
 }
@@ -138,20 +178,14 @@ TEST_F(QtWaitTest, ATickNeverRunsInsideItselfButInsideTheOthers) {
 // A click inside a yielding wait ends the program: both handlers unwind, inner first, then the loop is left.
 TEST_F(QtWaitTest, NestedHandlersUnwindBeforeTheLoopIsLeft) {
   std::string log;
-  struct Unwound {
-    std::string& log;
-    const char* name;
-    ~Unwound() { log += name; }
-  };
   world_.on_end([&] { log += "windows "; });
   world_.on_end([&] { log += "files "; });
   world_.add_mirror([&] { log += world_.ending() ? "mirror-too-late " : ""; });
   QtTimer timer(world_);
-  timer.set_period_ms(1);
   timer.on_tick([&] { log += world_.ending() ? "tick-too-late " : ""; });
-  timer.set_enabled(true);
+  start(timer, 1);
   const auto click = [&] {
-    const Unwound inner{log, "inner "};
+    const auto unwound = qScopeGuard([&] { log += "inner "; });
     world_.end_program();
     world_.end_program();
     log += "ending ";
@@ -159,15 +193,13 @@ TEST_F(QtWaitTest, NestedHandlersUnwindBeforeTheLoopIsLeft) {
     log += "went-on ";
   };
   const auto handler = [&] {
-    const Unwound outer{log, "outer "};
+    const auto unwound = qScopeGuard([&] { log += "outer "; });
     post([&] { world_.run(click); });
     wait(Yield::yes, 5.0);
     log += "went-on ";
   };
   post([&] { world_.run(handler); });
-  QTimer::singleShot(10000, &world_, [] { QCoreApplication::exit(1); });
-  EXPECT_EQ(QCoreApplication::exec(), 0);
-  EXPECT_EQ(log, "windows files ending inner outer ");
+  expect_loop_left();
   EXPECT_FALSE(world_.run([&] { log += "ran-after-the-end "; }));
   EXPECT_THROW(clock_.pause(Yield::no, 0.0), ProgramEnded);
   EXPECT_EQ(log, "windows files ending inner outer ");
@@ -175,35 +207,30 @@ TEST_F(QtWaitTest, NestedHandlersUnwindBeforeTheLoopIsLeft) {
 
 TEST_F(QtWaitTest, AProgramThatEndsBeforeTheLoopStartsLeavesItAtOnce) {
   world_.end_program();
-  QTimer::singleShot(10000, &world_, [] { QCoreApplication::exit(1); });
-  EXPECT_EQ(QCoreApplication::exec(), 0);
+  expect_loop_left();
 }
 
-TEST(QtClockDate, TheYearOfADateFormatGetsFourDigits) {
+// The time is read again when a second, and perhaps a day, ended meanwhile.
+TEST_F(QtWaitTest, TheDateIsThatOfTheComputerAndItsYearHasFourDigits) {
+  std::time_t now = 0;
+  Date today;
+  std::string text;
+  double seconds = 0;
+  do {
+    now = std::time(nullptr);
+    today = clock_.today();
+    text = clock_.short_date();
+    seconds = clock_.seconds_since_midnight();
+  } while (std::time(nullptr) != now);
+  const std::tm local = *std::localtime(&now);
+  EXPECT_EQ(today, (Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}));
+  EXPECT_NE(text.find(std::to_string(today.year)), std::string::npos) << text;
+  EXPECT_NEAR(seconds, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec, 1.0);
   const std::pair<const char*, const char*> rows[] = {
       {"M/d/yy", "M/d/yyyy"},       {"yy-MM-dd", "yyyy-MM-dd"}, {"yyyy/M/d", "yyyy/M/d"}, {"", ""},
       {"d 'yy' yy", "d 'yy' yyyy"}, {"d ''yy", "d ''yyyy"}};
   for (const auto& [format, expected] : rows)
     EXPECT_EQ(with_four_digit_year(QLatin1String(format)).toStdString(), expected);
-}
-
-TEST(QtClockDate, AgreesWithTheComputersCalendar) {
-  QtWorld world;
-  const QtClock clock(world);
-  std::time_t before = 0;
-  Date today;
-  std::string text;
-  double seconds = 0;
-  do {  // once more when a second, and perhaps a day, ends in between
-    before = std::time(nullptr);
-    today = clock.today();
-    text = clock.short_date();
-    seconds = clock.seconds_since_midnight();
-  } while (std::time(nullptr) != before);
-  const std::tm local = *std::localtime(&before);
-  EXPECT_EQ(today, (Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}));
-  EXPECT_NE(text.find(std::to_string(local.tm_year + 1900)), std::string::npos) << text;
-  EXPECT_NEAR(seconds, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec, 1.0);
 }
 
 }  // namespace

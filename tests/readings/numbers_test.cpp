@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 #include <limits>
+#include <locale>
 #include <string>
+
+#include "readings/patterns.h"
+#include "readings/readings.h"
 
 namespace halden {
 namespace {
@@ -70,6 +75,64 @@ TEST(ToInteger, RefusesWhatDoesNotFit) {
     EXPECT_FALSE(to_int16(value)) << value;
   for (const double value : {2147483647.5, -2147483649.0, 1e300, nan, infinity, -infinity})
     EXPECT_FALSE(to_int32(value)) << value;
+}
+
+// In this order: digits before and behind the point, halves, percentages, signs of zero, extremes. Halves go
+// away from zero on the decimal text: the doubles of 0.35, 2.675 and 1.005 lie below theirs. 0.29 x 100 is
+// 28.999999999999996 and 1.1 x 100 is 110.00000000000001 in doubles: for a percentage the point moves in the
+// decimals.
+TEST(Patterns, EveryDoubleGivesItsText) {
+  const struct {
+    double value;
+    const char* pattern;
+    const char* text;
+  } cases[] = {
+      {-5, "0000", "-0005"},          {12345, "0000", "12345"},      {65, "##000", "065"},
+      {1234.5, "###0.00", "1234.50"}, {0, "###0.00", "0.00"},        {9.96, "#0.0", "10.0"},
+      {30.5, "000.0", "030.5"},       {-10, "000.0", "-010.0"},      {0.05, "0.00", "0.05"},
+      {-0.5, "0.00H", "-0.50H"},      {50, "#0.0Hz", "50.0Hz"},      {0.25, "##0.0", "0.3"},
+      {-0.25, "##0.0", "-0.3"},       {0.35, "##0.0", "0.4"},        {0.349999, "##0.0", "0.3"},
+      {2.675, "0.00", "2.68"},        {1.005, "###0.00", "1.01"},    {0.005, "0.00", "0.01"},
+      {0.0049999, "0.00", "0.00"},    {0.095, "0.00", "0.10"},       {0.5, "0000", "0001"},
+      {-2.5, "###0", "-3"},           {9999.5, "0000", "10000"},     {9999.49, "0000", "9999"},
+      {0.29, "#0.00%", "29.00%"},     {1.1, "#0.00%", "110.00%"},    {0.01005, "#0.00%", "1.01%"},
+      {0.00005, "#0.00%", "0.01%"},   {0.09999, "#0.00%", "10.00%"}, {-0.0, "0000", "0000"},
+      {-0.4, "0000", "0000"},         {-0.5, "0000", "-0001"},       {-4e-5, "#0.00%", "0.00%"},
+      {5e-324, "0.00", "0.00"},       {nan, "##0.0", "0.0"},         {-infinity, "0000", "0000"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(format_pattern(c.value, c.pattern), c.text) << c.value << ' ' << c.pattern;
+  EXPECT_EQ(format_pattern(1e21, "#0"), "1000000000000000000000");
+  EXPECT_EQ(format_pattern(123456789012345680.0, "0.00"), "123456789012345680.00");
+  const std::string largest = format_pattern(std::numeric_limits<double>::max(), "##0.0");
+  EXPECT_EQ(largest.size(), 311U);  // 309 digits, point, one place
+}
+
+// Texts on the screen and in files keep the decimal point under a desktop that writes commas.
+class CommaNumbers : public std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+  char do_thousands_sep() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+// The C locale is German where the system has it, that of the streams everywhere.
+TEST(Locale, ACommaChangesNothing) {
+  const std::string c_before = std::setlocale(LC_ALL, nullptr);
+  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "German_Germany.1252"})
+    std::setlocale(LC_ALL, name);
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaNumbers));
+  const Scaling scaling = {1, 1};
+  Readings readings(scaling);
+  readings.voltage(12345);
+  EXPECT_EQ(readings.voltage_text, "1.234KV");
+  readings.power_factor(500, 1000);
+  EXPECT_EQ(readings.pf_text, "0.50");
+  readings.phase_angle(2300, 50, 305, 0);
+  EXPECT_EQ(readings.angle_text, "030.5");
+  EXPECT_EQ(leading_number("12.75"), 12.75);
+  EXPECT_EQ(leading_number("12,75"), 12.0);
+  std::locale::global(before);
+  std::setlocale(LC_ALL, c_before.c_str());
 }
 
 }  // namespace

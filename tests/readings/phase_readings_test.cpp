@@ -1,9 +1,11 @@
 // The readings of one phase. All expected texts are worked out on paper; the comments show the arithmetic.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <span>
 #include <string>
+#include <tuple>
 
 #include "readings/readings.h"
 #include "readings/scaled_text.h"
@@ -25,6 +27,25 @@ void expect_texts(void (Readings::*member)(double), std::string Readings::*text,
     Readings readings(c.scaling);
     (readings.*member)(c.raw);
     EXPECT_EQ(readings.*text, c.text) << c.raw << " for " << c.text;
+  }
+}
+
+template <std::size_t inputs>
+struct Row {
+  std::array<double, inputs> in;
+  DerivedRaw raw;  // nothing: over range
+  const char* text;
+  Scaling scaling = unscaled;
+};
+
+template <typename Member, typename Raw, std::size_t inputs, std::size_t count>
+void expect_rows(Member member, std::string Readings::*text, Raw Readings::*raw,
+                 const Row<inputs> (&rows)[count]) {
+  for (const Row<inputs>& row : rows) {
+    Readings readings(row.scaling);
+    std::apply([&](auto... in) { (readings.*member)(in...); }, row.in);
+    EXPECT_EQ(readings.*text, row.text) << testing::PrintToString(row.in);
+    EXPECT_EQ(readings.*raw, row.raw) << testing::PrintToString(row.in);
   }
 }
 
@@ -87,26 +108,14 @@ TEST(Voltage, Units) {
 // 3983.72 - 0.5. sqrt(3000^2 + 4000^2 - 31.8) = 4999.997 - 0.5. 0 - 0.5 rounds to 0, not to the over-range
 // mark. 2300 - 0.5 and 2301 - 0.5: both halves go to the even 2300.
 TEST(LineVoltage, ByTheLawOfCosines) {
-  const struct {
-    double va, vb, angle_a, angle_b;
-    std::int16_t pt;
-    std::int32_t raw;
-    const char* text;
-  } cases[] = {
-      {2300, 2300, 0, 1800, 1, 4599, "459.9V"},  {2300, 2300, 0, 1800, 100, 4599, "45.99KV"},
-      {2300, 2300, -1200, 0, 1, 3983, "398.3V"}, {3000, 4000, 900, 0, 1, 4999, "499.9V"},
-      {2301, 2301, 17, 17, 1, 0, "000.0V"},      {0, 2300, 0, 0, 1, 2300, "230.0V"},
-      {0, 2301, 0, 0, 1, 2300, "230.0V"},        {-1, 2300, 0, 1200, 1, -1, "  OL "},
-      {2300, -1, 0, 1200, 1, -1, "  OL "},       {2300, 2300, -1, 1200, 1, -1, "  OL "},
-      {2300, 2300, 0, -1, 1, -1, "  OL "},
-  };
-  for (const auto& c : cases) {
-    const Scaling scaling = {1, c.pt};
-    Readings readings(scaling);
-    readings.line_voltage(c.va, c.vb, c.angle_a, c.angle_b);
-    EXPECT_EQ(readings.line_voltage_text, c.text) << c.va << ' ' << c.vb << ' ' << c.angle_a;
-    EXPECT_EQ(readings.line_voltage_raw, c.raw);
-  }
+  const Row<4> rows[] = {
+      {{2300, 2300, 0, 1800}, 4599, "459.9V"},  {{2300, 2300, 0, 1800}, 4599, "45.99KV", {1, 100}},
+      {{2300, 2300, -1200, 0}, 3983, "398.3V"}, {{3000, 4000, 900, 0}, 4999, "499.9V"},
+      {{2301, 2301, 17, 17}, 0, "000.0V"},      {{0, 2300, 0, 0}, 2300, "230.0V"},
+      {{0, 2301, 0, 0}, 2300, "230.0V"},        {{-1, 2300, 0, 1200}, {}, "  OL "},
+      {{2300, -1, 0, 1200}, {}, "  OL "},       {{2300, 2300, -1, 1200}, {}, "  OL "},
+      {{2300, 2300, 0, -1}, {}, "  OL "}};
+  expect_rows(&Readings::line_voltage, &Readings::line_voltage_text, &Readings::line_voltage_raw, rows);
 }
 
 // Range 0 with a CT is not divided, unlike the current. 500000 is 5000 at exponent 2, 9999.6 is 10000 \ 10,
@@ -126,97 +135,62 @@ TEST(ActivePower, CutsDigits) {
 // 11509200 \ 10000 is cut; the sign is that of W, which is not checked: -1 is below 0. 1234.6 rounds (the
 // same W would be cut to 1.234KW), 9999.6 has five digits, 999.96 -> 1000.
 TEST(ApparentPower, FollowsTheSignOfWAndRoundsDigits) {
-  const struct {
-    double v, i, w;
-    std::int16_t range;
-    double raw;
-    const char* text;
-  } cases[] = {
-      {2300, 5004, 1000, 1, 1150, "1.150KVA"}, {2300, 5000, -1, 1, -1150, "-1.150KVA"},
-      {2300, 5000, 0, 2, 1150, "11.50KVA"},    {10000, 12346, 1, 0, 12346, "1.235KVA"},
-      {10000, 99996, 1, 0, 99996, "10.00KVA"}, {1, 1, -5, 0, 0, "000.0VA"},
-      {-1, 5000, 1000, 1, -1, "  OL "},        {2300, -1, 1000, 1, -1, "  OL "},
-  };
-  for (const auto& c : cases) {
-    const Scaling scaling = {1, 1, 1.0f, c.range};
-    Readings readings(scaling);
-    readings.apparent_power(c.v, c.i, c.w);
-    EXPECT_EQ(readings.va_text, c.text) << c.v << ' ' << c.i << ' ' << c.w;
-    EXPECT_EQ(readings.va_raw, c.raw);
-  }
+  const Row<3> rows[] = {{{2300, 5004, 1000}, 1150, "1.150KVA", {1, 1, 1.0f, 1}},
+                         {{2300, 5000, -1}, -1150, "-1.150KVA", {1, 1, 1.0f, 1}},
+                         {{2300, 5000, 0}, 1150, "11.50KVA", {1, 1, 1.0f, 2}},
+                         {{10000, 12346, 1}, 12346, "1.235KVA", {1, 1, 1.0f, 0}},
+                         {{10000, 99996, 1}, 99996, "10.00KVA", {1, 1, 1.0f, 0}},
+                         {{1, 1, -5}, 0, "000.0VA", {1, 1, 1.0f, 0}},
+                         {{-1, 5000, 1000}, {}, "  OL ", {1, 1, 1.0f, 1}},
+                         {{2300, -1, 1000}, {}, "  OL ", {1, 1, 1.0f, 1}}};
+  expect_rows(&Readings::apparent_power, &Readings::va_text, &Readings::va_raw, rows);
 }
 
 // 400 - 0.5 and 3 - 0.5: halves to the even 400 and 2. 1234.6 rounds. W above VA: no root, and neither -1 nor
 // -0. Angles: 3400 -> -200, 1800 and -1800 stay, and -1 is a real angle here.
 TEST(ReactivePower, MagnitudeAndSign) {
-  const struct {
-    double va, w, angle_v, angle_i, raw;
-    const char* text;
-  } cases[] = {
-      {500, 300, 0, -369, 400, "040.0VAR"},
-      {500, 300, 0, 369, -400, "-040.0VAR"},
-      {-500, -300, 0, 369, -400, "-040.0VAR"},
-      {5, 4, 0, 0, 2, "000.2VAR"},
-      {12347, 0, 0, 0, 12346, "1.235KVAR"},
-      {1000, 1001, 0, 100, 0, "000.0VAR"},
-      {500, 300, 1700, -1700, -400, "-040.0VAR"},
-      {500, 300, 900, -900, 400, "040.0VAR"},
-      {500, 300, -900, 900, -400, "-040.0VAR"},
-      {500, 300, -1, 100, -400, "-040.0VAR"},
-      {-1, 300, 0, 0, -1, "  OL "},
-      {500, -1, 0, 0, -1, "  OL "},
-  };
-  for (const auto& c : cases) {
-    Readings readings(unscaled);
-    readings.reactive_power(c.va, c.w, c.angle_v, c.angle_i);
-    EXPECT_EQ(readings.var_text, c.text) << c.va << ' ' << c.w << ' ' << c.angle_v << ' ' << c.angle_i;
-    EXPECT_EQ(readings.var_raw, c.raw);
-  }
+  const Row<4> rows[] = {{{500, 300, 0, -369}, 400, "040.0VAR"},
+                         {{500, 300, 0, 369}, -400, "-040.0VAR"},
+                         {{-500, -300, 0, 369}, -400, "-040.0VAR"},
+                         {{5, 4, 0, 0}, 2, "000.2VAR"},
+                         {{12347, 0, 0, 0}, 12346, "1.235KVAR"},
+                         {{1000, 1001, 0, 100}, 0, "000.0VAR"},
+                         {{500, 300, 1700, -1700}, -400, "-040.0VAR"},
+                         {{500, 300, 900, -900}, 400, "040.0VAR"},
+                         {{500, 300, -900, 900}, -400, "-040.0VAR"},
+                         {{500, 300, -1, 100}, -400, "-040.0VAR"},
+                         {{-1, 0, 0, 0}, 0, "000.0VAR"},  // a VA of -1 is a number
+                         {{500, -1, 0, 0}, {}, "  OL "}};
+  expect_rows(&Readings::reactive_power, &Readings::var_text, &Readings::var_raw, rows);
   Readings readings(unscaled);
-  readings.reactive_power(500, 300, 0, 369);
-  readings.reactive_power(-1, 300, 0, 0);
+  readings.reactive_power(std::nullopt, 300, 0, 0);
+  EXPECT_EQ(readings.var_text, "  OL ");
+  EXPECT_EQ(readings.var_raw, std::nullopt);
 }
 
 // 10005 W / VA, rounded, \ 10, and the text is cut: 6670 \ 10 (with 10000 it would be 666), 9994.995 -> 9995
 // \ 10, 9999.9975 -> 10000 \ 10. Limited above, not below: -12006 \ 10. Generating, VA is negative too:
 // 5002.5 -> 5002 \ 10. -90 \ 10 = -9, and -9 \ 10 = 0.
 TEST(PowerFactor, RatioLimitAndText) {
-  const struct {
-    double w, va;
-    std::int32_t raw;
-    const char* text;
-  } cases[] = {
-      {500, 0, 0, "0.00"},           {2, 3, 667, "0.66"},        {999, 1000, 999, "0.99"},
-      {9995, 10000, 1000, "1.00"},   {1200, 1000, 1000, "1.00"}, {-500, -1000, 500, "0.50"},
-      {-1200, 1000, -1200, "-1.20"}, {-9, 1000, -9, "0.00"},     {-1, 1000, -1, "  OL "},
-      {500, -1, -1, "  OL "},
-  };
-  for (const auto& c : cases) {
-    Readings readings(unscaled);
-    readings.power_factor(c.w, c.va);
-    EXPECT_EQ(readings.pf_text, c.text) << c.w << ' ' << c.va;
-    EXPECT_EQ(readings.pf_raw, c.raw);
-  }
+  const Row<2> rows[] = {{{500, 0}, 0, "0.00"},           {{2, 3}, 667, "0.66"},
+                         {{999, 1000}, 999, "0.99"},      {{9995, 10000}, 1000, "1.00"},
+                         {{1200, 1000}, 1000, "1.00"},    {{-500, -1000}, 500, "0.50"},
+                         {{-1200, 1000}, -1200, "-1.20"}, {{-9, 1000}, -9, "0.00"},
+                         {{-1, 1000}, {}, "  OL "},       {{1, -1}, -1000, "-1.00"}};
+  expect_rows(&Readings::power_factor, &Readings::pf_text, &Readings::pf_raw, rows);
+  Readings readings(unscaled);
+  readings.power_factor(999, std::nullopt);
+  EXPECT_EQ(readings.pf_text, "  OL ");
 }
 
 TEST(PhaseAngle, ComesBackIntoTheCircleOnce) {
-  const struct {
-    double v, i, angle_v, angle_i, raw;
-    const char* text;
-  } cases[] = {
-      {2300, 50, 500, 195, 305, "030.5"},   {2300, 50, 3500, 0, -100, "-010.0"},
-      {2300, 50, 0, 3500, 100, "010.0"},    {2300, 50, 1800, 0, 1800, "180.0"},
-      {2300, 50, 0, 1800, -1800, "-180.0"}, {2300, 50, 1801, 0, -1799, "-179.9"},
-      {2300, 50, 0, 1801, 1799, "179.9"},   {2300, 50, 5500, 0, 1900, "190.0"},
-      {2300, 50, -1, 0, -1, "-000.1"},      {-1, 50, 300, 0, -1, "  OL "},
-      {2300, -1, 300, 0, -1, "  OL "},
-  };
-  for (const auto& c : cases) {
-    Readings readings(unscaled);
-    readings.phase_angle(c.v, c.i, c.angle_v, c.angle_i);
-    EXPECT_EQ(readings.angle_text, c.text) << c.angle_v << ' ' << c.angle_i;
-    EXPECT_EQ(readings.angle_raw, c.raw);
-  }
+  const Row<4> rows[] = {{{2300, 50, 500, 195}, 305, "030.5"},   {{2300, 50, 3500, 0}, -100, "-010.0"},
+                         {{2300, 50, 0, 3500}, 100, "010.0"},    {{2300, 50, 1800, 0}, 1800, "180.0"},
+                         {{2300, 50, 0, 1800}, -1800, "-180.0"}, {{2300, 50, 1801, 0}, -1799, "-179.9"},
+                         {{2300, 50, 0, 1801}, 1799, "179.9"},   {{2300, 50, 5500, 0}, 1900, "190.0"},
+                         {{2300, 50, -1, 0}, -1, "-000.1"},      {{-1, 50, 300, 0}, {}, "  OL "},
+                         {{2300, -1, 300, 0}, {}, "  OL "}};
+  expect_rows(&Readings::phase_angle, &Readings::angle_text, &Readings::angle_raw, rows);
 }
 
 // Every product of the chain is 32-bit. One that does not fit leaves text and values of the call before.

@@ -12,15 +12,6 @@
 #include "simulator/meter.h"
 #include "simulator/simulated_port.h"
 
-namespace {
-
-halden::Platform with_files(const halden::Platform& outside, halden::Files& files) {
-  return {outside.clock,   outside.timer1,  outside.timer2, outside.port,
-          outside.dialogs, outside.printer, outside.shell,  files};
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   halden::VirtualWorld world;
@@ -29,7 +20,10 @@ int main(int argc, char** argv) {
   halden::QtFiles files;
   halden::StartOptions options;
   options.first_port = 1;
-  halden::Program program(with_files(world.platform(port), files), options);
+  const halden::Platform outside = world.platform(port);
+  halden::Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
+                           outside.printer, outside.shell, files},
+                          options);
   halden::dispatch([&] { program.desk.start_up(); });
   world.dialogs.file_answers = {argv[1]};
   world.dialogs.confirm_answers = {true};

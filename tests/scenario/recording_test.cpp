@@ -240,11 +240,17 @@ TEST_F(RecordingTest, ByHandOneRecordPerPressHoweverOftenItIsPressed) {
   click("record_button");
   world.run_for(1);
   EXPECT_EQ(records().size(), 2u);
-  click("FileStop");
+  click("record_button");
+  click("FileStop");  // before a reading has followed the press
   create("d/b.csv");
+  click("manual_record");
+  world.run_for(3);
+  EXPECT_EQ(records("d/b.csv"), Texts{}) << "a press belongs to the recording it was made in";
+  click("FileStop");
+  create("d/c.csv");
   click("auto_record");
   world.run_for(3.9);
-  EXPECT_EQ(records("d/b.csv").size(), 2u);
+  EXPECT_EQ(records("d/c.csv").size(), 2u);
 }
 
 TEST_F(RecordingTest, WhileTheMeterIsSilentTheLinesSaySo) {

@@ -37,13 +37,30 @@ TEST(Captions, ChineseIsShownAndEnglishIsDesigned) {
 TEST(Captions, ControlsStartWithTheirDesignedTexts) {
   const Window window = make_main_window();
   std::string texts;
-  for (const char* name : {"P1_label", "S3_label", "Q2_label", "VAR2_value", "Label1_1", "Warning",
-                           "VUR_label", "set_sec", "get_hz", "reset_kwh", "port_number_16", "baud_rate",
-                           "HelpManual_5", "Ver", "OpenPlotFile", "close_harmonics"})
+  for (const char* name : {"P1_label",
+                           "S3_label",
+                           "Q2_label",
+                           "VAR2_value",
+                           "Label1_1",
+                           "Warning",
+                           "VUR_label",
+                           "set_sec",
+                           "get_hz",
+                           "reset_kwh",
+                           "port_number_16",
+                           "baud_rate",
+                           "HelpManual_5",
+                           "Ver",
+                           "OpenPlotFile",
+                           "show_50_harmonics",
+                           "show_99_harmonics",
+                           "show_50_angles",
+                           "show_99_angles",
+                           "close_harmonics"})
     texts += window[name].text + "|";
   EXPECT_EQ(texts,
             "W1|VA3|VAR2||2.0 SEC|No Com|VUR (Unbalance)|SEC|Update Now|<- Reset|COM 16|Baud Rate (9600)|"
-            "Portuguese|V7.00|&Plot Power Data|close|");
+            "Portuguese|V7.00|&Plot Power Data|50 Orders|99 Orders|50 Phases|99 Phases|close|");
   for (const char* hidden : {"Warning", "hold", "record_button", "Harmo_Graph1", "HScroll1", "CF_value"})
     EXPECT_FALSE(window[hidden].visible) << hidden;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "readings/numbers.h"
@@ -21,11 +23,10 @@ std::string ratio_text(double ratio) {
 }
 
 // The largest distance from the mean as a part of it.
-template <typename Number>
-std::string deviation_text(const PerPhase<Number>& values, double mean) {
+std::string deviation_text(const PerPhase<double>& values, double mean) {
   if (mean == 0) return no_ratio_text;
   double largest = 0;
-  for (const Number value : values) largest = std::max(largest, std::abs(static_cast<double>(value) - mean));
+  for (const double value : values) largest = std::max(largest, std::abs(value - mean));
   return ratio_text(largest / mean);
 }
 
@@ -58,24 +59,49 @@ struct Sequences {
   double zero, positive, negative;
 };
 
+bool over_range_among(const PerPhase<double>& raw) { return any_over_range({raw[0], raw[1], raw[2]}); }
+
+std::string line_unbalance_text(const PerPhase<std::optional<std::int32_t>>& lines) {
+  PerPhase<double> values{};
+  for (std::size_t p = 0; p < phase_count; ++p) {
+    if (!lines[p]) return no_ratio_text;
+    values[p] = *lines[p];
+  }
+  return deviation_text(values, (values[0] + values[1] + values[2]) / 3);
+}
+
+std::string current_unbalance_text(const PerPhase<double>& raw) {
+  if (over_range_among(raw)) return no_ratio_text;
+  return deviation_text(raw, to_int32((raw[0] + raw[1] + raw[2]) / 3).value_or(0));
+}
+
+// The text of the sum is missing where it does not fit.
+struct Figures {
+  std::string zero, negative;
+  std::optional<std::string> sum;
+};
+
+Figures figures_of(const PerPhase<double>& raw, const PerPhase<double>& angles, const Scaling& scaling,
+                   std::optional<std::string> (*text_of)(const Scaling&, double)) {
+  if (over_range_among(raw)) return {no_ratio_text, no_ratio_text, std::string(overload_text)};
+  const Sequences sequences(raw, angles);
+  return {sequences.zero_text(), sequences.negative_text(), text_of(scaling, sequences.zero)};
+}
+
 }  // namespace
 
 void calculate_unbalance(const PowerReadings& raw, const PhasorAngles& angles, const Scaling& scaling,
                          Window& meter_rec, Window& phasor_form) {
-  const auto& lines = raw.line_raw;
-  const double line_mean =
-      (static_cast<double>(lines[0]) + static_cast<double>(lines[1]) + static_cast<double>(lines[2])) / 3;
-  meter_rec.set_text("VUR_value", deviation_text(lines, line_mean));
-  const Sequences v(raw.v_raw, angles.v_phasor_angle);
-  if (const auto text = voltage_text_of(scaling, v.zero)) phasor_form.set_text("Vn_value", *text);
-  meter_rec.set_text("d0_v_value", v.zero_text());
-  meter_rec.set_text("d2_v_value", v.negative_text());
-  const auto current_average = to_int32((raw.i_raw[0] + raw.i_raw[1] + raw.i_raw[2]) / 3);
-  meter_rec.set_text("IUR_value", deviation_text(raw.i_raw, current_average.value_or(0)));
-  const Sequences i(raw.i_raw, angles.i_phasor_angle);
-  if (const auto text = current_text_of(scaling, i.zero)) phasor_form.set_text("In_value", *text);
-  meter_rec.set_text("d0_i_value", i.zero_text());
-  meter_rec.set_text("d2_i_value", i.negative_text());
+  meter_rec.set_text("VUR_value", line_unbalance_text(raw.line_raw));
+  const Figures v = figures_of(raw.v_raw, angles.v_phasor_angle, scaling, voltage_text_of);
+  meter_rec.set_text("d0_v_value", v.zero);
+  meter_rec.set_text("d2_v_value", v.negative);
+  if (v.sum) phasor_form.set_text("Vn_value", *v.sum);
+  meter_rec.set_text("IUR_value", current_unbalance_text(raw.i_raw));
+  const Figures i = figures_of(raw.i_raw, angles.i_phasor_angle, scaling, current_text_of);
+  meter_rec.set_text("d0_i_value", i.zero);
+  meter_rec.set_text("d2_i_value", i.negative);
+  if (i.sum) phasor_form.set_text("In_value", *i.sum);
 }
 
 }  // namespace halden

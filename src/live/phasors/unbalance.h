@@ -10,8 +10,8 @@
 namespace halden {
 
 // Shows the unbalance of voltages and currents on the six panels of the main window, in percent; "OL %" from
-// 100 % on and where the divisor is 0. The sums of the phasors, which are the voltage against
-// and the current in the neutral, go to the phasor window.
+// 100 % on, where there is nothing to divide by, and while a value is over range. The sums of the phasors,
+// which are the voltage against and the current in the neutral, go to the phasor window.
 void calculate_unbalance(const PowerReadings& raw, const PhasorAngles& angles, const Scaling& scaling,
                          Window& meter_rec, Window& phasor_form);
 
