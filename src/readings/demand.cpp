@@ -1,7 +1,5 @@
 // Maximum and average demand: averages of the system powers over whole demand periods.
-#include <cstdint>
 #include <limits>
-#include <string>
 
 #include "readings/raw_values.h"
 #include "readings/readings.h"

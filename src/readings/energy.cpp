@@ -11,7 +11,8 @@ namespace {
 
 constexpr double seconds_per_hour = 3600.0;
 
-// The sum holds raw values without sampling time and ratios, so that a changed setting applies at once.
+// The sum holds raw values without sampling time and ratios, so that a changed setting changes the text at
+// once.
 void advance_energy(const Scaling& scaling, DerivedRaw raw, double t, const UnitTable& units, double& sum,
                     std::string& text) {
   if (!raw) {
