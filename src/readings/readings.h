@@ -7,8 +7,8 @@
 // degree.
 //
 // Over range (-1 from the meter in an input that is checked, or a derived input without a value) writes the
-// overload text and takes the derived value away. A product of one phase that leaves 32 bits abandons the
-// member: its text and its values stay as they were. Powers of the system, energies and demands have no such
+// overload text and clears the derived value. A product of one phase beyond 32 bits ends the call: text and
+// values stay as they were. Powers of the system, energies and demands have no such
 // limit.
 #pragma once
 

@@ -1,8 +1,8 @@
 // From a raw value through the transformer ratios and the clamp factor to a text, for every member of
 // Readings: four significant digits with an engineering prefix ("123.4mA", "1.234KV", "-12.34MW").
 //
-// The products of the meter's chain are 32-bit: one that does not fit (each partial product counts) gives no
-// text, and the member that asked keeps what it showed. Real sums have no such limit.
+// The products of one phase have 32 bits: when one does not fit (each partial product counts) there is no
+// text, and the calling member keeps its old one. System powers, energies and demands have no such limit.
 #pragma once
 
 #include <array>
