@@ -35,7 +35,7 @@ void record_line(benchmark::State& state) {
   recording.start_manual();
   for (auto _ : state) {
     recording.record_once();
-    recording.reading_taken();
+    recording.frame_shown();
   }
   if (recording.file().lines_written() == 0) state.SkipWithError("nothing was written");
   std::filesystem::remove_all(folder);

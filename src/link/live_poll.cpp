@@ -13,7 +13,7 @@ constexpr std::size_t power_frame_length = 51;
 constexpr std::size_t harmonics_frame_length = 1874;
 constexpr std::size_t waveform_frame_length = 2108;
 
-constexpr int request_again_every = 4;  // missed ticks
+constexpr int request_again_every = 4;          // missed ticks
 constexpr int missed_polls_before_request = 3;  // the next missed tick repeats the request
 constexpr int lost_after = 16;
 constexpr int give_up_after = 20;

@@ -1,5 +1,5 @@
-// The live request cycle: what each tick of timer2 does until a whole frame has been read, and when the request
-// is repeated because none comes. The view that runs interprets the frame.
+// The live request cycle: what each tick of timer2 does until a whole frame has been read, and when the
+// request is repeated because none comes. The view that runs interprets the frame.
 #pragma once
 
 #include "link/link_state.h"

@@ -7,7 +7,8 @@ FrameOutcome LiveMonitor::take_frame() {
   if (outcome != FrameOutcome::incomplete && outcome != FrameOutcome::damaged)
     frame_rate_.count(clock_.monotonic_s());
   if (outcome == FrameOutcome::complete) {
-    for (LiveListener* listener : listeners_) listener->frame_shown();
+    const std::vector<LiveListener*> listeners = listeners_;  // one may remove itself
+    for (LiveListener* listener : listeners) listener->frame_shown();
     sample_clock_.remember_instant();
   }
   return outcome;

@@ -133,7 +133,11 @@ TEST_F(PollingTest, TheLiveTimerFollowsTheView) {
 }
 
 struct Recorded : LiveFrames {
-  void frame_complete() override { ++frames; }
+  FrameOutcome take_frame() override {
+    ++frames;
+    return outcome;
+  }
+  FrameOutcome outcome = FrameOutcome::complete;
   void no_communication() override { ++lost; }
   int frames = 0;
   int lost = 0;
@@ -187,6 +191,24 @@ TEST_F(LivePollTest, ASilentMeterIsAskedAgainEveryFourthTickAndGivenUpAfterTwent
   EXPECT_EQ(views.frames, 1);
   EXPECT_EQ(state.missed_polls, 0);
   EXPECT_EQ(state.link_lost, 0);
+}
+
+// Noise and damaged frames count as missed; a damaged one has been asked for again already.
+TEST_F(LivePollTest, OnlyWholeFramesEndTheCountOfMissedTicks) {
+  const std::tuple<FrameOutcome, int, const char*> rows[] = {{FrameOutcome::incomplete, 17, "    "},
+                                                             {FrameOutcome::damaged, 17, ""},
+                                                             {FrameOutcome::not_shown, 0, ""},
+                                                             {FrameOutcome::other_mode, 3, ""}};
+  for (const auto& [outcome, missed, requests] : rows) {
+    state.missed_polls = state.link_lost = 0;
+    port.sent.clear();
+    views.outcome = outcome;
+    state.poll_buffer = std::string(51, 'x');
+    for (int tick = 1; tick <= 17; ++tick) poll.tick();
+    EXPECT_EQ(state.missed_polls, missed);
+    EXPECT_EQ(state.link_lost, missed == 17 ? 1 : 0);
+    EXPECT_EQ(sent_text(), requests) << missed;
+  }
 }
 
 TEST(ExchangeGateTest, AClickDuringAnExchangeRunsOnceAfterIt) {

@@ -45,8 +45,8 @@ std::optional<Field> field_at(std::string_view text, std::size_t at) {
 // Puts fields together to groups. A voltage label begins a group, its Q label ends it.
 //
 // A voltage label behind the I, W or P of its own phase begins no group: one changed bit makes "V" of "W".
-// But where a frame was cut and asked for again, a new group begins in the middle of the old one: then a label
-// comes a second time, and the group begins at the last voltage label before it.
+// But where a frame was cut and asked for again, a new group begins in the middle of the old one: then a
+// label comes a second time, and the group begins at the last voltage label before it.
 class GroupReader {
  public:
   void take(const Field& field) {

@@ -1,4 +1,5 @@
-// Cuts what the meter has sent in power mode into groups and fields; knows nothing of the port and of windows.
+// Cuts what the meter has sent in power mode into groups and fields; knows nothing of the port and of
+// windows.
 //
 // A frame is text made of labelled fields: two characters ("V", "I", "W", "P" or "Q" and the phase digit),
 // one separator, six value characters. One group of five fields per phase in use, in the order of the phases:
@@ -26,9 +27,7 @@ struct PowerGroup {
   std::size_t phase = 0;  // 0 to 2
   PhaseGroup values;      // a damaged field is missing
 
-  bool whole() const {
-    return values.v && values.i && values.w && values.v_angle && values.i_angle;
-  }
+  bool whole() const { return values.v && values.i && values.w && values.v_angle && values.i_angle; }
 };
 
 // The newest frame of a text that may begin with the rest of an older one and end with the head of the next.

@@ -32,9 +32,9 @@ class PowerMonitor {
         chain_(chain),
         window_(meter_rec) {}
 
-  // Shows the newest frame in poll_buffer as far as it has arrived. One that has ended is taken off there, and
-  // the next one requested before anything is worked out, so that the meter prepares it meanwhile. A harmonics
-  // frame is dropped.
+  // Shows the newest frame in poll_buffer as far as it has arrived. One that has ended is taken off there,
+  // and the next one requested before anything is worked out, so that the meter prepares it meanwhile. A
+  // harmonics frame is dropped.
   PowerFrame handle_frame();
 
   // How many phases the meter sends, when that is not the number in use; 0 otherwise.

@@ -62,7 +62,7 @@ class PowerView : public LiveView {
   PowerMonitor monitor_;
   bool other_mode_ = false;
   std::string energy_instant_;  // the sampling instant that energies and demands last advanced at
-  std::string header_line_;  // the column names of the last known wiring system
+  std::string header_line_;     // the column names of the last known wiring system
 };
 
 }  // namespace halden

@@ -63,7 +63,7 @@ void Recording::begin_data_file(const std::string& path) {
   records_ = 0;
   window_.set_text("FileName", window_["FileName"].text + " = " + path);
   LiveView* const view = views_.to_record();
-  kind_ = view != nullptr ? view->record_kind() : RecordKind::power;
+  kind_ = view != nullptr ? view->record_kind() : RecordKind::harmonics;
   if (kind_ == RecordKind::waveform) raise_short_sampling_time();
   file_.begin(path, view != nullptr ? view->header() : std::string());
   data_file_ready_ = 1;

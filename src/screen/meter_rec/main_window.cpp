@@ -2,6 +2,8 @@
 
 #include <array>
 #include <string_view>
+#include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -149,7 +151,10 @@ void design_settings(Designer& to) {
   to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, width, 20}, "Meter settings");
   constexpr int top = 92;
   constexpr int pitch = 41;
-  for (const SettingNames& setting : meter_settings) {
+  // In the order they are seen, which is also the order of the Tab key.
+  std::array<SettingNames, meter_settings.size()> rows = meter_settings;
+  std::ranges::sort(rows, {}, &SettingNames::row);
+  for (const SettingNames& setting : rows) {
     const int row_top = top + pitch * setting.row;
     const std::string button(setting.button);
     to.place({button, ControlKind::button, -1, {}, {}}, {left, row_top, 58, 32},

@@ -81,12 +81,13 @@ void FormWindow::show_changes() {
   if (mirror_.show_changes()) Q_EMIT places_changed();
   Q_EMIT changes_shown();
   if (windowTitle() != to_qt(window_.caption())) setWindowTitle(to_qt(window_.caption()));
+  const bool shown_again = isVisible() && times_shown_ != window_.times_shown();
+  times_shown_ = window_.times_shown();
   if (isVisible() != window_.visible()) setVisible(window_.visible());
-  if (times_shown_ != window_.times_shown()) come_to_front();
+  if (shown_again) come_to_front();
 }
 
 void FormWindow::come_to_front() {
-  times_shown_ = window_.times_shown();
   if (isMinimized()) showNormal();
   raise();
   activateWindow();

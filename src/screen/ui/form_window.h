@@ -63,8 +63,8 @@ class FormWindow : public QMainWindow {
   void add_shortcut(const char* keys, const std::string& control);
 
   // ---- for the desktop ----
-  // Brings the window up to date; cheap when nothing has changed. A window that is shown, or shown again,
-  // comes to the front.
+  // Brings the window up to date; cheap when nothing has changed. A window that is shown again comes
+  // to the front.
   void show_changes();
 
   // Whether edit boxes accept typing: not during an exchange, which fills them at its end.

@@ -77,7 +77,7 @@ double PhasorDiagram::pen_width(double design_pixels) const {
 
 QColor PhasorDiagram::colour_of(const PhasorVector& vector) const {
   if (vector.kind == VectorKind::line_voltage) return theme_.quiet;
-  return theme_.phase[static_cast<std::size_t>(vector.phase)];
+  return theme_.phase[vector.phase];
 }
 
 QPen PhasorDiagram::pen_of(const PhasorVector& vector) const {
