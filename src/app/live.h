@@ -37,10 +37,10 @@ struct Live {
   Shared& shared;
   Link& link;
 
-  SampleClock sample_clock{platform, shared.meter_rec};
+  SampleClock sample_clock{platform, link.state, shared.meter_rec};
   PowerChain chain{link.status};
   PhasorWindow phasors{platform, shared.windows, shared.meter_rec, link.state, link.status, chain.raw};
-  PowerView power{platform.clock, link, chain, sample_clock, phasors, shared.meter_rec};
+  PowerView power{link, chain, sample_clock, phasors, shared.meter_rec};
   HarmonicsOptions harmonics_options;
   UnshownView harmonics{RecordKind::harmonics, link, harmonics_options, shared.meter_rec};
   UnshownView waveform{RecordKind::waveform, link, harmonics_options, shared.meter_rec};

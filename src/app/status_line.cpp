@@ -1,9 +1,8 @@
 #include "app/status_line.h"
 
-#include <string>
-
 #include "platform/clock.h"
 #include "readings/patterns.h"
+#include "screen/meter_rec/main_window.h"
 
 namespace halden {
 
@@ -11,35 +10,85 @@ namespace {
 
 constexpr Text frames_per_second = {"{} frames/s", "{} 筆/秒"};
 
+constexpr Text no_port = {"no port", "未開啟連接埠"};
+constexpr Text adapter_gone = {"adapter gone, waiting for it", "轉接器已移除，等待中"};
+constexpr Text no_answer = {"no answer", "無回應"};
+constexpr Text no_answer_since = {"no answer since {}", "自 {} 起無回應"};
+constexpr Text no_reading_since = {"no reading since {}", "自 {} 起無讀值"};
+constexpr Text linked = {"linked", "已連線"};
+constexpr Text waiting = {"waiting for the meter", "等待電表"};
+
+constexpr Text in_harmonics_mode = {"The meter is in harmonics mode: press Update Now",
+                                    "電表處於諧波模式：請按「讀取設定」"};
+constexpr Text in_power_mode = {"The meter is in power mode: press Update Now",
+                                "電表處於電力模式：請按「讀取設定」"};
+constexpr Text sends_one_phase = {"The meter sends {} phase, {} was set: press Update Now",
+                                  "電表傳送 {} 相，設定為 {}：請按「讀取設定」"};
+constexpr Text sends_phases = {"The meter sends {} phases, {} was set: press Update Now",
+                               "電表傳送 {} 相，設定為 {}：請按「讀取設定」"};
+
+constexpr Text not_current = {"not current", "非目前值"};
+
 }  // namespace
 
+// What is known and what to do when the meter sends something else than what is set.
+std::optional<std::string> StatusLine::misfit_text() const {
+  const Misfit misfit = views_.shown().misfit();
+  const Language language = link_.state.language;
+  if (misfit.other_mode)
+    return std::string(
+        (link_.state.display_mode == power_view ? in_harmonics_mode : in_power_mode).in(language));
+  if (misfit.phases_sent == 0) return std::nullopt;
+  const Text& text = misfit.phases_sent == 1 ? sends_one_phase : sends_phases;
+  return text.with(language, {std::to_string(misfit.phases_sent), window_["power_system"].text});
+}
+
 // The tag is the state of the link for the light beside the text: "ok", "lost" or "idle".
-StatusLine::LinkField StatusLine::link_field(double frames_per_s) const {
-  switch (platform_.port.state()) {
-    case PortState::closed:
-      return {{"no port", "未開啟連接埠"}, "idle"};
-    case PortState::vanished:
-      return {{"adapter gone, waiting for it", "轉接器已移除，等待中"}, "lost"};
-    case PortState::open:
-      break;
-  }
-  if (state_.link_lost == 1) return {{"no answer", "無回應"}, "lost"};
-  if (frames_per_s > 0) return {{"linked", "已連線"}, "ok"};
-  return {{"waiting for the meter", "等待電表"}, "idle"};
+StatusLine::LinkField StatusLine::link_field() const {
+  const Language language = link_.state.language;
+  const auto field = [language](const Text& text, std::string_view tag) {
+    return LinkField{std::string(text.in(language)), tag};
+  };
+  if (platform_.port.state() == PortState::closed) return field(no_port, "idle");
+  if (platform_.port.state() == PortState::vanished) return field(adapter_gone, "lost");
+  if (const auto misfit = misfit_text()) return {*misfit, "idle"};
+  const auto old_s = monitor_.old_since_s();
+  const std::string since = old_s ? time_of_day_text(*old_s) : std::string();
+  if (link_.state.link_lost == 1)
+    return old_s ? LinkField{no_answer_since.with(language, {since}), "lost"} : field(no_answer, "lost");
+  if (old_s) return {no_reading_since.with(language, {since}), "idle"};
+  if (monitor_.frame_rate().per_second(platform_.clock.monotonic_s()) > 0) return field(linked, "ok");
+  return field(waiting, "idle");
 }
 
 void StatusLine::refresh() {
+  const Language language = link_.state.language;
   const bool open = number_ != 0 && platform_.port.state() != PortState::closed;
   window_.set_text("status_port",
                    open ? "COM " + std::to_string(number_) + " (" + platform_.port.device_name(number_) + ")"
                         : std::string("COM -"));
-  const double rate = frame_rate_.per_second(platform_.clock.monotonic_s());
-  const LinkField now = link_field(rate);
-  window_.set_text("status_link", now.text.in(state_.language));
+  const LinkField now = link_field();
+  window_.set_text("status_link", now.text);
   window_.set_tag("status_link", now.tag);
-  window_.set_text("status_rate", frames_per_second.with(state_.language, {format_pattern(rate, "#0.0")}));
+  const double rate = monitor_.frame_rate().per_second(platform_.clock.monotonic_s());
+  window_.set_text("status_rate", frames_per_second.with(language, {format_pattern(rate, "#0.0")}));
+  window_.set_visible("status_rate", !misfit_text());  // frames come, but none that counts
   window_.set_text("status_recording",
-                   recording_status_text(recording_.state(), recording_.file(), state_.language));
+                   recording_status_text(recording_.status(), recording_.file(), language));
+  mark_readings();
+}
+
+// Old readings look old, and assistive technology is told as well.
+void StatusLine::mark_readings() {
+  const bool old = monitor_.old_since_s().has_value();
+  if (old == marked_old_ && (!old || marked_in_ == link_.state.language)) return;
+  marked_old_ = old;
+  marked_in_ = link_.state.language;
+  for (const DesignedControl& designed : main_window_design()) {
+    if (designed.kind != ControlKind::value) continue;
+    window_.set_old(designed.name, old);
+    window_.set_description(designed.name, old ? not_current.in(marked_in_) : std::string_view());
+  }
 }
 
 }  // namespace halden

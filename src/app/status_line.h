@@ -1,11 +1,15 @@
-// The status line of the main window: port, link state, frames per second, recording state. The control
-// status_hint beside them shows one hint, which every room may write. It never replaces a message box.
+// The status line of the main window: port, link state, frames per second, recording state. Beside them is
+// one hint, which whoever has something to say writes into the control status_hint. All of it is beside the
+// messages and captions, never in them. It also marks the readings of the main window while they are old.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
-#include "link/link_state.h"
-#include "live/frame_rate.h"
+#include "link/link.h"
+#include "live/live_monitor.h"
+#include "live/live_view.h"
 #include "live/recording/recording.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
@@ -16,11 +20,12 @@ namespace halden {
 
 class StatusLine {
  public:
-  StatusLine(const Platform& platform, const LinkState& state, const FrameRate& frame_rate,
+  StatusLine(const Platform& platform, const Link& link, const LiveMonitor& monitor, const LiveViews& views,
              const Recording& recording, Window& meter_rec)
       : platform_(platform),
-        state_(state),
-        frame_rate_(frame_rate),
+        link_(link),
+        monitor_(monitor),
+        views_(views),
         recording_(recording),
         window_(meter_rec) {}
 
@@ -32,18 +37,23 @@ class StatusLine {
 
  private:
   struct LinkField {
-    Text text;
+    std::string text;
     std::string_view tag;
   };
 
-  LinkField link_field(double frames_per_s) const;
+  LinkField link_field() const;
+  std::optional<std::string> misfit_text() const;
+  void mark_readings();
 
   Platform platform_;
-  const LinkState& state_;
-  const FrameRate& frame_rate_;
+  const Link& link_;
+  const LiveMonitor& monitor_;
+  const LiveViews& views_;
   const Recording& recording_;
   Window& window_;
   int number_ = 0;  // 0 while no port was opened
+  bool marked_old_ = false;
+  Language marked_in_ = Language::english;
 };
 
 }  // namespace halden

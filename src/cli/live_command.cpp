@@ -87,12 +87,7 @@ void add_phasor_angles(const PhasorAngles& angles, Wiring wiring_system, Record&
 }
 
 std::string local_time_text(const Clock& clock) {
-  Date date = clock.today();
-  double time_s = clock.seconds_since_midnight();
-  while (date != clock.today()) {  // midnight passed between the two questions
-    date = clock.today();
-    time_s = clock.seconds_since_midnight();
-  }
+  const auto [date, time_s] = now_of(clock);
   const int ms = std::min(static_cast<int>(std::lround(time_s * 1000.0)), ms_per_day - 1);
   return padded(date.year, "0000") + "-" + padded(date.month, "00") + "-" + padded(date.day, "00") + "T" +
          padded(ms / 3'600'000, "00") + ":" + padded(ms / 60'000 % 60, "00") + ":" +

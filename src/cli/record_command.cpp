@@ -68,7 +68,7 @@ void RecordRun::check_progress() {
   if (!runs_) return;
   const DataFile& file = program_.live.recording.file();
   if (std::exchange(lines_wait_, file.lines_waiting() > 0) != lines_wait_)
-    terminal_.note(recording_status_text(program_.live.recording.state(), file, Language::english));
+    terminal_.note(recording_status_text(program_.live.recording.status(), file, Language::english));
   if (options_.duration_s && program_.platform.clock.monotonic_s() - began_s_ >= *options_.duration_s)
     finish();
 }
@@ -78,7 +78,7 @@ void RecordRun::finish() {
   const std::string elsewhere = program_.live.recording.end_recording();
   const DataFile& file = program_.live.recording.file();
   if (file.lines_waiting() > 0) {
-    terminal_.failed(recording_status_text(program_.live.recording.state(), file, Language::english));
+    terminal_.failed(recording_status_text(program_.live.recording.status(), file, Language::english));
     return;
   }
   terminal_.print(

@@ -4,7 +4,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "readings/numbers.h"
+#include "live/settings/settings_panel.h"
 #include "screen/meter_rec/settings.h"
 
 namespace halden {
@@ -17,12 +17,6 @@ const SettingNames* names_of(std::string_view name) {
   for (const SettingNames& names : meter_settings)
     if (names.name == name) return &names;
   return nullptr;
-}
-
-// What the meter is expected to hold: a number, or for the frequency anything else as automatic, 0.
-double expected_value(std::string_view name, std::string_view text) {
-  const double number = leading_number(text);
-  return name == "hz" && number != 50 && number != 60 ? 0 : number;
 }
 
 int run_set(const OpenSession& open, const CommonOptions& common, const std::vector<TypedSetting>& settings) {
@@ -61,7 +55,7 @@ void send_settings(Program& program, const std::vector<TypedSetting>& settings, 
       return;
     }
     const std::string held = window[names.box].text;
-    if (expected_value(setting.name, held) != expected_value(setting.name, setting.value)) {
+    if (setting_value(names.setting, held) != setting_value(names.setting, setting.value)) {
       terminal.failed("The meter did not take " + setting.name + "=" + setting.value + "; it holds " + held +
                       ".");
       return;

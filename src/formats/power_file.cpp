@@ -69,14 +69,17 @@ std::string power_column_line(Wiring wiring_system) {
   return line;
 }
 
-std::string power_record(Wiring wiring_system, const Date& date, std::string_view time,
-                         const PowerTexts& texts) {
+RecordLine power_record(Wiring wiring_system, const Date& date, std::string_view time,
+                        const PowerTexts& texts) {
   const std::span<const ColumnGroup> columns = columns_of(wiring_system);
   if (columns.empty()) return {};
-  std::string record = record_field(record_date(date)) + record_field(time);
+  RecordLine record = {record_field(record_date(date)) + record_field(time)};
   for (const ColumnGroup& group : columns)
-    for (const PowerQuantity quantity : group.quantities)
-      record += record_field(texts[static_cast<std::size_t>(quantity)]);
+    for (const PowerQuantity quantity : group.quantities) {
+      const std::string_view text = texts[static_cast<std::size_t>(quantity)];
+      record.text += record_field(text);
+      record.sign_cut = record.sign_cut || loses_sign(text);
+    }
   return record;
 }
 

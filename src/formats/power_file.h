@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "formats/record_field.h"
 #include "platform/clock.h"
 #include "readings/wiring.h"
 
@@ -41,7 +42,7 @@ std::string power_column_line(Wiring wiring_system);
 
 // One record without its line end. `time` is the sampling instant as it is shown ("12:30:44"). Empty for an
 // unknown wiring system.
-std::string power_record(Wiring wiring_system, const Date& date, std::string_view time,
-                         const PowerTexts& texts);
+RecordLine power_record(Wiring wiring_system, const Date& date, std::string_view time,
+                        const PowerTexts& texts);
 
 }  // namespace halden

@@ -19,6 +19,8 @@ std::string record_field(std::string_view text) {
   return field;
 }
 
+bool loses_sign(std::string_view text) { return text.size() > field_text_length && text[0] == '-'; }
+
 std::string record_date(const Date& date) {
   return format_pattern(date.month, "00") + "-" + format_pattern(date.day, "00") + "-" +
          format_pattern(date.year, "0000");

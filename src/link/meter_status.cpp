@@ -98,6 +98,12 @@ const std::array<Destination, field_count> destinations = {
     &MeterStatus::logger_file_count,
 };
 
+// Whether a field is a whole number, with a sign or without.
+bool holds_digits(std::string_view field) {
+  if (!field.empty() && (field[0] == '-' || field[0] == '+')) field.remove_prefix(1);
+  return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 // Stores one field in its destination.
 struct Store {
   MeterStatus& status;
@@ -133,21 +139,26 @@ float clamp_factor(std::int32_t meter_flags_27) {
 
 std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus& status) {
   if (const std::size_t mark = reply.find('E'); mark != std::string_view::npos) reply.remove_prefix(mark + 1);
-  reply.remove_prefix(std::min(reply.find_first_not_of(' '), reply.size()));
+  reply.remove_prefix(std::min(reply.find_first_not_of(" ?"), reply.size()));
   if (reply.size() < shortest_reply) return std::nullopt;
 
+  MeterStatus found = status;
   StatusReply read;
+  int numbers = 0;
   for (const Destination& destination : destinations) {
     const std::size_t blank = reply.find(' ');
     // A field cut before its blank may lack digits; only the last one can be known to be whole.
     const bool last = read.fields + 1 == static_cast<int>(field_count);
     if (blank == std::string_view::npos && (!last || reply.empty())) break;
     const std::string_view field = reply.substr(0, blank);
-    std::visit(Store{status, field}, destination);
+    std::visit(Store{found, field}, destination);
     reply.remove_prefix(blank == std::string_view::npos ? reply.size() : blank + 1);
     ++read.fields;
+    if (holds_digits(field)) ++numbers;
   }
-  if (read.fields == 0) return std::nullopt;
+  // Noise: less than two thirds are numbers.
+  if (read.fields == 0 || 3 * numbers < 2 * read.fields) return std::nullopt;
+  status = found;
   return read;
 }
 

@@ -76,6 +76,9 @@ void StatusQuery::query_meter_status() {
   status_ = read;
   succeeded_ = true;
   show_status(reply->fields);
+  // A ratio the meter has not set counts as 1; its box shows what the meter sent.
+  if (status_.ct_ratio == 0) status_.ct_ratio = 1;
+  if (status_.pt_ratio == 0) status_.pt_ratio = 1;
   for (const auto& handler : status_read_) handler();
   notice_.hide();
   let_events_run(platform_.clock);

@@ -29,4 +29,9 @@ double FrameRate::per_second(double now_s) const {
   return now_s - last_s > 2 * mean_gap_s ? frames / (now_s - first_s) : 1.0 / mean_gap_s;
 }
 
+double FrameRate::mean_gap_s() const {
+  if (times_s_.size() < 2) return 0.0;
+  return (times_s_.back() - times_s_.front()) / static_cast<double>(times_s_.size() - 1);
+}
+
 }  // namespace halden

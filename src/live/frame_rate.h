@@ -13,6 +13,9 @@ class FrameRate {
   // Frames per second over the last few seconds before `now_s`; 0 when none came.
   double per_second(double now_s) const;
 
+  // The mean time between the last frames; 0 when there are less than two.
+  double mean_gap_s() const;
+
  private:
   std::deque<double> times_s_;
 };

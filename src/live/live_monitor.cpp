@@ -1,17 +1,35 @@
 #include "live/live_monitor.h"
 
+#include <algorithm>
+
 namespace halden {
+
+namespace {
+
+constexpr double current_for_s = 2.0;
+constexpr double frames_until_old = 4.0;
+
+}  // namespace
 
 FrameOutcome LiveMonitor::take_frame() {
   const FrameOutcome outcome = views_.shown().take_frame();
-  if (outcome != FrameOutcome::incomplete && outcome != FrameOutcome::damaged)
+  if (outcome == FrameOutcome::complete || outcome == FrameOutcome::not_shown) {
     frame_rate_.count(clock_.monotonic_s());
+    last_whole_ = {clock_.monotonic_s(), clock_.seconds_since_midnight()};
+  }
   if (outcome == FrameOutcome::complete) {
     const std::vector<LiveListener*> listeners = listeners_;  // one may remove itself
     for (LiveListener* listener : listeners) listener->frame_shown();
     sample_clock_.remember_instant();
   }
   return outcome;
+}
+
+std::optional<double> LiveMonitor::old_since_s() const {
+  if (!last_whole_) return std::nullopt;
+  const double limit_s = std::max(current_for_s, frames_until_old * frame_rate_.mean_gap_s());
+  if (clock_.monotonic_s() - last_whole_->monotonic_s < limit_s) return std::nullopt;
+  return last_whole_->since_midnight_s;
 }
 
 void LiveMonitor::no_communication() {

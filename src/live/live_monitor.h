@@ -1,6 +1,7 @@
 // Passes each complete live frame to the view that runs, and tells the listeners the outcome.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "link/live_poll.h"
@@ -24,12 +25,20 @@ class LiveMonitor : public LiveFrames {
 
   const FrameRate& frame_rate() const { return frame_rate_; }
 
+  // When the last whole frame came, in seconds since midnight, once none has been for two seconds or
+  // four frame times: what is on the screen is old. Nothing while it is current, and before the first frame.
+  std::optional<double> old_since_s() const;
+
  private:
   const Clock& clock_;
   const LiveViews& views_;
   SampleClock& sample_clock_;
   std::vector<LiveListener*> listeners_;
   FrameRate frame_rate_;
+  struct Moments {
+    double monotonic_s, since_midnight_s;
+  };
+  std::optional<Moments> last_whole_;  // when the last whole frame was taken
 };
 
 }  // namespace halden

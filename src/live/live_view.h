@@ -5,6 +5,7 @@
 #include <string>
 
 #include "formats/data_file.h"
+#include "formats/record_field.h"
 #include "link/link_state.h"
 #include "link/live_poll.h"
 #include "link/meter_status.h"
@@ -33,8 +34,8 @@ class LiveView {
   // The header lines of a new file, each with its line end.
   virtual std::string header() = 0;
 
-  // One line, without its line end, of exactly what is shown; empty when there is nothing to record.
-  virtual std::string record() const = 0;
+  // Exactly what is shown; empty when there is nothing to record.
+  virtual RecordLine record() const = 0;
 };
 
 // The live views of the program: which one is shown, and which one is recorded.

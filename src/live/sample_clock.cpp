@@ -23,28 +23,28 @@ constexpr const char* title = "Input Sampling Time";
 constexpr const char* prompt =
     "Enter the SAMPLING TIME in seconds\r\n\r\nThe value can be 2 or any other integer (max. 32767).";
 
-// As "hh:mm:ss".
+}  // namespace
+
 std::string time_of_day_text(double seconds_since_midnight) {
   const int whole = static_cast<int>(seconds_since_midnight);
   return format_pattern(whole / 3600, "#00") + ":" + format_pattern(whole / 60 % 60, "#00") + ":" +
          format_pattern(whole % 60, "#00");
 }
 
-}  // namespace
-
-SampleClock::SampleClock(const Platform& platform, Window& meter_rec)
-    : platform_(platform), window_(meter_rec) {
+SampleClock::SampleClock(const Platform& platform, const LinkState& link, Window& meter_rec)
+    : platform_(platform), link_(link), window_(meter_rec) {
   const auto ask = [this] { ask_sampling_time(); };
   window_.on_click("SampleRate", ask);
   for (int label = 0; label < clock_label_count; ++label) window_.on_click(element("Label1", label), ask);
 }
 
 void SampleClock::tick() {
-  const double now_s = platform_.clock.seconds_since_midnight();
+  const Moment now = now_of(platform_.clock);
   show_date();
+  if (link_.link_lost == 0) window_.set_visible("Warning", false);
   const double sample_s = sample_time_s();
-  if (sampling_instant_reached(sample_s)) mark_sampling_instant(now_s, sample_s);
-  align(now_s);
+  if (sampling_instant_reached(sample_s)) mark_sampling_instant(now, sample_s);
+  align(now.seconds_since_midnight);
 }
 
 double SampleClock::sample_time_s() const { return leading_number(window_[sample_time_label].text); }
@@ -58,12 +58,13 @@ bool SampleClock::sampling_instant_reached(double sample_time_s) {
   return true;
 }
 
-void SampleClock::mark_sampling_instant(double now_s, double sample_time_s) {
+void SampleClock::mark_sampling_instant(const Moment& now, double sample_time_s) {
+  const double now_s = now.seconds_since_midnight;
   if (sample_time_s != 0)
     window_.set_tag(sample_clock_label, format_pattern(std::floor(now_s / sample_time_s + 0.5), "#0"));
   window_.set_visible("hold", false);
-  window_.set_visible("Warning", false);
   window_.set_text(sample_clock_label, time_of_day_text(now_s));
+  instant_date_ = now.date;
 }
 
 // The next tick falls on a whole second.
@@ -96,6 +97,7 @@ void SampleClock::set_sampling_time(std::int16_t time_s) {
 
 void SampleClock::restart_counting() {
   sample_tick_count_ = static_cast<std::int16_t>(static_cast<int>(sample_time_s()) - 1);
+  align(platform_.clock.seconds_since_midnight());
 }
 
 }  // namespace halden

@@ -13,6 +13,13 @@ FrameOutcome UnshownView::take_frame() {
   return FrameOutcome::not_shown;
 }
 
+// A frame of the power mode has labels with a phase digit, which no tag of a harmonics frame has.
+Misfit UnshownView::misfit() const {
+  const std::string& buffer = link_.state.poll_buffer;
+  const bool power = buffer.find("V1") != std::string::npos && buffer.find("Q1") != std::string::npos;
+  return {kind_ == RecordKind::harmonics && power, 0};
+}
+
 std::string UnshownView::header() {
   const WaveSource source = {link_.status.wiring_system, link_.status.harmonic_channel,
                              options_.harmonic_option};

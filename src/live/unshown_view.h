@@ -18,10 +18,10 @@ class UnshownView : public LiveView {
       : kind_(kind), link_(link), options_(options), meter_rec_(meter_rec) {}
 
   FrameOutcome take_frame() override;
-  Misfit misfit() const override { return {}; }
+  Misfit misfit() const override;
   RecordKind record_kind() const override { return kind_; }
   std::string header() override;
-  std::string record() const override { return {}; }
+  RecordLine record() const override { return {}; }
 
  private:
   RecordKind kind_;

@@ -28,37 +28,62 @@ std::span<const Panel> summary_of_harmonics() { return wave_summary_panels().fir
 
 }  // namespace
 
+bool ViewSelection::view_fits() const {
+  return (link_.status.meter_mode == harmonics_mode) == (link_.state.display_mode != power_view);
+}
+
 void ViewSelection::select_by_meter_mode() {
+  if (view_fits()) return;
   if (link_.status.meter_mode == harmonics_mode)
     open_harmonics();
-  else if (link_.state.display_mode != power_view)
+  else
     close_view();
+}
+
+// Polling is stopped meanwhile; the exchange that has read the status resumes it.
+void ViewSelection::follow_status() {
+  if (view_fits()) {
+    if (link_.status.meter_mode == harmonics_mode) show_cursor_and_frequency();
+    return;
+  }
+  if (link_.status.meter_mode == harmonics_mode)
+    open_harmonics();
+  else
+    show_power();
 }
 
 void ViewSelection::close_view() {
   link_.exchange.run([this] {
-    link_.state.display_mode = power_view;
-    show_graph(window_, false);
-    show_panels(window_, harmonic_cursor_panels(), false);
-    show_panels(window_, wave_summary_panels(), false);
-    link_.polling.set_live_timer();
+    show_power();
     return Afterwards::just_poll;
   });
+}
+
+void ViewSelection::show_power() {
+  link_.state.display_mode = power_view;
+  show_graph(window_, false);
+  show_panels(window_, harmonic_cursor_panels(), false);
+  show_panels(window_, wave_summary_panels(), false);
+  link_.polling.set_live_timer();
 }
 
 void ViewSelection::open_harmonics() {
   options_ = {offered_orders, 0};
   link_.state.display_mode = harmonics_view;
-  if (link_.status.harmonic_order == 0) link_.status.harmonic_order = 1;
-  window_.set_range("HScroll1", 1, offered_orders);
-  window_.set_value("HScroll1", std::clamp<std::int16_t>(link_.status.harmonic_order, 1, offered_orders));
   show_graph(window_, true);
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_of_harmonics(), true);
+  show_cursor_and_frequency();
+  link_.polling.set_live_timer();
+}
+
+void ViewSelection::show_cursor_and_frequency() {
+  if (link_.status.harmonic_order == 0) link_.status.harmonic_order = 1;
+  window_.set_range("HScroll1", 1, offered_orders);
+  window_.set_value("HScroll1", std::clamp<std::int16_t>(link_.status.harmonic_order, 1, offered_orders));
   const bool frequency_known = link_.status.frequency_code != 0;
   window_.set_visible("har_hz_label", frequency_known);
   window_.set_visible("har_hz_value", frequency_known);
-  link_.polling.set_live_timer();
 }
 
 }  // namespace halden

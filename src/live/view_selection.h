@@ -1,4 +1,5 @@
-// Which live view the main window shows: it follows the meter's mode whenever the window is shown or resized.
+// Which live view the main window shows: it follows the meter's mode, after every status query and whenever
+// the window is shown or resized. A view that fits the mode stays.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +16,13 @@ struct HarmonicsOptions {
 
 class ViewSelection {
  public:
+  // All outlive this.
   ViewSelection(Link& link, HarmonicsOptions& options, Window& meter_rec)
-      : link_(link), options_(options), window_(meter_rec) {}
+      : link_(link), options_(options), window_(meter_rec) {
+    link_.query.on_status_read([this] { follow_status(); });
+  }
+  ViewSelection(const ViewSelection&) = delete;
+  ViewSelection& operator=(const ViewSelection&) = delete;
 
   // A meter in power mode closes the harmonics or waveform view; one in harmonics mode opens the harmonics
   // view with 51 orders in percent.
@@ -26,7 +32,11 @@ class ViewSelection {
   void close_view();
 
  private:
+  bool view_fits() const;
+  void follow_status();
   void open_harmonics();
+  void show_cursor_and_frequency();
+  void show_power();
 
   Link& link_;
   HarmonicsOptions& options_;

@@ -46,6 +46,19 @@ class Clock {
   virtual void run_later(std::function<void()> handler) = 0;
 };
 
+// Date and time of day of one moment.
+struct Moment {
+  Date date;
+  double seconds_since_midnight = 0;
+};
+
+// Asks again when midnight passes between the two questions.
+inline Moment now_of(const Clock& clock) {
+  Moment now{clock.today(), clock.seconds_since_midnight()};
+  while (now.date != clock.today()) now = {clock.today(), clock.seconds_since_midnight()};
+  return now;
+}
+
 // Lets pending interface events run once.
 inline void let_events_run(Clock& clock) { clock.pause(Yield::yes, 0.0); }
 

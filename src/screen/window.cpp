@@ -44,12 +44,18 @@ void Window::set_checked(std::string_view name, bool checked) {
   change(controls_[index_of(name)].second.checked, checked);
 }
 
+void Window::set_old(std::string_view name, bool old) { change(controls_[index_of(name)].second.old, old); }
+
 void Window::set_tag(std::string_view name, std::string_view tag) {
   change(controls_[index_of(name)].second.tag, tag);
 }
 
 void Window::set_tooltip(std::string_view name, std::string_view tooltip) {
   change(controls_[index_of(name)].second.tooltip, tooltip);
+}
+
+void Window::set_description(std::string_view name, std::string_view description) {
+  change(controls_[index_of(name)].second.description, description);
 }
 
 void Window::set_place(std::string_view name, const Place& place) {
@@ -96,6 +102,10 @@ void Window::on_click(std::string_view control, Handler handler) {
   clicks_[controls_[index_of(control)].first] = std::move(handler);
 }
 
+void Window::on_press(std::string_view control, Handler handler) {
+  presses_[controls_[index_of(control)].first] = std::move(handler);
+}
+
 void Window::on_change(std::string_view control, Handler handler) {
   changes_[controls_[index_of(control)].first] = std::move(handler);
 }
@@ -105,12 +115,16 @@ void Window::on_close(Handler handler, Closing closing) {
   closing_ = closing;
 }
 
-void Window::click(std::string_view control) const {
-  const auto handler = clicks_.find(control);
-  if (handler == clicks_.end()) return;
+void Window::run(const Handlers& handlers, std::string_view control) const {
+  const auto handler = handlers.find(control);
+  if (handler == handlers.end()) return;
   const Control& clicked = (*this)[control];
   if (clicked.enabled && clicked.visible) handler->second();
 }
+
+void Window::press(std::string_view control) const { run(presses_, control); }
+
+void Window::click(std::string_view control) const { run(clicks_, control); }
 
 void Window::changed(std::string_view control) const {
   if (const auto handler = changes_.find(control); handler != changes_.end()) handler->second();

@@ -42,9 +42,11 @@ struct Control : Place {
   bool visible = true;
   bool enabled = true;
   bool checked = false;
+  bool old = false;  // of a reading: it is no longer current
   std::string tag;
   std::string tooltip;
-  int value = 0;  // of a scroll bar, with its range
+  std::string description;  // for assistive technology, beside the text
+  int value = 0;            // of a scroll bar, with its range
   int minimum = 0;
   int maximum = 0;
   // Constant and compared by pointer, so that 100,000 entries cost nothing to compare: to change them, make
@@ -87,8 +89,10 @@ class Window {
   void set_visible(std::string_view name, bool visible);
   void set_enabled(std::string_view name, bool enabled);
   void set_checked(std::string_view name, bool checked);
+  void set_old(std::string_view name, bool old);
   void set_tag(std::string_view name, std::string_view tag);
   void set_tooltip(std::string_view name, std::string_view tooltip);
+  void set_description(std::string_view name, std::string_view description);
   void set_place(std::string_view name, const Place& place);
   void set_value(std::string_view name, int value);
   void set_range(std::string_view name, int minimum, int maximum);
@@ -122,8 +126,13 @@ class Window {
   void on_close(Handler handler, Closing closing = Closing::waits);
   Closing closing() const { return closing_; }
 
+  // Called at the moment of a click, also in a wait without input, after which the click itself follows. It
+  // may only take note of values.
+  void on_press(std::string_view control, Handler handler);
+
   // Run the handlers. Nothing happens where there is none, and on a click while the control is disabled or
   // hidden.
+  void press(std::string_view control) const;
   void click(std::string_view control) const;
   void changed(std::string_view control) const;
   void resized() const;  // shown for the first time, or a change of size has settled
@@ -137,6 +146,7 @@ class Window {
   using Handlers = std::map<std::string, Handler, std::less<>>;
 
   std::size_t index_of(std::string_view name) const;
+  void run(const Handlers& handlers, std::string_view control) const;
   template <typename Member, typename Value>
   void change(Member& member, Value&& value);
 
@@ -148,6 +158,7 @@ class Window {
   std::vector<std::pair<std::string, Control>> controls_;
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
   std::span<const Caption> captions_;
+  Handlers presses_;
   Handlers clicks_;
   Handlers changes_;
   Handler resized_;

@@ -40,6 +40,20 @@ TEST(MeterStatusTest, OnlyTheFirstEIsCutWithAllThatStandsBeforeIt) {
   EXPECT_EQ(status.ct_ratio, 0) << "a letter where digits belong gives 0";
 }
 
+// Our own request comes back from a line with an echo. 12 of 35 fields are more than a third.
+TEST(MeterStatusTest, AnEchoIsSkippedAndNoiseIsRefused) {
+  MeterStatus status;
+  EXPECT_TRUE(read_status_reply(" ? " + Reply().set(7, "00033").text(), status));
+  EXPECT_EQ(status.ct_ratio, 33);
+  EXPECT_EQ(status.meter_mode, 1) << "the first field is the one behind the echo";
+  Reply noise;
+  for (std::size_t field = 24; field <= 34; ++field) noise.set(field, "0#0x0");
+  EXPECT_TRUE(read_status_reply(noise.set(7, "00044").text(), status)) << "24 numbers of 35";
+  EXPECT_EQ(status.ct_ratio, 44);
+  EXPECT_FALSE(read_status_reply(noise.set(7, "00055").set(35, "0#0x0").text(), status));
+  EXPECT_EQ(status.ct_ratio, 44);
+}
+
 TEST(MeterStatusTest, AReplyOf161CharactersIsParsedOneOf160IsNot) {
   // 26 fields of six characters make 156; field 27 as "1536 " makes 161.
   const std::string reply = Reply().text(26) + "1536 ";

@@ -16,9 +16,10 @@ struct ClockAt {
   explicit ClockAt(double time_of_day_s) : world({2026, 12, 31}, time_of_day_s) {}
 
   VirtualWorld world;
+  LinkState link;
   Window window = make_main_window();
   ScriptedPort port{world};
-  SampleClock clock{world.platform(port), window};
+  SampleClock clock{world.platform(port), link, window};
 };
 
 // A tick at .950 would leave 50 ms to the next whole second: that one is left out.
@@ -46,17 +47,25 @@ TEST(SampleClockTest, AnInstantIsMarkedWhenTheCountReachesTheSamplingTime) {
   }
 }
 
-TEST(SampleClockTest, AnInstantSetsIndexAndTimeAndHidesTheWarnings) {
+TEST(SampleClockTest, AnInstantSetsIndexTimeAndDateAndAnyTickHidesTheWarningOfALinkThatIsBack) {
   ClockAt at(3 * 3600 + 7 * 60 + 9.4);
   at.clock.restart_counting();
   for (const char* label : {"hold", "Warning"}) at.window.set_visible(label, true);
+  at.link.link_lost = 1;
   at.clock.tick();
+  EXPECT_TRUE(at.window["Warning"].visible) << "as long as the link is lost";
+  at.link.link_lost = 0;
   EXPECT_EQ(at.window[sample_clock_label].text, "03:07:09");
   EXPECT_EQ(at.window[sample_clock_label].tag, "5615") << "11229.4 / 2 + 0.5 = 5615.2";
   EXPECT_FALSE(at.window["hold"].visible);
-  EXPECT_FALSE(at.window["Warning"].visible);
+  EXPECT_EQ(at.clock.instant_date(), (Date{2026, 12, 31}));
+  at.world.set_clock_forward(21 * 3600);
+  at.clock.tick();
+  EXPECT_FALSE(at.window["Warning"].visible) << "also between two instants";
+  EXPECT_EQ(at.clock.instant_date(), (Date{2026, 12, 31})) << "the date of the instant, not of today";
   at.window.set_text(sample_time_label, "0 SEC");
   at.clock.tick();
+  EXPECT_EQ(at.clock.instant_date(), (Date{2027, 1, 1}));
   EXPECT_EQ(at.window[sample_clock_label].tag, "5615") << "left alone without a sampling time";
 }
 

@@ -21,16 +21,22 @@ Texts lines_of(const std::string& bytes) {
   return lines;
 }
 
-// The seconds in the TIME fields of the records, "13 15 ".
+// The seconds in the TIME fields of the records, "12 14 ".
 std::string seconds_of(const Texts& records) {
   std::string seconds;
   for (const std::string& record : records) seconds += record.substr(19, 2) + " ";
   return seconds;
 }
 
-// The program starts at 12:00:00, polls from 12:00:11 on, and has its first sampling instant at 12:00:13.
+// The program starts at 12:00:00 and polls from 12:00:11 on; an automatic recording then has its first
+// sampling instant at 12:00:12. The currents lead, so that no reading loses a minus sign.
 struct Recorder : Journey {
-  Recorder() { start_on_port(1); }
+  explicit Recorder(double time_of_day_s = 12 * 3600.0) : Journey(time_of_day_s) {
+    fix_phase(1, {2301, 12340, 2781, 0, -116});
+    fix_phase(2, {2298, 11870, 2655, 1200, 1068});
+    fix_phase(3, {2306, 13020, 2902, -1200, -1348});
+    start_on_port(1);
+  }
 
   void create(const std::string& path) {
     world.dialogs.file_answers.push_back(path);
@@ -88,7 +94,7 @@ TEST_F(RecordingTest, TheMenusFollowTheFourStates) {
   EXPECT_EQ(status(), "recording by hand: 0 lines");
   const Window& notice = window("CHKSPEED");
   EXPECT_EQ(notice.caption(), "");
-  EXPECT_EQ(notice["Text1"].text, "Recording (12:00:13)");
+  EXPECT_EQ(notice["Text1"].text, "Recording (12:00:12)");
   EXPECT_FALSE(notice["Text1"].enabled);
   click("FileStop");
   EXPECT_TRUE(notice["Text1"].enabled);
@@ -166,7 +172,7 @@ TEST_F(RecordingTest, OneRecordPerSamplingInstantWithTheTextsOfTheScreenAndAFull
   ASSERT_EQ(records().size(), 1u);
   const std::string record = records()[0];
   EXPECT_EQ(record.size(), 418u);
-  EXPECT_EQ(record.substr(0, 22), "11-22-2026,  12:00:13,");
+  EXPECT_EQ(record.substr(0, 22), "11-22-2026,  12:00:12,");
   EXPECT_EQ(record.substr(55, 11), "    230.1V,");
   EXPECT_EQ(record.substr(88, 11), "    12.34A,");
   EXPECT_EQ(record.substr(407), "    ------,");
@@ -174,11 +180,11 @@ TEST_F(RecordingTest, OneRecordPerSamplingInstantWithTheTextsOfTheScreenAndAFull
   world.files.write_failure = FileFailure::disk_full;
   world.run_for(6);
   EXPECT_EQ(status(), "recording: 2 lines, 3 waiting (disk full)");
-  EXPECT_EQ(seconds_of(records()), "13 15 ");
+  EXPECT_EQ(seconds_of(records()), "12 14 ");
   world.files.write_failure = FileFailure::none;
   world.run_for(2);
   EXPECT_EQ(status(), "recording: 6 lines");
-  EXPECT_EQ(seconds_of(records()), "13 15 17 19 21 23 ");
+  EXPECT_EQ(seconds_of(records()), "12 14 16 18 20 22 ");
 }
 
 // The format's own spacing, the uneven places included.
@@ -226,12 +232,12 @@ TEST_F(RecordingTest, EveryPanelStandsUnderItsName) {
       window().set_text(panel + "_value", std::to_string(mark) + ".5KVAR");
       expected += " " + std::to_string(mark) + ".5KVAR,";
     }
-    const std::string record = program().live.power.record();
+    const std::string record = program().live.power.record().text;
     EXPECT_EQ(record, expected);
     EXPECT_EQ(record.size(), 11 * (1 + static_cast<std::size_t>(std::ranges::count(c.names, ','))));
   }
   program().link.status.wiring_system = Wiring{4};
-  EXPECT_EQ(program().live.power.record(), "") << "an unknown system has no columns";
+  EXPECT_EQ(program().live.power.record().text, "") << "an unknown system has no columns";
 }
 
 TEST_F(RecordingTest, ByHandOneRecordPerPressHoweverOftenItIsPressed) {
@@ -288,6 +294,39 @@ TEST_F(RecordingTest, WhileTheMeterIsSilentTheLinesSaySo) {
   EXPECT_EQ(records().size(), ended);
 }
 
+// A VARH of -0.001KVARH has eleven characters.
+TEST_F(RecordingTest, TheStatusSaysThatAMinusSignWasCutAndThatTheColumnsChanged) {
+  fix_worked_load();
+  record_automatically();
+  world.run_for(10);
+  EXPECT_EQ(text("VARH_sys_value").substr(0, 3), "-0.");
+  EXPECT_EQ(records().back().substr(32 * 11, 11), text("VARH_sys_value").substr(1) + ",");
+  EXPECT_TRUE(status().ends_with(" lines, a minus sign was cut off")) << status();
+  meter.settings().wiring = simulator::Wiring::w3p3w;
+  click("get_hz");
+  EXPECT_TRUE(status().ends_with(" lines, the columns have changed, a minus sign was cut off")) << status();
+  click("FileStop");
+  create("d/b.csv");
+  click("auto_record");
+  EXPECT_EQ(status(), "recording: 0 lines");
+}
+
+// Sampling instants at 23:59:54, 23:59:59 and 00:00:04; the readings of the second one come after midnight.
+TEST(RecordingAtMidnight, ARecordHasTheDateOfItsSamplingInstant) {
+  Recorder late(86400 - 18.0);
+  late.dialogs().input_answers.push_back("5");
+  late.click("SampleRate");
+  late.record_automatically();
+  late.world.run_for(5.5);
+  late.meter.faults().silence = true;
+  late.world.run_for(2);
+  late.meter.faults().silence = false;
+  late.world.run_for(8);
+  std::string dates;
+  for (const std::string& record : late.records()) dates += record.substr(0, 5) + record.substr(10, 11) + " ";
+  EXPECT_EQ(dates, "11-22,  23:59:54 11-22,  23:59:59 11-23,  00:00:04 ");
+}
+
 TEST_F(RecordingTest, TheSamplingTimeIsBroughtIntoItsRange) {
   const std::tuple<const char*, const char*, std::size_t> rows[] = {
       {"10", "10 SEC", 0},       {"", "10 SEC", 0},         {"1", "2 SEC", 1},   {"2", "2 SEC", 0},
@@ -306,7 +345,7 @@ TEST_F(RecordingTest, TheSamplingTimeIsBroughtIntoItsRange) {
   EXPECT_EQ(text("Label1_1"), "5 SEC");
   record_automatically();
   world.run_for(12.9);
-  EXPECT_EQ(seconds_of(records()), "13 18 23 ") << "the next whole second, then one every five";
+  EXPECT_EQ(seconds_of(records()), "12 17 22 ") << "the next whole second, then one every five";
 }
 
 TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
@@ -322,7 +361,7 @@ TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
       "2 recorded lines could not be written (folder gone) to\nd/a.csv\n\nSave what is missing to another "
       "file?");
   EXPECT_EQ(world.files.contents["e/rest.csv"].substr(0, settings_line.size()), settings_line);
-  EXPECT_EQ(seconds_of(records("e/rest.csv")), "15 17 ");
+  EXPECT_EQ(seconds_of(records("e/rest.csv")), "14 16 ");
   EXPECT_EQ(status(), "not recording");
   EXPECT_EQ(menu_state(), "100--");
 }
@@ -368,7 +407,7 @@ TEST(ClosingWhileRecording, RescuesWhatWaits) {
     EXPECT_TRUE(fresh.world.ended());
     EXPECT_EQ(fresh.dialogs().questions.size(), quits ? 1u : 0u);
     const std::string path = folder + "/halden-rescued-power.csv";
-    EXPECT_EQ(seconds_of(fresh.records(path)), "15 17 ");
+    EXPECT_EQ(seconds_of(fresh.records(path)), "14 16 ");
     fresh.world.shell.ended = false;
     fresh.start();
     ASSERT_EQ(fresh.dialogs().told.size(), 1u);

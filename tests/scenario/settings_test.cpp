@@ -126,6 +126,24 @@ TEST_F(SettingsTest, OnlyPtLetsEventsThroughAndOnlyOnce) {
   }
 }
 
+// The status query at the end of the first setting fills all boxes again.
+TEST_F(SettingsTest, ASettingClickedDuringAnotherOneGoesOutAsItStoodAtTheClick) {
+  type("ct_value", "40");
+  type("pt_value", "7");
+  click_after(0, "set_ct");
+  world.user_closes(3, [this] {  // also in a wait without input
+    window().press("set_pt");
+    click_after(0, "set_pt");
+  });
+  world.run_for(60);
+  EXPECT_EQ(meter.settings().ct_ratio, 40);
+  EXPECT_EQ(meter.settings().pt_ratio, 7);
+  EXPECT_EQ(text("status_hint"), "PT is now 7");
+  type("ct_value", "0");
+  click("set_ct");
+  EXPECT_EQ(text("status_hint"), "the meter kept CT 40");
+}
+
 TEST(SettingsAtMidnight, AWaitBeginsAnewAndNothingIsLost) {
   Journey late(86400 - 16.0);
   late.start_on_port(1);  // 11 s
@@ -133,7 +151,7 @@ TEST(SettingsAtMidnight, AWaitBeginsAnewAndNothingIsLost) {
   late.click_after(2, "set_ct");
   late.world.user_closes(3, [&] { EXPECT_EQ(late.text("status_hint"), "Sending CT to the meter..."); });
   late.world.run_for(40);
-  EXPECT_EQ(late.text("status_hint"), "");
+  EXPECT_EQ(late.text("status_hint"), "CT is now 12");
   EXPECT_EQ(late.meter.settings().ct_ratio, 12);
 }
 

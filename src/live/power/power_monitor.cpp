@@ -9,18 +9,19 @@ namespace {
 constexpr std::size_t group_length = 51;  // a group is longer than this with what follows it
 constexpr double group_wait_s = 0.1;
 
-// "B", the tag of its channel, and the closing "E": noise that holds both letters is no harmonics frame.
-bool holds_harmonics_frame(const std::string& buffer) {
+// Where "B" and the tag of the channel begin a harmonics frame, which "E" ends: noise that holds both letters
+// is none.
+std::size_t harmonics_channel(const std::string& buffer) {
   const std::size_t begin = buffer.find('B');
-  if (begin == std::string::npos) return false;
-  const std::size_t channel = buffer.find("O=", begin);
-  return channel != std::string::npos && buffer.find('E', channel) != std::string::npos;
+  return begin == std::string::npos ? begin : buffer.find("O=", begin);
 }
 
 }  // namespace
 
 PowerFrame PowerMonitor::handle_frame() {
-  if (holds_harmonics_frame(buffer_)) {
+  if (const std::size_t channel = harmonics_channel(buffer_); channel != std::string::npos) {
+    other_phase_count_ = 0;
+    if (buffer_.find('E', channel) == std::string::npos) return PowerFrame::harmonics_arriving;
     buffer_.clear();
     return PowerFrame::of_harmonics;
   }

@@ -19,6 +19,7 @@ enum class PowerFrame {
   damaged,       // the frame has ended, but a value is missing
   incomplete,    // it is still arriving, or what has arrived is none
   of_harmonics,  // the meter is in its other mode
+  harmonics_arriving
 };
 
 class PowerMonitor {

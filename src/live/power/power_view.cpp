@@ -32,10 +32,14 @@ PowerTexts shown_texts(const Window& meter_rec) {
 
 FrameOutcome PowerView::take_frame() {
   const PowerFrame frame = monitor_.handle_frame();
-  other_mode_ = frame == PowerFrame::of_harmonics;
-  if (other_mode_) return FrameOutcome::other_mode;
+  if (frame == PowerFrame::of_harmonics || frame == PowerFrame::harmonics_arriving) {
+    other_mode_ = true;
+    return frame == PowerFrame::of_harmonics ? FrameOutcome::other_mode : FrameOutcome::incomplete;
+  }
+  if (frame != PowerFrame::incomplete || monitor_.other_phase_count() != 0) other_mode_ = false;
   if (frame == PowerFrame::complete) listener_.power_frame_shown();
-  if (frame == PowerFrame::complete || state_.link_lost == 0) follow_sampling_instant();
+  const bool lost = state_.link_lost == 1 || other_mode_;
+  if (frame == PowerFrame::complete || !lost) follow_sampling_instant();
   if (frame == PowerFrame::complete) return FrameOutcome::complete;
   return frame == PowerFrame::damaged ? FrameOutcome::damaged : FrameOutcome::incomplete;
 }
@@ -93,8 +97,8 @@ std::string PowerView::header() {
   return header_lines(power_settings_line(status_.wiring_system, setting_texts(window_)), header_line_);
 }
 
-std::string PowerView::record() const {
-  return power_record(status_.wiring_system, clock_.today(), sample_clock_.sampling_instant(),
+RecordLine PowerView::record() const {
+  return power_record(status_.wiring_system, sample_clock_.instant_date(), sample_clock_.sampling_instant(),
                       shown_texts(window_));
 }
 

@@ -21,10 +21,9 @@ class PowerFrameListener {
 class PowerView : public LiveView {
  public:
   // All outlive the view. A click on "<- Reset" clears what the program accumulates.
-  PowerView(const Clock& clock, Link& link, PowerChain& chain, const SampleClock& sample_clock,
-            PowerFrameListener& listener, Window& meter_rec)
-      : clock_(clock),
-        state_(link.state),
+  PowerView(Link& link, PowerChain& chain, const SampleClock& sample_clock, PowerFrameListener& listener,
+            Window& meter_rec)
+      : state_(link.state),
         status_(link.status),
         chain_(chain),
         sample_clock_(sample_clock),
@@ -42,7 +41,7 @@ class PowerView : public LiveView {
 
   // For an unknown wiring system the columns are those of the last header.
   std::string header() override;
-  std::string record() const override;
+  RecordLine record() const override;
 
   // Clears energies and demands, and the panels that show them.
   void reset_kwh();
@@ -52,7 +51,6 @@ class PowerView : public LiveView {
   void follow_sampling_instant();
   void advance_energy_and_demand();
 
-  const Clock& clock_;
   LinkState& state_;
   const MeterStatus& status_;
   PowerChain& chain_;

@@ -61,6 +61,8 @@ std::string Recording::create_data_file() {
 
 void Recording::begin_data_file(const std::string& path) {
   records_ = 0;
+  sign_cut_ = false;
+  header_wiring_ = views_.status.wiring_system;
   window_.set_text("FileName", window_["FileName"].text + " = " + path);
   LiveView* const view = views_.to_record();
   kind_ = view != nullptr ? view->record_kind() : RecordKind::harmonics;
@@ -131,9 +133,11 @@ void Recording::set_recording_notice(std::int16_t flag) {
 
 bool Recording::runs() const { return window_["FileStop"].enabled; }
 
-RecordingState Recording::state() const {
-  if (runs()) return manual_recording_ == 1 ? RecordingState::manual : RecordingState::automatic;
-  return data_file_ready_ == 1 ? RecordingState::file_ready : RecordingState::no_file;
+RecordingStatus Recording::status() const {
+  if (!runs()) return {data_file_ready_ == 1 ? RecordingState::file_ready : RecordingState::no_file};
+  const bool columns_changed = kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_;
+  return {manual_recording_ == 1 ? RecordingState::manual : RecordingState::automatic, columns_changed,
+          sign_cut_};
 }
 
 void Recording::frame_shown() {
@@ -144,7 +148,9 @@ void Recording::frame_shown() {
   if (!runs() || sample_clock_.sampling_instant() == no_sampling_instant) return;
   if (manual_recording_ != 1 && sample_clock_.new_instant()) record_pending_ = 1;
   if (record_pending_ != 1) return;
-  file_.append_line(views_.shown().record());
+  const RecordLine record = views_.shown().record();
+  file_.append_line(record.text);
+  sign_cut_ = sign_cut_ || record.sign_cut;
   ++records_;
   record_pending_ = 0;
 }
@@ -152,7 +158,7 @@ void Recording::frame_shown() {
 void Recording::no_communication() {
   const std::string& time = sample_clock_.sampling_instant();
   if (!runs() || time == last_lost_time_) return;
-  file_.append_line(no_communication_line(platform_.clock.today(), time));
+  file_.append_line(no_communication_line(sample_clock_.instant_date(), time));
   last_lost_time_ = time;
 }
 

@@ -20,6 +20,7 @@
 #include "live/recording/rescue.h"
 #include "live/sample_clock.h"
 #include "platform/platform.h"
+#include "readings/wiring.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -60,7 +61,7 @@ class Recording : public LiveListener {
   // Whether a recording runs, until its end.
   bool runs() const;
 
-  RecordingState state() const;
+  RecordingStatus status() const;
 
   const DataFile& file() const { return file_; }
 
@@ -88,6 +89,8 @@ class Recording : public LiveListener {
   std::int16_t manual_recording_ = 0;
   std::int16_t record_pending_ = 0;
   RecordKind kind_ = RecordKind::power;
+  bool sign_cut_ = false;
+  Wiring header_wiring_ = Wiring::w3p4w;  // whose columns the header line names
   std::size_t records_ = 0;
   std::string last_lost_time_;  // the sampling instant of the last no-communication line
 };

@@ -20,6 +20,9 @@ constexpr Text many_lines = {": {} lines", "：{} 行"};
 constexpr Text lines_wait = {", {} waiting ({})", "，{} 行等待寫入（{}）"};
 constexpr Text header_waits = {", not written yet ({})", "，尚未寫入（{}）"};
 
+constexpr Text columns_changed = {", the columns have changed", "，欄位已改變"};
+constexpr Text sign_cut = {", a minus sign was cut off", "，負號被截去"};
+
 constexpr Text title = {"End Recording", "停止記錄"};
 constexpr Text another_file = {"{} could not be written ({}) to\n{}\n\nSave what is missing to another file?",
                                "{} 行記錄無法寫入檔案（{}）：\n{}\n\n是否另存到其他檔案？"};
@@ -56,11 +59,14 @@ Message question(const std::string& text, Language language) {
 
 }  // namespace
 
-std::string recording_status_text(RecordingState state, const DataFile& file, Language language) {
+std::string recording_status_text(const RecordingStatus& status, const DataFile& file, Language language) {
+  const RecordingState state = status.state;
   std::string text(state_texts[static_cast<std::size_t>(state)].in(language));
   if (runs(state)) text += written_text(file.lines_written(), language);
   const bool matters = state != RecordingState::no_file || file.lines_waiting() > 0;
   if (matters && file.failure() != FileFailure::none) text += waiting_text(file, language);
+  if (status.columns_changed) text += columns_changed.in(language);
+  if (status.sign_cut) text += sign_cut.in(language);
   return text;
 }
 

@@ -12,8 +12,14 @@ namespace halden {
 
 enum class RecordingState { no_file, file_ready, automatic, manual };
 
-// For the status line: "recording: 12 lines, 3 waiting (disk full)".
-std::string recording_status_text(RecordingState state, const DataFile& file, Language language);
+struct RecordingStatus {
+  RecordingState state = RecordingState::no_file;
+  bool columns_changed = false;  // the wiring system is another one than that of the header line
+  bool sign_cut = false;         // a field of a record has lost its minus sign
+};
+
+// For the status line: "recording: 12 lines, 3 waiting (disk full), a minus sign was cut off".
+std::string recording_status_text(const RecordingStatus& status, const DataFile& file, Language language);
 
 // Asks whether to write the waiting lines to another file.
 Message question_for_another_file(const DataFile& file, Language language);

@@ -19,6 +19,8 @@ constexpr double ct_extra_wait_s = 0.2;  // after the last character
 constexpr double end_wait_s = 0.2;
 constexpr std::string_view command_end = "\r";
 
+constexpr Text is_now = {"{} is now {}", "{} 現為 {}"};
+constexpr Text was_kept = {"the meter kept {} {}", "電表保留 {} {}"};
 constexpr Text sending = {"Sending {} to the meter...", "正在傳送 {} 至電表…"};
 
 // "1" for 50 Hz, "2" for 60 Hz, "0" for automatic.
@@ -39,22 +41,46 @@ bool is_odd(double number) { return std::fmod(round_half_even(number), 2.0) != 0
 
 }  // namespace
 
+double setting_value(Setting setting, std::string_view text) {
+  const double number = leading_number(text);
+  return setting == Setting::hz && number != 50 && number != 60 ? 0 : number;
+}
+
 void SettingsPanel::connect() {
-  for (const SettingNames& names : meter_settings)
-    link_.gate.connect(window_, names.button, [this, setting = names.setting] { set(setting); });
+  for (const SettingNames& names : meter_settings) {
+    auto& pressed = pressed_[static_cast<std::size_t>(names.setting)];
+    window_.on_press(names.button, [this, &names, &pressed] { pressed = window_[names.box].text; });
+    window_.on_click(names.button, [this, &names] { click(names); });
+  }
   link_.gate.connect(window_, "get_hz", [this] { get_hz(); });
 }
 
-void SettingsPanel::set(Setting setting) {
-  const SettingNames& names = names_of(setting);
-  const Afterwards afterwards = link_.exchange.run([&] { return send(names); });
-  window_.set_text(status_hint, "");
-  if (afterwards == Afterwards::read_status) power_.reset_kwh();
+void SettingsPanel::click(const SettingNames& names) {
+  auto& pressed = pressed_[static_cast<std::size_t>(names.setting)];
+  const std::string text = pressed.value_or(window_[names.box].text);
+  pressed.reset();
+  link_.gate.run(std::string(names.button), [this, &names, text] { set(names.setting, text); });
 }
 
-Afterwards SettingsPanel::send(const SettingNames& names) {
+void SettingsPanel::set(Setting setting, const std::string& text) {
+  const SettingNames& names = names_of(setting);
+  const Afterwards afterwards = link_.exchange.run([&] { return send(names, text); });
+  window_.set_text(status_hint, "");
+  if (afterwards != Afterwards::read_status) return;
+  if (link_.query.succeeded()) tell_result(names, text);
+  power_.reset_kwh();
+}
+
+// What the meter holds now, whether it took the setting or not.
+void SettingsPanel::tell_result(const SettingNames& names, const std::string& text) {
+  const std::string& held = window_[names.box].text;
+  const bool taken = setting_value(names.setting, held) == setting_value(names.setting, text);
+  window_.set_text(status_hint,
+                   (taken ? is_now : was_kept).with(link_.state.language, {names.caption, held}));
+}
+
+Afterwards SettingsPanel::send(const SettingNames& names, const std::string& text) {
   link_.waits.wait_until_quiet();
-  const std::string text = window_[names.box].text;
   if (names.setting == Setting::sec && is_odd(leading_number(text))) {
     platform_.dialogs.message(
         {"Sampling time must be an even number (2, 4, 6, ...), please re-enter !", "", Icon::exclamation});

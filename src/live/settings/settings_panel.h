@@ -9,7 +9,10 @@
 // are reset after every exchange of the panel.
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "link/link.h"
 #include "live/power/power_view.h"
@@ -31,14 +34,16 @@ class SettingsPanel {
 
   // Sends the text of the box: CT ratio, PT ratio, demand period in minutes, sampling interval in seconds
   // (even numbers only), frequency (50, 60, anything else automatic).
-  void set(Setting setting);
+  void set(Setting setting, const std::string& text);
 
   // "Update Now": reads the status.
   void get_hz();
 
  private:
   void connect();
-  Afterwards send(const SettingNames& names);
+  void click(const SettingNames& names);
+  Afterwards send(const SettingNames& names, const std::string& text);
+  void tell_result(const SettingNames& names, const std::string& text);
   void send_value(Setting setting, const std::string& text);
   void tell_sending(const SettingNames& names);
 
@@ -46,6 +51,12 @@ class SettingsPanel {
   Link& link_;
   PowerView& power_;
   Window& window_;
+  // By setting: what stood in its box when its button was clicked. The click itself may have to wait for the
+  // end of another exchange, which fills the boxes.
+  std::array<std::optional<std::string>, meter_settings.size()> pressed_;
 };
+
+// The number a text stands for: for the frequency 50, 60, or 0 for automatic.
+double setting_value(Setting setting, std::string_view text);
 
 }  // namespace halden

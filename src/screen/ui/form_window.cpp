@@ -61,6 +61,7 @@ void FormWindow::apply_look(Look look) {
 }
 
 void FormWindow::click(std::string control) {
+  window_.press(control);
   input_.run_input([&values = window_, control = std::move(control)] { values.click(control); });
 }
 

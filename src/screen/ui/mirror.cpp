@@ -10,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "screen/ui/theme.h"
+
 namespace halden {
 
 namespace {
@@ -23,6 +25,8 @@ void show_on_widget(QWidget& widget, const Control& control) {
 
 void show_on_field(QLineEdit& field, const Control& control) {
   show_on_widget(field, control);
+  field.setAccessibleDescription(to_qt(control.description));
+  set_old(field, control.old);
   const QString text = to_qt(control.text);
   if (field.text() != text) field.setText(text);
 }

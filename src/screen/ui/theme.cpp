@@ -1,6 +1,7 @@
 #include "screen/ui/theme.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QWidget>
 #include <utility>
 
@@ -51,6 +52,7 @@ QLineEdit[role="edit_box"] {
   background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; padding: 0 6px; }
 QLineEdit[role="edit_box"]:focus { border: 2px solid @accent@; padding: 0 5px; }
 QLineEdit[role="edit_box"]:disabled { color: @disabled@; }
+QLineEdit[old="true"] { color: @quiet@; }
 QLabel[role="quiet"] { color: @quiet@; }
 
 QPushButton {
@@ -124,6 +126,14 @@ QString to_style_sheet(const Theme& theme) {
 
 void set_role(QWidget& widget, Role role) {
   widget.setProperty(role_property, QLatin1String(role_names[static_cast<std::size_t>(role)]));
+}
+
+void set_old(QWidget& reading, bool old) {
+  constexpr const char* old_property = "old";
+  if (reading.property(old_property).toBool() == old) return;
+  reading.setProperty(old_property, old);
+  reading.style()->unpolish(&reading);  // the rules that apply are chosen anew
+  reading.style()->polish(&reading);
 }
 
 void apply_to_application(Look look) {

@@ -35,6 +35,9 @@ QString to_style_sheet(const Theme& theme);
 enum class Role { reading, quiet, edit_box, alert, phase_1, phase_2, phase_3 };
 void set_role(QWidget& widget, Role role);
 
+// Shows a reading in the quiet colour while it is old.
+void set_old(QWidget& reading, bool old);
+
 // Gives the whole application a look.
 void apply_to_application(Look look);
 
