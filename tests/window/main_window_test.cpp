@@ -242,7 +242,8 @@ TEST_F(MeterRecTest, NoTextIsClippedAtAnySize) {
     values.apply_captions(language);
     values.set_text("PQA_mode", language == Language::chinese ? "諧波與波形" : "Harmo. and Waveform");
     values.set_text("power_system", language == Language::chinese ? "三相四線" : "3P4W");
-    for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1024, 1400), QSize(3840, 2160)})
+    for (const QSize size :
+         {QSize(640, 440), QSize(1024, 700), QSize(1280, 800), QSize(1024, 1400), QSize(3840, 2160)})
       for (const Wiring system : {Wiring::w1p2w, Wiring::w1p3w, Wiring::w3p3w, Wiring::w3p4w}) {
         arrange_for_system(system, values, columns);
         resize(size.width(), size.height());

@@ -96,7 +96,7 @@ TEST_F(PhasorFormTest, NoTextIsClippedAtAnySize) {
     values.set_tag(vector.label, leftward ? right_end_tag : "");
   }
   form.show_changes();
-  for (const QSize size : {QSize(800, 560), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
+  for (const QSize size : {QSize(640, 440), QSize(1280, 720), QSize(700, 1400), QSize(3840, 2160)}) {
     form.resize(size);
     QCoreApplication::sendPostedEvents();
     for (const std::string_view name : names)

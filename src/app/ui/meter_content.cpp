@@ -20,7 +20,9 @@ namespace {
 constexpr double title_pixels = 12.0;
 constexpr double reading_pixels = 17.0;
 constexpr double form_pixels = 14.0;
-constexpr int smallest_text = 11;
+constexpr int usual_smallest_text = 11;
+constexpr int smallest_text = 7;  // in small windows, where a caption would be cut
+constexpr int button_frame = 14;  // line and padding on both sides
 
 // Characters; sending takes half a second for each.
 constexpr int longest_setting = 10;
@@ -28,7 +30,13 @@ constexpr int longest_setting = 10;
 constexpr const char* clock_labels = "Label1";
 
 int scaled(double design_pixels, double scale) {
-  return std::max(static_cast<int>(std::lround(design_pixels * scale)), smallest_text);
+  return std::max(static_cast<int>(std::lround(design_pixels * scale)), usual_smallest_text);
+}
+
+// As large as wanted, but not wider or higher than the widget inside its frame.
+void fit_text(QWidget& widget, const QString& text, int frame, int wanted) {
+  const QSize room(widget.width() - frame, widget.height());
+  widget.setFont(with_pixel_size(text_font(), largest_size(text_font(), text, room, smallest_text, wanted)));
 }
 
 Role role_of_reading(const DesignedControl& designed) {
@@ -164,10 +172,13 @@ bool MeterContent::eventFilter(QObject* watched, QEvent* event) {
 void MeterContent::fit_texts() {
   const double scale = std::min(width() / (double{design_width} / double{units_per_pixel}),
                                 height() / (double{design_height} / double{units_per_pixel}));
-  for (QLabel* title : titles_) title->setFont(with_pixel_size(text_font(), scaled(title_pixels, scale)));
+  for (QLabel* title : titles_) fit_text(*title, title->text(), 0, scaled(title_pixels, scale));
   for (ReadingField* reading : readings_) reading->set_size(scaled(reading_pixels, scale));
-  for (QWidget* widget : form_widgets_)
-    widget->setFont(with_pixel_size(text_font(), scaled(form_pixels, scale)));
+  for (QWidget* widget : form_widgets_) {
+    const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+    fit_text(*widget, button != nullptr ? button->text() : QString(), button_frame,
+             scaled(form_pixels, scale));
+  }
   panels_.fit(scale);
 }
 

@@ -13,7 +13,7 @@ namespace halden {
 
 namespace {
 
-constexpr QSize smallest_size(1024, 700);
+constexpr QSize smallest_size(640, 440);
 constexpr QSize start_size(1280, 800);
 
 struct ControlShortcut {

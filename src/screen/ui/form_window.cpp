@@ -18,6 +18,9 @@ namespace {
 
 constexpr int menu_pixels = 14;
 
+// What a window manager usually adds around a window: title bar and borders.
+constexpr QSize window_frame(8, 40);
+
 // For a window that is only drawn for a print.
 class NoInput : public UserInput {
  public:
@@ -48,7 +51,7 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
   setCentralWidget(content);
   content->setFocus();  // otherwise a button would have the keyboard focus at the start
   setMinimumSize(design.smallest);
-  resize(design.start.boundedTo(screen()->availableSize()).expandedTo(design.smallest));
+  resize(design.start.boundedTo(screen()->availableSize() - window_frame).expandedTo(design.smallest));
   mirror_.show_changes();
   Q_EMIT places_changed();
 }

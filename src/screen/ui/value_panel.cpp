@@ -54,7 +54,8 @@ void ReadingField::fit() {
   const QFont wanted = with_pixel_size(reading_font(), size_);
   const int room = text_room(width());
   int pixels = size_;
-  if (width_of(wanted, text()) > room)
+  const bool too_high = QFontMetrics(wanted).tightBoundingRect(text()).height() > height();
+  if (too_high || width_of(wanted, text()) > room)
     pixels =
         largest_size(wanted, text(), QSize(room, height() - field_margins_vertical), smallest_digits, size_);
   if (font().pixelSize() != pixels || font().bold() != wanted.bold())

@@ -13,7 +13,7 @@ namespace halden {
 
 namespace {
 
-constexpr QSize smallest_size(800, 560);
+constexpr QSize smallest_size(640, 440);
 constexpr QSize start_size(1100, 760);
 constexpr int hint_width = 420;
 constexpr int hint_margin = 16;

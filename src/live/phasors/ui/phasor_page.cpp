@@ -12,7 +12,7 @@ namespace halden {
 
 namespace {
 
-constexpr int smallest_text = 10;
+constexpr int smallest_text = 7;
 
 // Sizes in design pixels.
 constexpr double button_pixels = 14;
