@@ -125,6 +125,7 @@ void Desk::exit() {
 }
 
 void Desk::print_main_window() {
+  meter_rec_.set_text(status_hint, "");  // the picture shows no old hint
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(meter_rec_.name());
   meter_rec_.set_text(status_hint, print_failure_sentence(platform_.printer.finish(), link_.state.language));

@@ -7,6 +7,7 @@
 
 #include "app/ui/desktop_program.h"
 #include "platform/port_table.h"
+#include "platform/process.h"
 
 namespace {
 
@@ -24,6 +25,12 @@ std::string check_port(const std::string& text) {
                                            : "expected N=DEVICE with N from 1 to 16, not " + text;
 }
 
+// A range check lets "nan" through, which is neither below nor above anything.
+std::string check_number(const std::string& text) {
+  return text.find_first_of("0123456789") == std::string::npos ? "expected a number, not " + text
+                                                               : std::string();
+}
+
 void declare(CLI::App& app, Typed& typed) {
   app.set_version_flag("--version", "halden " HALDEN_VERSION);
   app.add_flag("--demo", typed.options.demo, "COM 1 is a simulated meter, with a panel of its buttons");
@@ -39,7 +46,8 @@ void declare(CLI::App& app, Typed& typed) {
   app.add_option("--after", typed.options.screenshot_after_s,
                  "Seconds from showing the window to the picture")
       ->type_name("SECONDS")
-      ->check(CLI::Range(0.0, 86400.0));
+      ->check(CLI::Range(0.0, 86400.0))
+      ->check(check_number);
   app.add_option("--palette", typed.palette, "Colours; those of the desktop when not given")
       ->type_name("light|dark")
       ->check(CLI::IsMember({"light", "dark"}));
@@ -57,6 +65,7 @@ halden::DesktopOptions interpret(const Typed& typed) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  halden::prepare_process();
   CLI::App app("Companion of the Halden power and harmonics analyzer", "halden");
   Typed typed;
   declare(app, typed);

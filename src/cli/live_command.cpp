@@ -6,6 +6,7 @@
 #include <cmath>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
@@ -15,6 +16,7 @@ namespace halden {
 namespace {
 
 constexpr int silence_check_ms = 500;
+constexpr double noticed_silence_s = 5.0;
 constexpr int most_frames = 1'000'000'000;
 constexpr int ms_per_day = 86'400'000;
 
@@ -43,14 +45,18 @@ void LiveReport::start() {
 }
 
 void LiveReport::check_silence() {
-  if (!started_ || !options_.count) return;
-  if (program_.platform.clock.monotonic_s() - last_frame_s_ >= longest_silence_s)
+  if (!started_) return;
+  const double silent_s = program_.platform.clock.monotonic_s() - last_frame_s_;
+  if (silent_s >= noticed_silence_s && !std::exchange(silence_noted_, true))
+    terminal_.note("The meter sends no readings.");
+  if (options_.count && silent_s >= longest_silence_s)
     terminal_.failed("The meter has sent no readings for 30 seconds.");
 }
 
 void LiveReport::frame_shown() {
   if (frames_ == options_.count) return;
   last_frame_s_ = program_.platform.clock.monotonic_s();
+  silence_noted_ = false;
   Record record = live_record(program_.shared.meter_rec, local_time_text(program_.platform.clock));
   add_phasor_angles(program_.live.phasors.angles(), program_.link.status.wiring_system, record);
   const char* const block_end = options_.format == Format::text ? "\n" : "";

@@ -45,6 +45,7 @@ class LiveReport : public LiveListener {
   bool started_ = false;
   int frames_ = 0;
   double last_frame_s_ = 0.0;
+  bool silence_noted_ = false;
 };
 
 // "time", and the texts of the visible phase, line, system and unbalance panels under the panels' names.

@@ -4,8 +4,10 @@
 
 #include "cli/command.h"
 #include "cli/qt/qt_session.h"
+#include "platform/process.h"
 
 int main(int argc, char** argv) {
+  halden::prepare_process();
   CLI::App app("Companion of the Halden power and harmonics analyzer, without windows", "haldenctl");
   app.require_subcommand(1);
   app.set_version_flag("--version", "haldenctl " HALDEN_VERSION);

@@ -9,7 +9,11 @@ namespace halden {
 
 namespace {
 
+#ifdef SIGHUP  // a closed terminal
+constexpr std::array signals = {SIGINT, SIGTERM, SIGHUP};
+#else
 constexpr std::array signals = {SIGINT, SIGTERM};
+#endif
 
 // A signal handler can only use what exists as long as the process, and do little more than set a flag.
 volatile std::sig_atomic_t signal_came = 0;
@@ -26,12 +30,6 @@ void note_interruptions() {
 }
 
 bool interrupted() { return signal_came != 0; }
-
-void ignore_lost_readers() {
-#ifdef SIGPIPE  // without that signal writing simply fails
-  std::signal(SIGPIPE, SIG_IGN);
-#endif
-}
 
 Written write_results(std::string_view results) {
   errno = 0;

@@ -11,9 +11,6 @@ namespace halden {
 void note_interruptions();
 bool interrupted();
 
-// Ignores SIGPIPE: writing to a reader that has ended returns a result and does not end the program.
-void ignore_lost_readers();
-
 enum class Written { all, reader_gone, failed };
 
 // Writes to standard output and flushes.

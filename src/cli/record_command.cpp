@@ -111,6 +111,10 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
   command->add_option("--duration", record.duration_s, "End after that time")
       ->type_name("SECONDS")
       ->check(CLI::Range(0.0, longest_duration_s).description(""))
+      ->check([](const std::string& text) {  // a range check lets "nan" through
+        return text.find_first_of("0123456789") == std::string::npos ? "expected a number, not " + text
+                                                                     : std::string();
+      })
       ->excludes(records);
   command->add_flag_callback(
       "--append", [&record] { record.existing = ExistingFile::appended_to; },

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/process.h"
 #include "simulator/pty_meter.h"
 
 namespace simulator = halden::simulator;
@@ -66,6 +67,7 @@ int serve(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  halden::prepare_process();
   Options options;
   CLI::App app("A simulated Halden behind a pseudo-terminal.", "halden-meter");
   describe(app, options);

@@ -6,8 +6,8 @@
 
 namespace halden {
 
-// Calls `ended` from the event loop after SIGINT or SIGTERM. Only one at a time. Where such signals do not
-// exist it does nothing.
+// Calls `ended` from the event loop after SIGINT, SIGTERM or SIGHUP. Only one at a time. Where such signals
+// do not exist it does nothing.
 class SignalWatch : public QObject {
  public:
   explicit SignalWatch(std::function<void()> ended);

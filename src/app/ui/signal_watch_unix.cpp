@@ -1,5 +1,5 @@
-// SIGINT and SIGTERM on systems that have them: the signal handler may only write into a pipe; the event loop
-// reads it.
+// SIGINT, SIGTERM and SIGHUP (a closed terminal) on systems that have them: the signal handler may only write
+// into a pipe; the event loop reads it.
 #if defined(__unix__) || defined(__APPLE__)
 
 #include <fcntl.h>
@@ -16,7 +16,7 @@ namespace halden {
 
 namespace {
 
-constexpr std::array watched_signals = {SIGINT, SIGTERM};
+constexpr std::array watched_signals = {SIGINT, SIGTERM, SIGHUP};
 
 // Static, because a signal handler can only use what exists as long as the process.
 std::array<int, 2> pipe_ends = {-1, -1};

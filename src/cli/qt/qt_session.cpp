@@ -45,7 +45,6 @@ Platform QtSession::platform(const PortArgument& port, FileAccess access) {
 
 int QtSession::run(const std::function<void()>& command) {
   note_interruptions();
-  ignore_lost_readers();
   QTimer interruption_watch;
   QObject::connect(&interruption_watch, &QTimer::timeout, &world_, [this] { end_when_interrupted(); });
   interruption_watch.start(interruption_period_ms);

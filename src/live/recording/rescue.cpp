@@ -39,7 +39,7 @@ std::vector<std::string> Rescue::found() {
   for (const std::string& folder : folders_) {
     for (const std::string_view name : file_names) {
       std::string path = in_folder(folder, name);
-      if (files_.exists(path)) paths.push_back(std::move(path));
+      if (files_.length(path).value_or(0) > 0) paths.push_back(std::move(path));
     }
   }
   return paths;

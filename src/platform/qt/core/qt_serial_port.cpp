@@ -15,6 +15,10 @@ constexpr int search_period_ms = 500;
 // More than a minute of the line's 960 bytes a second; only a device that is not a meter sends more at once.
 constexpr std::size_t max_received_bytes = 65536;
 
+// Of the bytes that Qt has read and nobody has taken yet. Beyond that a device that floods the line waits.
+// Qt reads on by itself only after a pause when the buffer was full, so it is much larger than a piece.
+constexpr qint64 read_buffer_bytes = 1024 * 1024;
+
 struct ErrorCause {
   QSerialPort::SerialPortError error;
   PortRefusal cause;
@@ -82,6 +86,7 @@ PortRefusal QtSerialPort::try_open() {
 // Some adapters power their optical head from DTR and RTS; devices without these lines refuse them, which is
 // not an error.
 void QtSerialPort::prepare_line() {
+  port_.setReadBufferSize(read_buffer_bytes);
   port_.setDataTerminalReady(true);
   port_.setRequestToSend(true);
   port_.clear();
