@@ -75,6 +75,7 @@ void StatusLine::refresh() {
   window_.set_visible("status_rate", !misfit_text());  // frames come, but none that counts
   window_.set_text("status_recording",
                    recording_status_text(recording_.status(), recording_.file(), language));
+  window_.set_tooltip("status_recording", recording_.file().path());
   mark_readings();
 }
 

@@ -57,7 +57,7 @@ FileFailure DataFile::append_waiting(const std::string& path, Header header) {
   bytes += waiting_;
   const FileFailure failure = files_.append(path, bytes);
   if (failure != FileFailure::none) return failure;
-  lines_written_ += lines_waiting_;
+  if (path == path_) lines_written_ += lines_waiting_;
   lines_waiting_ = 0;
   waiting_.clear();
   header_waits_ = false;

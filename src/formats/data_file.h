@@ -37,7 +37,7 @@ class DataFile {
   FileFailure write_waiting_to(const std::string& path);
 
   const std::string& path() const { return path_; }
-  std::size_t lines_written() const { return lines_written_; }
+  std::size_t lines_written() const { return lines_written_; }  // to this file, not to another one
   std::size_t lines_waiting() const { return lines_waiting_; }
 
   // Why the last append failed; `none` when it did not.

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "link/polling.h"
 #include "link/status_query.h"
@@ -22,12 +24,17 @@ class Exchange {
     const Afterwards afterwards = work();
     if (afterwards == Afterwards::read_status) query_.query_meter_status();
     polling_.resume_polling(1);
+    for (const auto& handler : ended_) handler();
     return afterwards;
   }
+
+  // Called after each exchange, once polling goes on.
+  void on_ended(std::function<void()> handler) { ended_.push_back(std::move(handler)); }
 
  private:
   Polling& polling_;
   StatusQuery& query_;
+  std::vector<std::function<void()>> ended_;
 };
 
 }  // namespace halden

@@ -167,7 +167,7 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
   journey.world.files.folder_failures["d/"] = FileFailure::disk_full;
   run_for(4);
   EXPECT_EQ(terminal.notes,
-            std::vector<std::string>{"recording: 2 lines, 1 waiting (disk full), a minus sign was cut off"});
+            std::vector<std::string>{"recording a.csv: 2 lines, 1 waiting (disk full), a minus sign was cut off"});
   run->finish();
   const std::string where =
       "Recorded lines that could not be written are kept in work/halden-rescued-power.csv";

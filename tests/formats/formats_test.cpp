@@ -59,7 +59,7 @@ TEST_F(DataFileTest, WhatWaitsCanGoElsewhereWithItsHeader) {
   EXPECT_EQ(file.write_waiting_to("e/x.csv"), FileFailure::none);
   EXPECT_EQ(files.contents["e/x.csv"], "older\r\nhead\r\n2\r\n");
   EXPECT_EQ(file.lines_waiting(), 0u);
-  EXPECT_EQ(file.lines_written(), 2u);
+  EXPECT_EQ(file.lines_written(), 1u) << "the other one is in the other file";
   EXPECT_EQ(file.failure(), FileFailure::none);
 }
 

@@ -80,18 +80,18 @@ TEST_F(RecordingTest, TheMenusFollowTheFourStates) {
   create("d/a.csv");
   EXPECT_EQ(menu_state(), "110--");
   EXPECT_EQ(text("FileName"), "&Create Data File = d/a.csv");
-  EXPECT_EQ(status(), "data file ready");
+  EXPECT_EQ(status(), "a.csv: ready");
   click("auto_record");
   world.run_for(2.9);
   EXPECT_EQ(menu_state(), "001-N");
-  EXPECT_EQ(status(), "recording: 1 line");
+  EXPECT_EQ(status(), "recording a.csv: 1 line");
   click("FileStop");
   EXPECT_EQ(menu_state(), "100--");
   EXPECT_EQ(text("FileName"), "&Create Data File");
   create("d/b.csv");
   click("manual_record");
   EXPECT_EQ(menu_state(), "001RN");
-  EXPECT_EQ(status(), "recording by hand: 0 lines");
+  EXPECT_EQ(status(), "recording by hand b.csv: waiting for the first reading");
   const Window& notice = window("CHKSPEED");
   EXPECT_EQ(notice.caption(), "");
   EXPECT_EQ(notice["Text1"].text, "Recording (12:00:12)");
@@ -179,11 +179,11 @@ TEST_F(RecordingTest, OneRecordPerSamplingInstantWithTheTextsOfTheScreenAndAFull
   world.run_for(2);
   world.files.write_failure = FileFailure::disk_full;
   world.run_for(6);
-  EXPECT_EQ(status(), "recording: 2 lines, 3 waiting (disk full)");
+  EXPECT_EQ(status(), "recording a.csv: 2 lines, 3 waiting (disk full)");
   EXPECT_EQ(seconds_of(records()), "12 14 ");
   world.files.write_failure = FileFailure::none;
   world.run_for(2);
-  EXPECT_EQ(status(), "recording: 6 lines");
+  EXPECT_EQ(status(), "recording a.csv: 6 lines");
   EXPECT_EQ(seconds_of(records()), "12 14 16 18 20 22 ");
 }
 
@@ -308,7 +308,7 @@ TEST_F(RecordingTest, TheStatusSaysThatAMinusSignWasCutAndThatTheColumnsChanged)
   click("FileStop");
   create("d/b.csv");
   click("auto_record");
-  EXPECT_EQ(status(), "recording: 0 lines");
+  EXPECT_EQ(status(), "recording b.csv: waiting for the first reading");
 }
 
 // Sampling instants at 23:59:54, 23:59:59 and 00:00:04; the readings of the second one come after midnight.
@@ -362,7 +362,7 @@ TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
       "file?");
   EXPECT_EQ(world.files.contents["e/rest.csv"].substr(0, settings_line.size()), settings_line);
   EXPECT_EQ(seconds_of(records("e/rest.csv")), "14 16 ");
-  EXPECT_EQ(status(), "not recording");
+  EXPECT_EQ(status(), "not recording, a.csv: 1 line");
   EXPECT_EQ(menu_state(), "100--");
 }
 
@@ -379,7 +379,7 @@ TEST_F(RecordingTest, LinesThatCanBeKeptNowhereAreAskedForAgain) {
       dialogs().questions[1].text,
       "1 recorded line could not be kept in the working folder or the temporary folder either, and will "
       "be lost.\n\nTry again?");
-  EXPECT_EQ(status(), "not recording, 1 waiting (disk full)");
+  EXPECT_EQ(status(), "not recording, a.csv: 1 line, 1 waiting (disk full)");
   dialogs().confirm_answers = {false, true, false};
   world.dialogs.while_open = [this](const Message& question) {
     if (question.text.ends_with("Try again?")) world.files.write_failure = FileFailure::none;

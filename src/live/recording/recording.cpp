@@ -5,6 +5,7 @@
 #include "formats/record_field.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {
@@ -20,10 +21,19 @@ FileQuestion file_question(RecordKind kind) {
   return {{{"csv Files(*.csv)", "*.csv"}, any_file}, ".csv", ""};
 }
 
+// "halden-2026-11-23-1602"
+std::string suggested_name(const Moment& now) {
+  const int minutes = static_cast<int>(now.seconds_since_midnight) / 60;
+  return "halden-" + format_pattern(now.date.year, "0000") + "-" + format_pattern(now.date.month, "00") +
+         "-" + format_pattern(now.date.day, "00") + "-" + format_pattern(minutes / 60, "00") +
+         format_pattern(minutes % 60, "00");
+}
+
 }  // namespace
 
-Recording::Recording(const Platform& platform, const LinkState& link, const LiveViews& views,
-                     SampleClock& sample_clock, Window& meter_rec, Window& notice, Rescue& rescue)
+Recording::Recording(const Platform& platform, const LinkState& link, Exchange& exchange,
+                     const LiveViews& views, SampleClock& sample_clock, Window& meter_rec, Window& notice,
+                     Rescue& rescue)
     : platform_(platform),
       link_(link),
       views_(views),
@@ -33,6 +43,10 @@ Recording::Recording(const Platform& platform, const LinkState& link, const Live
       rescue_(rescue),
       file_(platform.files) {
   connect();
+  // The status query writes into the same notice.
+  exchange.on_ended([this] {
+    if (runs()) set_recording_notice(1);
+  });
 }
 
 void Recording::connect() {
@@ -50,8 +64,9 @@ void Recording::tell_rescued() {
 
 std::string Recording::create_data_file() {
   std::string elsewhere = settle_waiting();
-  const std::optional<std::string> chosen =
-      platform_.dialogs.save_file(file_question(views_.shown().record_kind()));
+  FileQuestion question = file_question(views_.shown().record_kind());
+  question.suggested_name = suggested_name(now_of(platform_.clock));
+  const std::optional<std::string> chosen = platform_.dialogs.save_file(question);
   if (!chosen || chosen->empty())
     no_file_chosen();
   else if (may_append_to(*chosen))
@@ -61,6 +76,7 @@ std::string Recording::create_data_file() {
 
 void Recording::begin_data_file(const std::string& path) {
   records_ = 0;
+  lost_lines_ = 0;
   sign_cut_ = false;
   header_wiring_ = views_.status.wiring_system;
   window_.set_text("FileName", window_["FileName"].text + " = " + path);
@@ -134,10 +150,16 @@ void Recording::set_recording_notice(std::int16_t flag) {
 bool Recording::runs() const { return window_["FileStop"].enabled; }
 
 RecordingStatus Recording::status() const {
-  if (!runs()) return {data_file_ready_ == 1 ? RecordingState::file_ready : RecordingState::no_file};
-  const bool columns_changed = kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_;
-  return {manual_recording_ == 1 ? RecordingState::manual : RecordingState::automatic, columns_changed,
-          sign_cut_};
+  RecordingStatus status;
+  if (runs())
+    status.state = manual_recording_ == 1 ? RecordingState::manual : RecordingState::automatic;
+  else if (data_file_ready_ == 1)
+    status.state = RecordingState::file_ready;
+  status.lost_lines = lost_lines_;
+  status.columns_changed =
+      runs() && kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_;
+  status.sign_cut = sign_cut_;
+  return status;
 }
 
 void Recording::frame_shown() {
@@ -159,6 +181,7 @@ void Recording::no_communication() {
   const std::string& time = sample_clock_.sampling_instant();
   if (!runs() || time == last_lost_time_) return;
   file_.append_line(no_communication_line(sample_clock_.instant_date(), time));
+  ++lost_lines_;
   last_lost_time_ = time;
 }
 

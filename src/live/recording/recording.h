@@ -14,6 +14,7 @@
 #include <string>
 
 #include "formats/data_file.h"
+#include "link/exchange.h"
 #include "link/link_state.h"
 #include "live/live_view.h"
 #include "live/recording/recording_texts.h"
@@ -28,7 +29,7 @@ namespace halden {
 class Recording : public LiveListener {
  public:
   // All outlive the recording. Connects the menu entries and the record button of the main window.
-  Recording(const Platform& platform, const LinkState& link, const LiveViews& views,
+  Recording(const Platform& platform, const LinkState& link, Exchange& exchange, const LiveViews& views,
             SampleClock& sample_clock, Window& meter_rec, Window& notice, Rescue& rescue);
   Recording(const Recording&) = delete;
   Recording& operator=(const Recording&) = delete;
@@ -92,6 +93,7 @@ class Recording : public LiveListener {
   bool sign_cut_ = false;
   Wiring header_wiring_ = Wiring::w3p4w;  // whose columns the header line names
   std::size_t records_ = 0;
+  std::size_t lost_lines_ = 0;  // no-communication lines
   std::string last_lost_time_;  // the sampling instant of the last no-communication line
 };
 

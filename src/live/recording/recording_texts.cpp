@@ -11,12 +11,15 @@ namespace {
 
 // In the order of RecordingState.
 constexpr std::array<Text, 4> state_texts = {{{"not recording", "未記錄"},
-                                              {"data file ready", "檔案已建立"},
-                                              {"recording", "記錄中"},
-                                              {"recording by hand", "手動記錄中"}}};
+                                              {"{}: ready", "{}：已建立"},
+                                              {"recording {}", "記錄中 {}"},
+                                              {"recording by hand {}", "手動記錄中 {}"}}};
 
+constexpr Text ended = {"not recording, {}", "未記錄，{}"};
+constexpr Text first_reading = {": waiting for the first reading", "：等待第一筆讀值"};
 constexpr Text one_line = {": {} line", "：{} 行"};
 constexpr Text many_lines = {": {} lines", "：{} 行"};
+constexpr Text lines_lost = {", {} lost", "，遺失 {} 行"};
 constexpr Text lines_wait = {", {} waiting ({})", "，{} 行等待寫入（{}）"};
 constexpr Text header_waits = {", not written yet ({})", "，尚未寫入（{}）"};
 
@@ -60,10 +63,18 @@ Message question(const std::string& text, Language language) {
 }  // namespace
 
 std::string recording_status_text(const RecordingStatus& status, const DataFile& file, Language language) {
-  const RecordingState state = status.state;
-  std::string text(state_texts[static_cast<std::size_t>(state)].in(language));
-  if (runs(state)) text += written_text(file.lines_written(), language);
-  const bool matters = state != RecordingState::no_file || file.lines_waiting() > 0;
+  const std::string name = file.path().substr(file.path().find_last_of("/\\") + 1);
+  const bool has_lines = file.lines_written() + file.lines_waiting() > 0;
+  const bool has_ended = status.state == RecordingState::no_file && has_lines;
+  const Text& state = has_ended ? ended : state_texts[static_cast<std::size_t>(status.state)];
+  std::string text = state.with(language, {name});
+  if (runs(status.state) && !has_lines)
+    text += first_reading.in(language);
+  else if (runs(status.state) || has_ended)
+    text += written_text(file.lines_written(), language);
+  if (status.lost_lines > 0 && has_lines)
+    text += lines_lost.with(language, {std::to_string(status.lost_lines)});
+  const bool matters = status.state != RecordingState::no_file || file.lines_waiting() > 0;
   if (matters && file.failure() != FileFailure::none) text += waiting_text(file, language);
   if (status.columns_changed) text += columns_changed.in(language);
   if (status.sign_cut) text += sign_cut.in(language);

@@ -14,11 +14,13 @@ enum class RecordingState { no_file, file_ready, automatic, manual };
 
 struct RecordingStatus {
   RecordingState state = RecordingState::no_file;
+  std::size_t lost_lines = 0;    // of the lines, those that say that the meter did not answer
   bool columns_changed = false;  // the wiring system is another one than that of the header line
   bool sign_cut = false;         // a field of a record has lost its minus sign
 };
 
-// For the status line: "recording: 12 lines, 3 waiting (disk full), a minus sign was cut off".
+// For the status line: "recording day.csv: 12 lines, 5 lost, 3 waiting (disk full), a minus sign was cut
+// off".
 std::string recording_status_text(const RecordingStatus& status, const DataFile& file, Language language);
 
 // Asks whether to write the waiting lines to another file.
