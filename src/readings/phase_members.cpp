@@ -48,10 +48,8 @@ void Readings::line_voltage(double va, double vb, double angle_a, double angle_b
   const double theta = (angle_a - angle_b) * tenths_to_radians;
   const auto raw = to_int32(derived_magnitude(va * va + vb * vb - 2.0 * va * vb * std::cos(theta)));
   if (!raw) return;
-  auto text = voltage_text_of(scaling_, *raw);
-  if (!text) return;
   line_voltage_raw = *raw;
-  line_voltage_text = std::move(*text);
+  if (auto text = voltage_text_of(scaling_, *raw)) line_voltage_text = std::move(*text);
 }
 
 void Readings::active_power(double w) {
@@ -72,10 +70,8 @@ void Readings::apparent_power(double v, double i, double w) {
   if (!product) return;
   const std::int64_t magnitude = integer_quotient(*product, products_per_va_count);
   const auto raw = static_cast<double>(w < 0.0 ? -magnitude : magnitude);
-  auto text = power_text_of(scaling_, raw, Division::real, va_units);
-  if (!text) return;
   va_raw = raw;
-  va_text = std::move(*text);
+  if (auto text = power_text_of(scaling_, raw, Division::real, va_units)) va_text = std::move(*text);
 }
 
 void Readings::reactive_power(DerivedRaw va, double w, double angle_v, double angle_i) {
@@ -88,10 +84,8 @@ void Readings::reactive_power(DerivedRaw va, double w, double angle_v, double an
   const double sign = angle_difference(angle_v, angle_i) >= 0.0 ? 1.0 : -1.0;
   // The rounding comes last: it turns a -0 into 0.
   const double raw = round_half_even(sign * static_cast<double>(magnitude));
-  auto text = power_text_of(scaling_, raw, Division::real, var_units);
-  if (!text) return;
   var_raw = raw;
-  var_text = std::move(*text);
+  if (auto text = power_text_of(scaling_, raw, Division::real, var_units)) var_text = std::move(*text);
 }
 
 void Readings::phase_angle(double v, double i, double angle_v, double angle_i) {

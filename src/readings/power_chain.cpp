@@ -6,6 +6,7 @@ namespace halden {
 
 PhaseTexts PowerChain::take_phase(std::size_t phase, const PhaseGroup& group) {
   PhaseTexts texts;
+  Readings& readings = phases_[phase];
   if (group.v) {
     raw.v_raw[phase] = *group.v;
     readings.voltage(*group.v);
@@ -17,6 +18,7 @@ PhaseTexts PowerChain::take_phase(std::size_t phase, const PhaseGroup& group) {
 }
 
 void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts) {
+  Readings& readings = phases_[phase];
   if (group.i) {
     raw.i_raw[phase] = *group.i;
     readings.current(*group.i);
@@ -37,6 +39,7 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
 
 // Without a voltage or a current its angle has no meaning.
 void PowerChain::take_angles(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts) {
+  Readings& readings = phases_[phase];
   raw.v_angle[phase] = raw.v_raw[phase] == 0 ? 0 : *group.v_angle;
   raw.i_angle[phase] = raw.i_raw[phase] == 0 ? 0 : to_int32(*group.i_angle).value_or(raw.i_angle[phase]);
   readings.phase_angle(raw.v_raw[phase], raw.i_raw[phase], raw.v_angle[phase], raw.i_angle[phase]);
@@ -64,9 +67,9 @@ SystemTexts PowerChain::take_system() {
   texts.lines.emplace();
   for (std::size_t a = 0; a < phase_count; ++a) {
     const std::size_t b = (a + 1) % phase_count;
-    readings.line_voltage(raw.v_raw[a], raw.v_raw[b], raw.v_angle[a], raw.v_angle[b]);
-    raw.line_raw[a] = readings.line_voltage_raw;
-    (*texts.lines)[a] = readings.line_voltage_text;
+    lines_[a].line_voltage(raw.v_raw[a], raw.v_raw[b], raw.v_angle[a], raw.v_angle[b]);
+    raw.line_raw[a] = lines_[a].line_voltage_raw;
+    (*texts.lines)[a] = lines_[a].line_voltage_text;
   }
   return texts;
 }

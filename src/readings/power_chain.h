@@ -63,7 +63,11 @@ struct SystemTexts {
 class PowerChain {
  public:
   // `scaling` outlives the chain; its wiring system decides which phases count.
-  explicit PowerChain(const Scaling& scaling) : readings(scaling), scaling_(scaling) {}
+  explicit PowerChain(const Scaling& scaling)
+      : readings(scaling),
+        scaling_(scaling),
+        phases_{Readings(scaling), Readings(scaling), Readings(scaling)},
+        lines_{phases_} {}
   explicit PowerChain(Scaling&&) = delete;
 
   // `phase` is 0, 1 or 2.
@@ -73,13 +77,15 @@ class PowerChain {
   SystemTexts take_system();
 
   PowerReadings raw;
-  Readings readings;  // the formatters, and the energies and demands, which the user of the chain advances
+  Readings readings;  // of the system; its energies and demands are advanced by the user of the chain
 
  private:
   void take_powers(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
   void take_angles(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
 
   const Scaling& scaling_;
+  PerPhase<Readings> phases_;  // each keeps its own last text when a product does not fit
+  PerPhase<Readings> lines_;
 };
 
 }  // namespace halden

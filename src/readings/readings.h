@@ -2,14 +2,14 @@
 // values derived on the way (line voltages, apparent and reactive power, power factors, energies, demand).
 //
 // A member function takes raw readings, writes its text and, where it derives a value, that value; both stay
-// until the next call. There is one text per quantity, shared by all phases: copy it before the next phase.
+// until the next call.
 // Raw units: voltage 0.1 V; current 0.1 mA x 10^range; powers 0.1 W (VA, VAR) x 10^range; angles tenths of a
 // degree.
 //
 // Over range (-1 from the meter in an input that is checked, or a derived input without a value) writes the
-// overload text and clears the derived value. A product of one phase beyond 32 bits ends the call: text and
-// values stay as they were. Powers of the system, energies and demands have no such
-// limit.
+// overload text and clears the derived value. A product of one phase beyond 32 bits ends the call: the text
+// stays as it was; a derived value that was found before is new. Powers of the system, energies and demands
+// have no such limit.
 #pragma once
 
 #include <cstdint>

@@ -193,7 +193,8 @@ TEST(PhaseAngle, ComesBackIntoTheCircleOnce) {
   expect_rows(&Readings::phase_angle, &Readings::angle_text, &Readings::angle_raw, rows);
 }
 
-// Every product of the chain is 32-bit. One that does not fit leaves text and values of the call before.
+// Every product of the chain is 32-bit. One that does not fit leaves what comes after it as of the call
+// before: the text, but not a raw value that has been found already.
 TEST(Overflow, AbandonsTheMember) {
   Scaling scaling = unscaled;
   Readings readings(scaling);
@@ -227,9 +228,9 @@ TEST(Overflow, AbandonsTheMember) {
   EXPECT_EQ(readings.current_text + ' ' + readings.voltage_text + ' ' + readings.line_voltage_text + ' ' +
                 readings.power_text + ' ' + readings.va_text + ' ' + readings.var_text,
             "123.4mA 230.0V 459.9V 100.0W 115.0VA 040.0VAR");
-  EXPECT_EQ(readings.line_voltage_raw, 4599);
+  EXPECT_EQ(readings.line_voltage_raw, 99999);
   EXPECT_EQ(readings.va_raw, 1150);
-  EXPECT_EQ(readings.var_raw, 400);
+  EXPECT_EQ(readings.var_raw, 1000);
 }
 
 }  // namespace
