@@ -37,8 +37,11 @@ bool frame_is_complete(const LinkState& state) {
 }
 
 void LivePoll::tick() {
+  const std::size_t before = live_buffer(state_).size();
   waits_.drain(live_buffer(state_));
-  if (!frame_is_complete(state_)) return count_missed_poll(false);
+  const bool arrived = live_buffer(state_).size() != before;
+  if (arrived) state_.last_arrival_s = platform_.clock.monotonic_s();
+  if (!frame_is_complete(state_)) return count_missed_poll(Repeat::due);
   waits_.drain(live_buffer(state_));
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
   switch (frames_.take_frame()) {
@@ -51,30 +54,32 @@ void LivePoll::tick() {
       state_.missed_polls = missed_polls_before_request;
       state_.link_lost = 0;
       break;
+    case FrameOutcome::other_mode_arriving:
+      if (!arrived) count_missed_poll(Repeat::due);
+      break;
     case FrameOutcome::damaged:
-      count_missed_poll(true);
+      count_missed_poll(Repeat::done);
       break;
     case FrameOutcome::incomplete:
-      count_missed_poll(false);
+      count_missed_poll(arrived ? Repeat::not_inside_a_frame : Repeat::due);
       break;
   }
 }
 
-// `requested`: the next frame has been requested already.
-void LivePoll::count_missed_poll(bool requested) {
+void LivePoll::count_missed_poll(Repeat repeat) {
   ++state_.missed_polls;
-  if (state_.missed_polls % request_again_every == 0 && !requested) polling_.send_live_request();
+  if (state_.missed_polls % request_again_every == 0 && repeat == Repeat::due) polling_.send_live_request();
   if (state_.missed_polls > lost_after) {
+    state_.link_lost = 1;
     meter_rec_.set_visible("Warning", true);
     let_events_run(platform_.clock);
-    state_.link_lost = 1;
     frames_.no_communication();
   }
   if (state_.missed_polls > give_up_after) {
     platform_.shell.beep();
     state_.poll_buffer.clear();
     state_.wave_buffer.clear();  // a head of five seconds ago would spoil the waveform that comes after it
-    polling_.send_live_request();
+    if (repeat != Repeat::done) polling_.send_live_request();
     state_.missed_polls = 0;
   }
 }

@@ -17,6 +17,7 @@ enum class FrameOutcome {
   damaged,     // a frame that has a value missing; the next one is requested
   incomplete,  // no frame, or one that is still arriving
   other_mode,  // a frame of the meter's other mode
+  other_mode_arriving
 };
 
 // Takes what the live poll hands over.
@@ -46,7 +47,10 @@ class LivePoll {
   void tick();
 
  private:
-  void count_missed_poll(bool requested);
+  // Whether a missed tick may repeat the request: it has been done already, and bytes that still arrive may
+  // be the rest of a frame.
+  enum class Repeat { due, done, not_inside_a_frame };
+  void count_missed_poll(Repeat repeat);
 
   Platform platform_;
   Waits& waits_;

@@ -198,7 +198,8 @@ TEST_F(LivePollTest, OnlyWholeFramesEndTheCountOfMissedTicks) {
   const std::tuple<FrameOutcome, int, const char*> rows[] = {{FrameOutcome::incomplete, 17, "    "},
                                                              {FrameOutcome::damaged, 17, ""},
                                                              {FrameOutcome::not_shown, 0, ""},
-                                                             {FrameOutcome::other_mode, 3, ""}};
+                                                             {FrameOutcome::other_mode, 3, ""},
+                                                             {FrameOutcome::other_mode_arriving, 17, "    "}};
   for (const auto& [outcome, missed, requests] : rows) {
     state.missed_polls = state.link_lost = 0;
     port.sent.clear();
@@ -208,6 +209,22 @@ TEST_F(LivePollTest, OnlyWholeFramesEndTheCountOfMissedTicks) {
     EXPECT_EQ(state.missed_polls, missed);
     EXPECT_EQ(state.link_lost, missed == 17 ? 1 : 0);
     EXPECT_EQ(sent_text(), requests) << missed;
+  }
+}
+
+// A request into a long frame that is still arriving would start it anew.
+TEST_F(LivePollTest, NothingIsRequestedInsideAFrame) {
+  state.poll_buffer = std::string(51, 'x');
+  for (const auto& [outcome, missed] :
+       {std::pair(FrameOutcome::other_mode_arriving, 0), {FrameOutcome::incomplete, 8}}) {
+    state.missed_polls = 0;
+    views.outcome = outcome;
+    for (int tick = 1; tick <= 8; ++tick) {
+      port.arrive(0, "x");
+      poll.tick();
+    }
+    EXPECT_EQ(state.missed_polls, missed);
+    EXPECT_EQ(sent_text(), "");
   }
 }
 

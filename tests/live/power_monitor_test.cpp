@@ -124,8 +124,11 @@ TEST_F(PowerMonitorTest, AFrameIsCompleteWithAllGroupsOfTheWiring) {
   const std::tuple<const char*, std::string, int, PowerFrame, std::size_t> rows[] = {
       {"phases in another order", group('2') + "  " + one, 1, PowerFrame::incomplete, 0},
       {"one of three", one, 3, PowerFrame::incomplete, 0},
-      {"one of three again", one + one, 3, PowerFrame::incomplete, 1},
-      {"two of three again", two + two, 3, PowerFrame::incomplete, 2},
+      {"one of three again", one + one, 3, PowerFrame::incomplete, 0},
+      {"a gap where more was lost", two + two + group('1') + std::string(40, 'x') + group('2'), 3,
+       PowerFrame::incomplete, 0},
+      {"one of three again and again", one + one + one, 3, PowerFrame::incomplete, 1},
+      {"two of three again and again", two + two + two, 3, PowerFrame::incomplete, 2},
       {"three of three", three, 3, PowerFrame::complete, 0},
       {"three where one is used", three, 0, PowerFrame::complete, 3},
       {"an old one and the head of the next", three + two, 3, PowerFrame::complete, 0}};

@@ -1,6 +1,7 @@
 #include "live/power/power_frame.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -15,6 +16,9 @@ constexpr std::size_t value_length = 6;
 constexpr std::size_t separator_offset = value_offset - 1;
 constexpr std::size_t field_length = value_offset + value_length;
 
+constexpr std::size_t longest_gap = 4;  // between two groups, or two frames
+constexpr std::size_t sure_after = 3;   // frames
+
 constexpr std::string_view symbols = "VIWPQ";
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
@@ -28,6 +32,7 @@ std::string_view without_blanks(std::string_view text) {
 }
 
 struct Field {
+  std::size_t at;
   char symbol;
   std::size_t phase;
   std::optional<double> value;
@@ -38,7 +43,7 @@ std::optional<Field> field_at(std::string_view text, std::size_t at) {
   if (at + field_length > text.size() || symbols.find(text[at]) == std::string_view::npos) return {};
   const char digit = text[at + 1];
   if (digit < '1' || digit > '3') return {};
-  return Field{text[at], static_cast<std::size_t>(digit - '1'),
+  return Field{at, text[at], static_cast<std::size_t>(digit - '1'),
                power_field_value(text.substr(at + separator_offset, field_length - separator_offset))};
 }
 
@@ -59,8 +64,8 @@ class GroupReader {
   std::vector<PowerGroup> groups;
 
  private:
-  void begin(std::size_t phase, std::optional<double> v) {
-    open_ = PowerGroup{phase, {v, {}, {}, {}, {}}};
+  void begin(const Field& voltage) {
+    open_ = PowerGroup{voltage.phase, {voltage.value, {}, {}, {}, {}}, voltage.at, 0};
     seen_.clear();
     later_voltage_.reset();
   }
@@ -69,17 +74,20 @@ class GroupReader {
     if (open_ && open_->phase == field.phase && !seen_.empty())
       later_voltage_ = field;
     else
-      begin(field.phase, field.value);
+      begin(field);
   }
 
   void take_other(const Field& field) {
     if (seen_.find(field.symbol) != std::string::npos) {
       if (!later_voltage_) return open_.reset();  // a group without its voltage
-      begin(field.phase, later_voltage_->value);
+      begin(Field(*later_voltage_));
     }
     seen_ += field.symbol;
     value_of(field.symbol) = field.value;
     if (field.symbol != 'Q') return;
+    // One of the labels between the two voltages may belong to either.
+    if (later_voltage_) open_->values.w.reset();
+    open_->end = field.at + field_length;
     groups.push_back(*open_);
     open_.reset();
   }
@@ -103,11 +111,20 @@ std::vector<PowerGroup> read_groups(std::string_view text) {
   return std::move(reader.groups);
 }
 
-// How many groups from `first` on are those of phase 1, 2, 3.
+// How many groups from `first` on are those of phase 1, 2, 3 of one frame: one directly behind the other.
 std::size_t run_length(const std::vector<PowerGroup>& groups, std::size_t first) {
   std::size_t length = 0;
-  while (first + length < groups.size() && groups[first + length].phase == length) ++length;
+  while (first + length < groups.size() && groups[first + length].phase == length) {
+    if (length > 0 && groups[first + length].begin > groups[first + length - 1].end + longest_gap) break;
+    ++length;
+  }
   return length;
+}
+
+// Whether the groups are whole and nothing of a further group stands between them and what follows at `next`.
+bool is_whole_run(std::span<const PowerGroup> run, std::size_t next) {
+  return run.back().end + longest_gap >= next &&
+         std::all_of(run.begin(), run.end(), [](const PowerGroup& group) { return group.whole(); });
 }
 
 }  // namespace
@@ -127,25 +144,27 @@ bool PowerFrameText::whole() const {
 PowerFrameText read_power_frame(std::string_view text, std::size_t phases) {
   const std::vector<PowerGroup> all = read_groups(text);
   PowerFrameText frame;
-  std::size_t frames = 0;  // in a row with the same number of groups
+  std::size_t frames = 0;  // whole ones in a row with the same number of groups
   for (std::size_t first = 0; first < all.size();) {
     const std::size_t length = run_length(all, first);
     if (length == 0) {
       ++first;
       continue;
     }
-    // A frame in use that has ended is newer than one that is still arriving.
+    const auto run = std::span(all).subspan(first, length);
+    // A frame of the phases in use that has ended is newer than one that is still arriving.
     if (length >= phases || !frame.ended) {
-      const auto begin = all.begin() + static_cast<std::ptrdiff_t>(first);
-      frame.groups.assign(begin, begin + static_cast<std::ptrdiff_t>(std::min(length, phases)));
+      frame.groups.assign(run.begin(), run.begin() + static_cast<std::ptrdiff_t>(std::min(length, phases)));
       frame.ended = length >= phases;
     }
-    frames = length == frame.phases_sent ? frames + 1 : 1;
-    frame.phases_sent = length;
     first += length;
+    const std::size_t next = first < all.size() ? all[first].begin : text.size();
+    const bool counts = is_whole_run(run, next);
+    frames = !counts ? 0 : length == frame.phases_sent ? frames + 1 : 1;
+    frame.phases_sent = counts ? length : 0;
   }
   const bool more = frame.ended && frame.phases_sent > phases;
-  if (!more && frames < 2) frame.phases_sent = 0;
+  if (!more && frames < sure_after) frame.phases_sent = 0;
   return frame;
 }
 

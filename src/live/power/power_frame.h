@@ -26,6 +26,8 @@ std::optional<double> power_field_value(std::string_view field);
 struct PowerGroup {
   std::size_t phase = 0;  // 0 to 2
   PhaseGroup values;      // a damaged field is missing
+  std::size_t begin = 0;  // where its voltage label stands in the text, and what follows its last value
+  std::size_t end = 0;
 
   bool whole() const { return values.v && values.i && values.w && values.v_angle && values.i_angle; }
 };
@@ -33,7 +35,7 @@ struct PowerGroup {
 // The newest frame of a text that may begin with the rest of an older one and end with the head of the next.
 struct PowerFrameText {
   std::vector<PowerGroup> groups;  // of phase 1, 2, ..., as far as they have arrived in full
-  std::size_t phases_sent = 0;     // when frames of this many groups come again and again; 0 while unknown
+  std::size_t phases_sent = 0;     // when whole frames of this many groups come again and again; else 0
   bool ended = false;              // the group of the last phase in use has arrived
 
   // Whether every value of every phase in use can be read.

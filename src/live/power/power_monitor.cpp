@@ -21,8 +21,9 @@ std::size_t harmonics_channel(const std::string& buffer) {
 PowerFrame PowerMonitor::handle_frame() {
   if (const std::size_t channel = harmonics_channel(buffer_); channel != std::string::npos) {
     other_phase_count_ = 0;
-    if (buffer_.find('E', channel) == std::string::npos) return PowerFrame::harmonics_arriving;
-    buffer_.clear();
+    const std::size_t end = buffer_.find('E', channel);
+    if (end == std::string::npos) return PowerFrame::harmonics_arriving;
+    buffer_.erase(0, end + 1);
     return PowerFrame::of_harmonics;
   }
   if (buffer_.size() <= group_length) return PowerFrame::incomplete;

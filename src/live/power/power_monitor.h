@@ -38,6 +38,9 @@ class PowerMonitor {
   // harmonics frame is dropped.
   PowerFrame handle_frame();
 
+  // The meter's settings were read again: what was found about its frames no longer counts.
+  void forget_other_phases() { other_phase_count_ = 0; }
+
   // How many phases the meter sends, when that is not the number in use; 0 otherwise.
   std::size_t other_phase_count() const { return other_phase_count_; }
 

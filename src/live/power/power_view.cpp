@@ -34,7 +34,7 @@ FrameOutcome PowerView::take_frame() {
   const PowerFrame frame = monitor_.handle_frame();
   if (frame == PowerFrame::of_harmonics || frame == PowerFrame::harmonics_arriving) {
     other_mode_ = true;
-    return frame == PowerFrame::of_harmonics ? FrameOutcome::other_mode : FrameOutcome::incomplete;
+    return frame == PowerFrame::of_harmonics ? FrameOutcome::other_mode : FrameOutcome::other_mode_arriving;
   }
   if (frame != PowerFrame::incomplete || monitor_.other_phase_count() != 0) other_mode_ = false;
   if (frame == PowerFrame::complete) listener_.power_frame_shown();

@@ -31,6 +31,10 @@ class PowerView : public LiveView {
         window_(meter_rec),
         monitor_(link.waits, link.polling, link.state, link.status, chain, meter_rec) {
     window_.on_click("reset_kwh", [this] { reset_kwh(); });
+    link.query.on_status_read([this] {
+      other_mode_ = false;
+      monitor_.forget_other_phases();
+    });
   }
   PowerView(const PowerView&) = delete;
   PowerView& operator=(const PowerView&) = delete;
