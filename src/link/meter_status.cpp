@@ -156,8 +156,7 @@ std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus
     ++read.fields;
     if (holds_digits(field)) ++numbers;
   }
-  // Noise: less than two thirds are numbers.
-  if (read.fields == 0 || 3 * numbers < 2 * read.fields) return std::nullopt;
+  if (3 * numbers < 2 * static_cast<int>(field_count)) return std::nullopt;
   status = found;
   return read;
 }

@@ -53,7 +53,8 @@ struct StatusReply {
 // Drops everything up to the first "E", then leading blanks and an echo of the request, and reads the fields
 // in order into `status`. A value too wide for its destination leaves it unchanged, except bit patterns,
 // which keep their low bits; letters where digits belong give 0. Nothing, and `status` untouched, when fewer
-// than 161 characters remain, or when less than two thirds of the fields are numbers: that is noise.
+// than 161 characters remain, or when less than two thirds of the 35 fields are there as numbers: that is
+// noise.
 std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus& status);
 
 // The clamp factor of status field 27: bits 9-10 binary 01 give 3.0, 11 give 1.2, otherwise 1.0.

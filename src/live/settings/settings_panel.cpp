@@ -56,9 +56,8 @@ void SettingsPanel::connect() {
 }
 
 void SettingsPanel::click(const SettingNames& names) {
-  auto& pressed = pressed_[static_cast<std::size_t>(names.setting)];
+  const auto& pressed = pressed_[static_cast<std::size_t>(names.setting)];
   const std::string text = pressed.value_or(window_[names.box].text);
-  pressed.reset();
   link_.gate.run(std::string(names.button), [this, &names, text] { set(names.setting, text); });
 }
 
