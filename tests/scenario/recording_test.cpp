@@ -304,6 +304,9 @@ TEST_F(RecordingTest, TheStatusSaysThatAMinusSignWasCutAndThatTheColumnsChanged)
   EXPECT_TRUE(status().ends_with(" lines, a minus sign was cut off")) << status();
   meter.settings().wiring = simulator::Wiring::w3p3w;
   click("get_hz");
+  world.run_for(10);
+  meter.settings().wiring = simulator::Wiring::w3p4w;
+  click("get_hz");
   EXPECT_TRUE(status().ends_with(" lines, the columns have changed, a minus sign was cut off")) << status();
   click("FileStop");
   create("d/b.csv");

@@ -78,6 +78,7 @@ void Recording::begin_data_file(const std::string& path) {
   records_ = 0;
   lost_lines_ = 0;
   sign_cut_ = false;
+  columns_changed_ = false;
   header_wiring_ = views_.status.wiring_system;
   window_.set_text("FileName", window_["FileName"].text + " = " + path);
   LiveView* const view = views_.to_record();
@@ -115,6 +116,7 @@ void Recording::start_automatic() {
   if (!window_["FileStart"].enabled) return;
   window_.set_visible("record_button", false);
   start(0);
+  sample_clock_.remember_instant();  // the last one was before the recording
   sample_clock_.restart_counting();
 }
 
@@ -156,9 +158,9 @@ RecordingStatus Recording::status() const {
   else if (data_file_ready_ == 1)
     status.state = RecordingState::file_ready;
   status.lost_lines = lost_lines_;
-  status.columns_changed =
-      runs() && kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_;
+  status.columns_changed = columns_changed_;
   status.sign_cut = sign_cut_;
+  status.other_kind = runs() && views_.shown().record_kind() != kind_;
   return status;
 }
 
@@ -169,17 +171,19 @@ void Recording::frame_shown() {
   }
   if (!runs() || sample_clock_.sampling_instant() == no_sampling_instant) return;
   if (manual_recording_ != 1 && sample_clock_.new_instant()) record_pending_ = 1;
-  if (record_pending_ != 1) return;
+  if (record_pending_ != 1 || views_.shown().record_kind() != kind_) return;
   const RecordLine record = views_.shown().record();
   file_.append_line(record.text);
   sign_cut_ = sign_cut_ || record.sign_cut;
+  columns_changed_ =
+      columns_changed_ || (kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_);
   ++records_;
   record_pending_ = 0;
 }
 
 void Recording::no_communication() {
   const std::string& time = sample_clock_.sampling_instant();
-  if (!runs() || time == last_lost_time_) return;
+  if (!runs() || time == no_sampling_instant || time == last_lost_time_) return;
   file_.append_line(no_communication_line(sample_clock_.instant_date(), time));
   ++lost_lines_;
   last_lost_time_ = time;

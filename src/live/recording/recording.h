@@ -90,7 +90,8 @@ class Recording : public LiveListener {
   std::int16_t manual_recording_ = 0;
   std::int16_t record_pending_ = 0;
   RecordKind kind_ = RecordKind::power;
-  bool sign_cut_ = false;
+  bool sign_cut_ = false;                 // in a line of this file
+  bool columns_changed_ = false;          // a line of this file has other columns than its header
   Wiring header_wiring_ = Wiring::w3p4w;  // whose columns the header line names
   std::size_t records_ = 0;
   std::size_t lost_lines_ = 0;  // no-communication lines
