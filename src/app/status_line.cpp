@@ -15,6 +15,8 @@ constexpr Text adapter_gone = {"adapter gone, waiting for it", "轉接器已移�
 constexpr Text no_answer = {"no answer", "無回應"};
 constexpr Text no_answer_since = {"no answer since {}", "自 {} 起無回應"};
 constexpr Text no_reading_since = {"no reading since {}", "自 {} 起無讀值"};
+constexpr Text no_whole_reading = {"no whole reading", "無完整讀值"};
+constexpr Text no_whole_reading_since = {"no whole reading since {}", "自 {} 起無完整讀值"};
 constexpr Text linked = {"linked", "已連線"};
 constexpr Text waiting = {"waiting for the meter", "等待電表"};
 
@@ -26,6 +28,8 @@ constexpr Text sends_one_phase = {"The meter sends {} phase, {} was set: press U
                                   "電表傳送 {} 相，設定為 {}：請按「讀取設定」"};
 constexpr Text sends_phases = {"The meter sends {} phases, {} was set: press Update Now",
                                "電表傳送 {} 相，設定為 {}：請按「讀取設定」"};
+
+constexpr double silent_after_s = 2.0;
 
 constexpr Text not_current = {"not current", "非目前值"};
 
@@ -51,14 +55,17 @@ StatusLine::LinkField StatusLine::link_field() const {
   };
   if (platform_.port.state() == PortState::closed) return field(no_port, "idle");
   if (platform_.port.state() == PortState::vanished) return field(adapter_gone, "lost");
-  if (const auto misfit = misfit_text()) return {*misfit, "idle"};
+  const bool silent = platform_.clock.monotonic_s() - link_.state.last_arrival_s >= silent_after_s;
+  if (const auto misfit = misfit_text(); misfit && !silent) return {*misfit, "idle"};
   const auto old_s = monitor_.old_since_s();
   const std::string since = old_s ? time_of_day_text(*old_s) : std::string();
-  if (link_.state.link_lost == 1)
-    return old_s ? LinkField{no_answer_since.with(language, {since}), "lost"} : field(no_answer, "lost");
-  if (old_s) return {no_reading_since.with(language, {since}), "idle"};
-  if (monitor_.frame_rate().per_second(platform_.clock.monotonic_s()) > 0) return field(linked, "ok");
-  return field(waiting, "idle");
+  const bool lost = link_.state.link_lost == 1;
+  if (old_s) {
+    const Text& text = !silent ? no_whole_reading_since : lost ? no_answer_since : no_reading_since;
+    return {text.with(language, {since}), lost ? "lost" : "idle"};
+  }
+  if (lost) return field(silent ? no_answer : no_whole_reading, "lost");
+  return monitor_.has_whole_frame() ? field(linked, "ok") : field(waiting, "idle");
 }
 
 void StatusLine::refresh() {

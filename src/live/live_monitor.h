@@ -25,6 +25,9 @@ class LiveMonitor : public LiveFrames {
 
   const FrameRate& frame_rate() const { return frame_rate_; }
 
+  // Whether a whole frame has come since the start.
+  bool has_whole_frame() const { return last_whole_.has_value(); }
+
   // When the last whole frame came, in seconds since midnight, once none has been for two seconds or
   // four frame times: what is on the screen is old. Nothing while it is current, and before the first frame.
   std::optional<double> old_since_s() const;

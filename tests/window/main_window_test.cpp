@@ -272,6 +272,13 @@ TEST_F(MeterRecTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
     for (const PhaseQuantity quantity : phase_quantities)
       EXPECT_EQ(digits(phase_panel(quantity, phase).value), digits("V12_value"));
   for (const Panel& panel : system_panels()) EXPECT_EQ(digits(panel.value), digits("W_sys_value"));
+  const int large = digits("W_sys_value");
+  for (const bool old : {true, false}) {
+    values.set_old("W_sys_value", old);
+    form.show_changes();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(digits("W_sys_value"), large) << "an old reading keeps its size";
+  }
 }
 
 TEST_F(MeterRecTest, ATextLongerThanExpectedShrinksAlone) {

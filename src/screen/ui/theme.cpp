@@ -131,9 +131,11 @@ void set_role(QWidget& widget, Role role) {
 void set_old(QWidget& reading, bool old) {
   constexpr const char* old_property = "old";
   if (reading.property(old_property).toBool() == old) return;
+  const QFont font = reading.font();  // choosing the rules anew resets it
   reading.setProperty(old_property, old);
   reading.style()->unpolish(&reading);  // the rules that apply are chosen anew
   reading.style()->polish(&reading);
+  reading.setFont(font);
 }
 
 void apply_to_application(Look look) {
