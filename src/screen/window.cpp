@@ -81,6 +81,7 @@ void Window::set_chart(std::string_view name, std::shared_ptr<const Chart> chart
 
 void Window::apply_captions(Language language) {
   for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
+  for (const Caption& tooltip : tooltips_) set_tooltip(tooltip.control, tooltip.text.in(language));
 }
 
 void Window::restore_caption(std::string_view control, Language language) {

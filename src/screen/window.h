@@ -57,7 +57,7 @@ struct Control : Place {
   bool operator==(const Control&) const = default;
 };
 
-// A control and its caption in both languages.
+// A control and its caption, or its tooltip, in both languages.
 struct Caption {
   std::string_view control;
   Text text;
@@ -99,8 +99,9 @@ class Window {
   void set_lines(std::string_view name, std::shared_ptr<const Lines> lines);
   void set_chart(std::string_view name, std::shared_ptr<const Chart> chart);
 
-  // The captions that depend on the language. The table outlives the window.
+  // The captions and tooltips that depend on the language. The tables outlive the window.
   void set_captions(std::span<const Caption> captions) { captions_ = captions; }
+  void set_tooltips(std::span<const Caption> tooltips) { tooltips_ = tooltips; }
   void apply_captions(Language language);
   void restore_caption(std::string_view control, Language language);
 
@@ -158,6 +159,7 @@ class Window {
   std::vector<std::pair<std::string, Control>> controls_;
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
   std::span<const Caption> captions_;
+  std::span<const Caption> tooltips_;
   Handlers presses_;
   Handlers clicks_;
   Handlers changes_;

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "screen/meter_rec/columns.h"
@@ -51,6 +52,30 @@ TEST(Captions, ControlsStartWithTheirDesignedTexts) {
             "Portuguese|V7.00|50 Orders|99 Orders|50 Phases|99 Phases|close|");
   for (const char* hidden : {"Warning", "hold", "record_button", "Harmo_Graph1", "HScroll1", "CF_value"})
     EXPECT_FALSE(window[hidden].visible) << hidden;
+}
+
+TEST(Captions, EveryQuantityBoxAndButtonSaysWhatItIsInBothLanguages) {
+  Window window = make_main_window();
+  const auto tooltip = [&window](std::string_view name, Language language) {
+    window.apply_captions(language);
+    return window[name].tooltip;
+  };
+  for (const DesignedControl& designed : main_window_design()) {
+    const bool explained = designed.kind == ControlKind::value || designed.kind == ControlKind::edit_box ||
+                           designed.kind == ControlKind::button;
+    const bool of_next_views = designed.kind == ControlKind::value && !window[designed.name].visible;
+    if (!explained || of_next_views) continue;
+    const std::string english = tooltip(designed.name, Language::english);
+    EXPECT_NE(english, "") << designed.name;
+    EXPECT_NE(tooltip(designed.name, Language::chinese), english) << designed.name;
+  }
+  for (const auto& [name, part] : {std::pair("VA_MD_value", "highest mean apparent power"),
+                                   {"PFH_sys_value", "WH (SYS) to VAH (SYS)"},
+                                   {"d2_i_value", "Negative-sequence to positive-sequence current"},
+                                   {"VAR2_value", "Reactive"},
+                                   {"md_value", "Demand period in minutes"},
+                                   {"pt_value", "voltage transformers"}})
+    EXPECT_TRUE(tooltip(name, Language::english).find(part) != std::string::npos) << name;
 }
 
 std::vector<Panel> column_panels() {

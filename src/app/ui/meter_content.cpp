@@ -97,7 +97,10 @@ void MeterContent::build_panel(const DesignedControl& designed) {
   auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name), phase, form_.theme(), this);
   mirror_.tie(designed.label, panel->caption());
   mirror_.tie(designed.name, panel->value());
-  mirror_.tie(designed.name, [panel](const Control& value) { panel->setVisible(value.visible); });
+  mirror_.tie(designed.name, [panel](const Control& value) {
+    panel->setVisible(value.visible);
+    panel->setToolTip(to_qt(value.tooltip));
+  });
   name_after(designed.label, panel->value());
   put(designed.name, *panel);
   panels_.add(designed.name, designed.phase, designed.widest, *panel);

@@ -1,9 +1,8 @@
 #include "screen/meter_rec/main_window.h"
 
-#include <array>
-#include <string_view>
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -11,6 +10,7 @@
 #include "screen/meter_rec/menus.h"
 #include "screen/meter_rec/panels.h"
 #include "screen/meter_rec/settings.h"
+#include "screen/meter_rec/tooltips.h"
 
 namespace halden {
 
@@ -201,6 +201,7 @@ Designer design_main_window() {
   Designer designer;
   designer.window.set_caption("Halden");
   designer.window.set_captions(captions);
+  designer.window.set_tooltips(main_window_tooltips());
   design_strip(designer);
   design_phases(designer);
   design_system(designer);
