@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <array>
@@ -382,6 +383,19 @@ TEST(DemoPanel, ButtonsActOnTheMeter) {
     button("demo_cable_out")->click();
     EXPECT_EQ(port.state(), state);
   }
+}
+
+TEST(DemoPanel, CoversNoReading) {
+  VirtualWorld world({2026, 11, 22}, 0);
+  simulator::Meter meter;
+  simulator::SimulatedPort port(world.clock, meter);
+  QWidget main_window;
+  const QRect desk = main_window.screen()->availableGeometry();
+  main_window.resize(desk.size());
+  DemoPanel panel(meter, port, nullptr);
+  panel.place_beside(main_window);
+  EXPECT_FALSE(panel.geometry().intersects(main_window.geometry()));
+  EXPECT_TRUE(desk.contains(panel.geometry()));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "screen/ui/fonts.h"
+#include "screen/ui/form_window.h"
 #include "screen/ui/mirror.h"
 #include "screen/ui/theme.h"
 #include "simulator/meter.h"
@@ -82,7 +83,10 @@ void DemoPanel::add_choices(const char* title, const Choices& choices, int chose
     group->addButton(button, choice.value);
     line->addWidget(button);
   }
-  connect(group, &QButtonGroup::idClicked, this, std::move(choose));
+  // Also without a click, by assistive technology.
+  connect(group, &QButtonGroup::idToggled, this, [choose = std::move(choose)](int chosen_now, bool on) {
+    if (on) choose(chosen_now);
+  });
 }
 
 void DemoPanel::add_transient() {
@@ -99,18 +103,14 @@ void DemoPanel::add_cable(simulator::SimulatedPort& port) {
   grid_->addWidget(button, grid_->rowCount(), 0, 1, columns);
 }
 
-void DemoPanel::show_beside(const QRect& main_window) {
+void DemoPanel::place_beside(QWidget& main_window) {
   adjustSize();
   const QRect desk = screen()->availableGeometry();
-  const std::array<QPoint, 3> places = {
-      QPoint(main_window.right() + gap, main_window.top()),
-      QPoint(main_window.left() - gap - width(), main_window.top()),
-      QPoint(main_window.right() - width(), main_window.bottom() + gap),
-  };
-  const auto fits = [&](QPoint place) { return desk.contains(QRect(place, size())); };
-  const auto* const place = std::find_if(places.begin(), places.end(), fits);
-  move(place != places.end() ? *place : desk.bottomRight() - rect().bottomRight());
-  show();
+  const int left = desk.right() - width() - window_frame.width();
+  const int room = left - gap - window_frame.width() - desk.left();
+  main_window.resize(std::min(main_window.width(), room), main_window.height());
+  main_window.move(desk.topLeft());
+  move(std::min(left, desk.left() + main_window.width() + window_frame.width() + gap), desk.top());
 }
 
 }  // namespace halden

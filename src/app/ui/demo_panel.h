@@ -1,7 +1,6 @@
 // The panel of the simulated meter in the demo: the settings a user makes on the meter itself.
 #pragma once
 
-#include <QRect>
 #include <QWidget>
 #include <functional>
 #include <string_view>
@@ -22,8 +21,8 @@ class DemoPanel : public QWidget {
   // Both outlive the panel, which acts on them directly. Closing the panel only hides it.
   DemoPanel(simulator::Meter& meter, simulator::SimulatedPort& port, QWidget* main_window);
 
-  // Beside or below the main window where the screen has room, otherwise in a corner of the screen.
-  void show_beside(const QRect& main_window);
+  // Before either is shown. Where the screen has no room for both, the main window becomes narrower.
+  void place_beside(QWidget& main_window);
 
  private:
   struct Choice {

@@ -118,6 +118,7 @@ class DesktopProgram {
       outside_.printer.add_window(form->window().name(), [form = form.get()] { return form->paper_image(); });
     recording_mark_->setFixedHeight(main_window_.menuBar()->sizeHint().height());
     main_window_.menuBar()->setCornerWidget(recording_mark_);
+    if (shows_demo_panel()) demo_panel_.place_beside(main_window_);
     connect_mirrors();
   }
 
@@ -132,6 +133,7 @@ class DesktopProgram {
 
  private:
   QtWorld& world() { return outside_.world; }
+  bool shows_demo_panel() const { return options_.demo && options_.screenshot.empty(); }
 
   // At once, also during a wait.
   void close_program() {
@@ -163,8 +165,8 @@ class DesktopProgram {
     if (!options_.screenshot.empty())
       QTimer::singleShot(static_cast<int>(options_.screenshot_after_s * 1000), &main_window_,
                          [this] { take_picture(); });
-    else if (options_.demo)
-      demo_panel_.show_beside(main_window_.frameGeometry());
+    else if (shows_demo_panel())
+      demo_panel_.show();
   }
 
   void take_picture() {

@@ -18,9 +18,6 @@ namespace {
 
 constexpr int menu_pixels = 14;
 
-// What a window manager usually adds around a window: title bar and borders.
-constexpr QSize window_frame(8, 40);
-
 // For a window that is only drawn for a print.
 class NoInput : public UserInput {
  public:

@@ -17,6 +17,9 @@ class QPushButton;
 
 namespace halden {
 
+// What a window manager usually adds around a window: title bar and borders.
+inline constexpr QSize window_frame(8, 40);
+
 // Passes what the user does to the logic.
 class UserInput {
  public:
