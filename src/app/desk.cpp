@@ -55,7 +55,7 @@ Desk::Desk(const Platform& platform, const StartOptions& options, Shared& shared
       link_(link),
       live_(live),
       configuration_(platform.files, options.work_folder),
-      status_line_(platform, link, live.monitor, live.views, live.recording, shared.meter_rec),
+      status_line_(platform, link, live.monitor, live.views, live.recording, live.phasors, shared.meter_rec),
       port_choice_(platform, link, configuration_, status_line_, shared.meter_rec) {
   connect();
 }

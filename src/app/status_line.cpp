@@ -92,11 +92,13 @@ void StatusLine::mark_readings() {
   if (old == marked_old_ && (!old || marked_in_ == link_.state.language)) return;
   marked_old_ = old;
   marked_in_ = link_.state.language;
+  const std::string_view description = old ? not_current.in(marked_in_) : std::string_view();
   for (const DesignedControl& designed : main_window_design()) {
     if (designed.kind != ControlKind::value) continue;
     window_.set_old(designed.name, old);
-    window_.set_description(designed.name, old ? not_current.in(marked_in_) : std::string_view());
+    window_.set_description(designed.name, description);
   }
+  phasors_.mark_old(old, description);
 }
 
 }  // namespace halden

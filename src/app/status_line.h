@@ -1,6 +1,6 @@
 // The status line of the main window: port, link state, frames per second, recording state. Beside them is
 // one hint, which whoever has something to say writes into the control status_hint. All of it is beside the
-// messages and captions, never in them. It also marks the readings of the main window while they are old.
+// messages and captions, never in them. It also marks the readings on the screen while they are old.
 #pragma once
 
 #include <optional>
@@ -10,6 +10,7 @@
 #include "link/link.h"
 #include "live/live_monitor.h"
 #include "live/live_view.h"
+#include "live/phasors/phasor_window.h"
 #include "live/recording/recording.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
@@ -21,12 +22,13 @@ namespace halden {
 class StatusLine {
  public:
   StatusLine(const Platform& platform, const Link& link, const LiveMonitor& monitor, const LiveViews& views,
-             const Recording& recording, Window& meter_rec)
+             const Recording& recording, PhasorWindow& phasors, Window& meter_rec)
       : platform_(platform),
         link_(link),
         monitor_(monitor),
         views_(views),
         recording_(recording),
+        phasors_(phasors),
         window_(meter_rec) {}
 
   // Brings the fields up to date.
@@ -50,6 +52,7 @@ class StatusLine {
   const LiveMonitor& monitor_;
   const LiveViews& views_;
   const Recording& recording_;
+  PhasorWindow& phasors_;
   Window& window_;
   int number_ = 0;  // 0 while no port was opened
   bool marked_old_ = false;

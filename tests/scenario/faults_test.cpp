@@ -42,6 +42,7 @@ TEST_F(Linked, ALostLinkIsShownAndReadingsResumeByThemselves) {
       world.run_until([this] { return text("status_link").starts_with("no answer since 12:00:1"); }, 1));
   EXPECT_EQ(text("V1_value"), "230.1V") << "the last reading stays";
   EXPECT_TRUE(window()["V1_value"].old) << "and looks old";
+  EXPECT_TRUE(window("PhasorForm")["angle_v1v2"].old) << "in both windows";
   EXPECT_EQ(window()["W_sys_value"].description, "not current");
   for (int second = 0; second < 60; ++second) {
     world.run_for(1);
@@ -51,6 +52,7 @@ TEST_F(Linked, ALostLinkIsShownAndReadingsResumeByThemselves) {
   faults().silence = false;
   expect_resumes("silence");
   EXPECT_FALSE(window()["V1_value"].old);
+  EXPECT_FALSE(window("PhasorForm")["angle_v1v2"].old);
   EXPECT_EQ(window()["W_sys_value"].description, "");
   world.run_for(1);
   EXPECT_FALSE(window()["Warning"].visible);

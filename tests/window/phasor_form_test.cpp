@@ -41,6 +41,21 @@ TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
   EXPECT_FALSE(form.isVisible());
 }
 
+TEST_F(PhasorFormTest, OldVectorsHaveNoPhaseColour) {
+  values.set_place("V1_vector", {phasor_center_x, phasor_center_y, 1500, 0});
+  const auto diagram = [this] {
+    form.show_changes();
+    return widget("phasor_diagram")->grab().toImage();
+  };
+  const QImage current = diagram();
+  values.set_old(phasor_outer_circle, true);
+  values.set_description(phasor_outer_circle, "not current");
+  EXPECT_NE(diagram(), current);
+  EXPECT_TRUE(widget("phasor_diagram")->accessibleDescription().startsWith(QStringLiteral("not current")));
+  values.set_old(phasor_outer_circle, false);
+  EXPECT_EQ(diagram(), current);
+}
+
 // A resistive load: the current of phase 1 points where its voltage does. The current of phase 2 stands 200
 // units lower, most of a line's 280, and V31 beside them.
 TEST_F(PhasorFormTest, ALabelBehindAnotherOneIsListedInTheCorner) {

@@ -50,7 +50,7 @@ void put(Window& window, std::string_view name, const Place& place, std::string_
 void put_diagram(Window& window) {
   constexpr Place marker = {0, 0, 150, 150};
   constexpr Place label = {0, 0, 2500, 280};
-  for (const char* circle : {"Shape1", "Shape2"}) put(window, circle, {});
+  for (const std::string_view circle : {phasor_outer_circle, phasor_inner_circle}) put(window, circle, {});
   for (const PhasorVector& vector : vectors) {
     put(window, vector.line, {});
     if (!vector.marker.empty()) put(window, vector.marker, marker);

@@ -35,6 +35,10 @@ inline constexpr int line_label_radius = voltage_radius + 700;
 // The widest text a vector label shows; labels are wide enough for it.
 inline constexpr std::string_view widest_vector_label = "V12 < 000.0KV, -000.0 >";
 
+// The circle of the voltages; it is marked while the vectors are no longer current. And that of the currents.
+inline constexpr std::string_view phasor_outer_circle = "Shape1";
+inline constexpr std::string_view phasor_inner_circle = "Shape2";
+
 // The tag of a label whose text ends at its right edge; all others begin at their left edge.
 inline constexpr std::string_view right_end_tag = "right";
 

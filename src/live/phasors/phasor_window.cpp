@@ -74,8 +74,8 @@ void PhasorWindow::place_vectors() {
     form_.set_place(name, {static_cast<float>(phasor_center_x - radius),
                            static_cast<float>(phasor_center_y - radius), size, size});
   };
-  place_circle("Shape1", voltage_radius);
-  place_circle("Shape2", current_radius);
+  place_circle(phasor_outer_circle, voltage_radius);
+  place_circle(phasor_inner_circle, current_radius);
   for (const PhasorVector& names : phasor_vectors()) {
     const Place& line = form_[names.line];
     form_.set_place(names.line, {phasor_center_x, phasor_center_y, line.width, line.height});
@@ -151,6 +151,16 @@ void PhasorWindow::power_frame_shown() {
 }
 
 // With every frame that is drawn Text1 alternates between empty and the time of the sampling instant.
+void PhasorWindow::mark_old(bool old, std::string_view description) {
+  const auto mark = [&](std::string_view control) {
+    form_.set_old(control, old);
+    form_.set_description(control, description);
+  };
+  mark(phasor_outer_circle);
+  for (const PhasorPair& pair : phasor_pairs()) mark(pair.value);
+  for (const Panel& panel : phasor_panels()) mark(panel.value);
+}
+
 void PhasorWindow::update_phasors() {
   if (!form_.visible()) return;
   form_.set_text("Text1", form_["Text1"].text.empty() ? meter_rec_[sample_clock_label].text : "");

@@ -29,6 +29,10 @@ class PhasorWindow : public PowerFrameListener {
 
   void power_frame_shown() override;
 
+  // Marks vectors and readings while they are no longer current; `description` says so to assistive
+  // technology.
+  void mark_old(bool old, std::string_view description);
+
   // The angles of the last whole power frame.
   const PhasorAngles& angles() const { return angles_; }
 

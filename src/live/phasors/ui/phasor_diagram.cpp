@@ -53,6 +53,8 @@ PhasorDiagram::PhasorDiagram(const Window& window, const Theme& theme, QWidget* 
 // The texts of the labels are also the description for assistive technology and the tooltip.
 void PhasorDiagram::show_changes() {
   QStringList texts;
+  const QString state = to_qt(window_[phasor_outer_circle].description);
+  if (!state.isEmpty()) texts.append(state);
   for (const DiagramLabel& label : labels()) texts.append(label.text);
   setAccessibleDescription(texts.join(QStringLiteral("\n")));
   setToolTip(accessibleDescription());
@@ -76,7 +78,8 @@ double PhasorDiagram::pen_width(double design_pixels) const {
 }
 
 QColor PhasorDiagram::colour_of(const PhasorVector& vector) const {
-  if (vector.kind == VectorKind::line_voltage) return theme_.quiet;
+  const bool old = window_[phasor_outer_circle].old;
+  if (old || vector.kind == VectorKind::line_voltage) return theme_.quiet;
   return theme_.phase[vector.phase];
 }
 
@@ -107,7 +110,7 @@ void PhasorDiagram::draw_circles(QPainter& painter) const {
   quiet.setAlphaF(circle_opacity);
   painter.setPen(QPen(quiet, pen_width(1)));
   painter.setBrush(Qt::NoBrush);
-  const QRectF outer = to_pixels(window_["Shape1"]);
+  const QRectF outer = to_pixels(window_[phasor_outer_circle]);
   const QPointF centre = outer.center();
   for (int k = 0; k < directions; ++k) {
     const double turn = full_turn * k / directions;
@@ -115,7 +118,8 @@ void PhasorDiagram::draw_circles(QPainter& painter) const {
     const bool is_axis = k % (directions / 4) == 0;
     painter.drawLine(centre + end * (is_axis ? 0 : 0.96), centre + end);
   }
-  for (const char* circle : {"Shape1", "Shape2"}) painter.drawEllipse(to_pixels(window_[circle]));
+  for (const std::string_view circle : {phasor_outer_circle, phasor_inner_circle})
+    painter.drawEllipse(to_pixels(window_[circle]));
 }
 
 void PhasorDiagram::draw_lines(QPainter& painter, VectorKind kind) const {
