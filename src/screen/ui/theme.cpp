@@ -29,6 +29,12 @@ Theme make_dark() {
           {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
 }
 
+Theme make_paper() {
+  Theme theme = make_light();
+  theme.background = Qt::white;
+  return theme;
+}
+
 // Names between @ are replaced by the colours of a theme.
 constexpr const char* style_template = R"(
 QMainWindow, QDialog { background: @background@; }
@@ -84,6 +90,8 @@ constexpr std::array role_names = {"reading", "quiet", "edit_box", "alert", "pha
 const Theme& theme(Look look) {
   static const Theme light = make_light();
   static const Theme dark = make_dark();
+  static const Theme paper = make_paper();
+  if (look == Look::paper) return paper;
   return look == Look::dark ? dark : light;
 }
 

@@ -10,7 +10,8 @@ class QWidget;
 
 namespace halden {
 
-enum class Look { light, dark };
+// Paper is the light look on white.
+enum class Look { light, dark, paper };
 
 struct Theme {
   QColor background;
