@@ -11,7 +11,9 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "../platform/qt_events.h"
 #include "app/ui/demo_panel.h"
@@ -368,6 +370,45 @@ TEST(Colours, PanelsFollowTheLookAndPaperIsWhiteWithoutMenusAndStatusLine) {
          ++y)  // the lines beside menu bar and status line would cross the margin
       ASSERT_EQ(paper.pixelColor(3, y), QColor(Qt::white)) << y;
     EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
+  }
+}
+
+TEST_F(MeterRecTest, OverRangeHasTheWarningColourUnlessTheReadingIsOld) {
+  const auto expect_colour = [this](const char* text, bool old, QColor colour) {
+    values.set_text("V12_value", text);
+    values.set_old("V12_value", old);
+    form.show_changes();
+    EXPECT_EQ(widget("V12_value")->palette().color(QPalette::Text), colour) << text << old;
+  };
+  const Theme& light = theme(Look::light);
+  expect_colour("398.4V", false, light.text);
+  expect_colour("  OL ", false, light.warning);
+  expect_colour("  OL ", true, light.quiet);
+  expect_colour("OL %", false, light.warning);
+  expect_colour("398.4V", false, light.text);
+  EXPECT_EQ(widget("Warning")->palette().color(QPalette::Text), light.warning);
+  const QWidget* const panel = widget("V12_value")->parentWidget();
+  EXPECT_EQ(colours(form.grab().toImage(), *panel, form)[1], light.quiet.name());
+}
+
+// The contrast of WCAG 2: luminance is linear light weighted by colour.
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
+  for (const Look look : {Look::light, Look::dark, Look::paper}) {
+    const Theme& now = theme(look);
+    for (const QColor& ink :
+         {now.text, now.quiet, now.accent, now.warning, now.phase[0], now.phase[1], now.phase[2]})
+      for (const QColor& ground : {now.background, now.panel}) {
+        const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
+        EXPECT_GE((bright + 0.05) / (dark + 0.05), 4.5) << ink.name().toStdString();
+      }
+    for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
   }
 }
 
