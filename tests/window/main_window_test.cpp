@@ -17,6 +17,7 @@
 
 #include "../platform/qt_events.h"
 #include "app/ui/demo_panel.h"
+#include "app/ui/desktop_program.h"
 #include "app/ui/meter_rec.h"
 #include "app/ui/notice_window.h"
 #include "app/ui/status_row.h"
@@ -410,6 +411,10 @@ TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
       }
     for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
   }
+}
+
+TEST(ProgramIcon, IsFoundInTheProgramInEverySize) {
+  for (const int size : {32, 128}) EXPECT_EQ(program_icon().actualSize(QSize(size, size)), QSize(size, size));
 }
 
 TEST(DemoPanel, ButtonsActOnTheMeter) {

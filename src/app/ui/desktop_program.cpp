@@ -191,10 +191,19 @@ class DesktopProgram {
 
 }  // namespace
 
+QIcon program_icon() {
+  QIcon icon;
+  for (const char* file : {":/icons/halden-32.png", ":/icons/halden-128.png"})
+    icon.addFile(QLatin1String(file));
+  return icon;
+}
+
 int run_desktop(int& argc, char** argv, const DesktopOptions& options) {
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // only the logic ends the program
+  QApplication::setWindowIcon(program_icon());
+  QApplication::setDesktopFileName(QStringLiteral("halden"));  // where the desktop finds the icon by itself
   const Look look = options.look.value_or(desktop_look(QApplication::palette()));
   apply_to_application(look);
   QApplication::setFont(with_pixel_size(text_font(), box_text_pixels));
