@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include <cmath>
 
 #include "../platform/qt_events.h"
+#include "app/ui/box_language.h"
 #include "app/ui/demo_panel.h"
 #include "app/ui/desktop_program.h"
 #include "app/ui/meter_rec.h"
@@ -412,6 +414,30 @@ TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
     for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
   }
 }
+
+TEST(BoxLanguage, ButtonsOfBoxesFollowTheLanguageAlsoWhileABoxIsOpen) {
+  BoxLanguage boxes;
+  QDialogButtonBox box(QDialogButtonBox::Cancel);
+  const auto button = [&] { return box.buttons().front()->text(); };
+  const QString english = button();
+  for (int time = 0; time < 2; ++time) {
+    boxes.follow(Language::chinese);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(button(), QStringLiteral("取消"));
+    boxes.follow(Language::english);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(button(), english);
+  }
+}
+
+QImage picture_of(const char* text) {
+  ElidedLabel label;
+  label.setText(QLatin1String(text));
+  label.resize(120, 30);
+  return label.grab().toImage();
+}
+
+TEST(ElidedLabel, ShowsAnAmpersand) { EXPECT_NE(picture_of("A&B"), picture_of("AB")); }
 
 TEST(ProgramIcon, IsFoundInTheProgramInEverySize) {
   for (const int size : {32, 128}) EXPECT_EQ(program_icon().actualSize(QSize(size, size)), QSize(size, size));

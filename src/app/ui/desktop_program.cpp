@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "app/program.h"
+#include "app/ui/box_language.h"
 #include "app/ui/demo_panel.h"
 #include "app/ui/forms.h"
 #include "app/ui/notice_window.h"
@@ -148,6 +149,7 @@ class DesktopProgram {
       QObject::connect(&world(), &QtWorld::long_wait_began, form.get(),
                        [form = form.get()] { form->set_typing(Typing::refused); });
     }
+    world().add_mirror([this] { box_language_.follow(program_.link.state.language); });
     world().add_mirror([this] { notice_.show_changes(); });
     world().add_mirror([this] { recording_mark_->show_changes(); });
     world().add_mirror([this] { follow_first_show(); });
@@ -184,6 +186,7 @@ class DesktopProgram {
   NoticeWindow notice_;
   RecordingMark* recording_mark_;  // owned by the menu bar
   DemoPanel demo_panel_;
+  BoxLanguage box_language_;
   SignalWatch signals_;
   bool shown_ = false;
   int exit_code_ = 0;
