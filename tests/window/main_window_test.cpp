@@ -437,7 +437,12 @@ QImage picture_of(const char* text) {
   return label.grab().toImage();
 }
 
-TEST(ElidedLabel, ShowsAnAmpersand) { EXPECT_NE(picture_of("A&B"), picture_of("AB")); }
+TEST_F(MeterRecTest, AnAmpersandInAPathIsShownInMenuAndStatusLine) {
+  values.set_text("FileName", "&Create Data File = /a & b/c&d.csv");
+  form.show_changes();
+  EXPECT_EQ(action("FileName")->text(), QStringLiteral("&Create Data File = /a && b/c&&d.csv"));
+  EXPECT_NE(picture_of("A&B"), picture_of("AB"));
+}
 
 TEST(ProgramIcon, IsFoundInTheProgramInEverySize) {
   for (const int size : {32, 128}) EXPECT_EQ(program_icon().actualSize(QSize(size, size)), QSize(size, size));
