@@ -369,9 +369,8 @@ TEST(Colours, PanelsFollowTheLookAndPaperIsWhiteWithoutMenusAndStatusLine) {
     const QImage paper = form.paper_image();
     EXPECT_EQ(paper.deviceIndependentSize().toSize(), form.size());
     EXPECT_EQ(colours(paper, *panel, form), white);
-    for (int y = 0; y < paper.height();
-         ++y)  // the lines beside menu bar and status line would cross the margin
-      ASSERT_EQ(paper.pixelColor(3, y), QColor(Qt::white)) << y;
+    // The lines beside menu bar and status line would cross the margin.
+    for (int y = 0; y < paper.height(); ++y) ASSERT_EQ(paper.pixelColor(3, y), QColor(Qt::white)) << y;
     EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
   }
 }
