@@ -40,6 +40,10 @@ class Printer {
 
   // Sends what was printed and starts a new document.
   virtual PrintFailure finish() = 0;
+
+  // Where the last document went: the name of the printer, or the path of a file. Empty where that is
+  // unknown.
+  virtual std::string destination() const { return {}; }
 };
 
 }  // namespace halden

@@ -89,10 +89,11 @@ TEST_F(Changes, ClicksDuringAnExchangeRunOnceWhenItHasEnded) {
   EXPECT_FALSE(program().link.gate.busy());
 }
 
-TEST_F(Changes, PrintSendsAnImageOfTheMainWindowAndTellsWhenItCouldNot) {
+TEST_F(Changes, PrintSendsAnImageOfTheMainWindowAndTellsWhereToOrWhyNot) {
   click("Command3D1");
   ASSERT_EQ(world.printer.documents.size(), 1u);
   EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"MeterRec"});
+  EXPECT_EQ(text("status_hint"), "Print sent to LaserJet & Co.");
   world.printer.failure = PrintFailure::no_printer;
   click("Command3D1");
   EXPECT_EQ(text("status_hint"), "No printer is set up on this computer.");

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,10 +13,14 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "../platform/qt_events.h"
+#include "app/ui/box_language.h"
 #include "app/ui/demo_panel.h"
+#include "app/ui/desktop_program.h"
 #include "app/ui/meter_rec.h"
 #include "app/ui/notice_window.h"
 #include "app/ui/status_row.h"
@@ -348,9 +353,10 @@ std::array<QString, 3> colours(const QImage& window, const QWidget& panel, const
           window.pixelColor(left + QPoint(panel.width() / 2, 0)).name()};
 }
 
-TEST(Colours, PanelsFollowTheLookAndPaperIsLight) {
+TEST(Colours, PanelsFollowTheLookAndPaperIsWhiteWithoutMenusAndStatusLine) {
   const std::array dark = {QStringLiteral("#14171a"), QStringLiteral("#4cd3a2"), QStringLiteral("#1d2126")};
   const std::array light = {QStringLiteral("#eef0f2"), QStringLiteral("#047857"), QStringLiteral("#ffffff")};
+  const std::array white = {QStringLiteral("#ffffff"), light[1], light[2]};
   for (const Look look : {Look::dark, Look::light}) {
     apply_to_application(look);
     Window values = make_main_window();
@@ -363,9 +369,83 @@ TEST(Colours, PanelsFollowTheLookAndPaperIsLight) {
     EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
     const QImage paper = form.paper_image();
     EXPECT_EQ(paper.deviceIndependentSize().toSize(), form.size());
-    EXPECT_EQ(colours(paper, *panel, form), light);
+    EXPECT_EQ(colours(paper, *panel, form), white);
+    // The lines beside menu bar and status line would cross the margin.
+    for (int y = 0; y < paper.height(); ++y) ASSERT_EQ(paper.pixelColor(3, y), QColor(Qt::white)) << y;
     EXPECT_EQ(colours(form.grab().toImage(), *panel, form), shown);
   }
+}
+
+TEST_F(MeterRecTest, OverRangeHasTheWarningColourUnlessTheReadingIsOld) {
+  const auto expect_colour = [this](const char* text, bool old, QColor colour) {
+    values.set_text("V12_value", text);
+    values.set_old("V12_value", old);
+    form.show_changes();
+    EXPECT_EQ(widget("V12_value")->palette().color(QPalette::Text), colour) << text << old;
+  };
+  const Theme& light = theme(Look::light);
+  expect_colour("398.4V", false, light.text);
+  expect_colour("  OL ", false, light.warning);
+  expect_colour("  OL ", true, light.quiet);
+  expect_colour("OL %", false, light.warning);
+  expect_colour("398.4V", false, light.text);
+  EXPECT_EQ(widget("Warning")->palette().color(QPalette::Text), light.warning);
+  const QWidget* const panel = widget("V12_value")->parentWidget();
+  EXPECT_EQ(colours(form.grab().toImage(), *panel, form)[1], light.quiet.name());
+}
+
+// The contrast of WCAG 2: luminance is linear light weighted by colour.
+double luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
+  for (const Look look : {Look::light, Look::dark, Look::paper}) {
+    const Theme& now = theme(look);
+    for (const QColor& ink :
+         {now.text, now.quiet, now.accent, now.warning, now.phase[0], now.phase[1], now.phase[2]})
+      for (const QColor& ground : {now.background, now.panel}) {
+        const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
+        EXPECT_GE((bright + 0.05) / (dark + 0.05), 4.5) << ink.name().toStdString();
+      }
+    for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
+  }
+}
+
+TEST(BoxLanguage, ButtonsOfBoxesFollowTheLanguageAlsoWhileABoxIsOpen) {
+  BoxLanguage boxes;
+  QDialogButtonBox box(QDialogButtonBox::Cancel);
+  const auto button = [&] { return box.buttons().front()->text(); };
+  const QString english = button();
+  for (int time = 0; time < 2; ++time) {
+    boxes.follow(Language::chinese);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(button(), QStringLiteral("取消"));
+    boxes.follow(Language::english);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(button(), english);
+  }
+}
+
+QImage picture_of(const char* text) {
+  ElidedLabel label;
+  label.setText(QLatin1String(text));
+  label.resize(120, 30);
+  return label.grab().toImage();
+}
+
+TEST_F(MeterRecTest, AnAmpersandInAPathIsShownInMenuAndStatusLine) {
+  values.set_text("FileName", "&Create Data File = /a & b/c&d.csv");
+  form.show_changes();
+  EXPECT_EQ(action("FileName")->text(), QStringLiteral("&Create Data File = /a && b/c&&d.csv"));
+  EXPECT_NE(picture_of("A&B"), picture_of("AB"));
+}
+
+TEST(ProgramIcon, IsFoundInTheProgramInEverySize) {
+  for (const int size : {32, 128}) EXPECT_EQ(program_icon().actualSize(QSize(size, size)), QSize(size, size));
 }
 
 TEST(DemoPanel, ButtonsActOnTheMeter) {

@@ -205,6 +205,7 @@ TEST_F(QtPrinterTest, PrintsLinesAndWindowsOnPages) {
   printer_.new_page();
   printer_.print_window("MeterRec");
   expect_printed(2, 1);
+  EXPECT_EQ(printer_.destination(), pdf_.toStdString());
   for (const char* name : {"Empty", "no such window"}) {
     printer_.print_window(name);
     EXPECT_EQ(printer_.finish(), PrintFailure::failed) << name;

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "app/program.h"
+#include "app/ui/box_language.h"
 #include "app/ui/demo_panel.h"
 #include "app/ui/forms.h"
 #include "app/ui/notice_window.h"
@@ -150,6 +151,7 @@ class DesktopProgram {
       QObject::connect(&world(), &QtWorld::long_wait_began, form.get(),
                        [form = form.get()] { form->set_typing(Typing::refused); });
     }
+    world().add_mirror([this] { box_language_.follow(program_.link.state.language); });
     world().add_mirror([this] { notice_.show_changes(); });
     world().add_mirror([this] { recording_mark_->show_changes(); });
     world().add_mirror([this] { follow_first_show(); });
@@ -186,6 +188,7 @@ class DesktopProgram {
   NoticeWindow notice_;
   RecordingMark* recording_mark_;  // owned by the menu bar
   DemoPanel demo_panel_;
+  BoxLanguage box_language_;
   SignalWatch signals_;
   bool shown_ = false;
   int exit_code_ = 0;
@@ -193,10 +196,19 @@ class DesktopProgram {
 
 }  // namespace
 
+QIcon program_icon() {
+  QIcon icon;
+  for (const char* file : {":/icons/halden-32.png", ":/icons/halden-128.png"})
+    icon.addFile(QLatin1String(file));
+  return icon;
+}
+
 int run_desktop(int& argc, char** argv, const DesktopOptions& options) {
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);  // only the logic ends the program
+  QApplication::setWindowIcon(program_icon());
+  QApplication::setDesktopFileName(QStringLiteral("halden"));  // where the desktop finds the icon by itself
   const Look look = options.look.value_or(desktop_look(QApplication::palette()));
   apply_to_application(look);
   QApplication::setFont(with_pixel_size(text_font(), box_text_pixels));

@@ -2,6 +2,7 @@
 // the logic's values.
 #pragma once
 
+#include <QIcon>
 #include <optional>
 #include <string>
 #include <utility>
@@ -22,6 +23,9 @@ struct DesktopOptions {
 
 // Why no window can be shown, as one sentence for the user; empty when one can be.
 std::string missing_display();
+
+// The icon of every window.
+QIcon program_icon();
 
 // Runs the program until it ends. Returns its exit code: 0, or 1 when the picture asked for could not be
 // written.

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "screen/meter_rec/panels.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/mirror.h"
 
@@ -43,6 +44,13 @@ Role role_of_reading(const DesignedControl& designed) {
   if (designed.name == "hold" || designed.name == "Warning") return Role::alert;
   constexpr std::array phase_roles = {Role::phase_1, Role::phase_2, Role::phase_3};
   return designed.phase >= 0 ? phase_roles[static_cast<std::size_t>(designed.phase)] : Role::reading;
+}
+
+// A line voltage belongs to two phases, so it has the colour of neither.
+std::optional<QColor> bar_colour(const DesignedControl& designed, const Theme& theme) {
+  if (designed.phase < 0) return std::nullopt;
+  const auto phase = static_cast<std::size_t>(designed.phase);
+  return designed.name == line_panel(phase).value ? theme.quiet : theme.phase[phase];
 }
 
 }  // namespace
@@ -93,8 +101,8 @@ void MeterContent::build_reading(const DesignedControl& designed) {
 }
 
 void MeterContent::build_panel(const DesignedControl& designed) {
-  const std::optional<int> phase = designed.phase >= 0 ? std::optional(designed.phase) : std::nullopt;
-  auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name), phase, form_.theme(), this);
+  auto* const panel = new ValuePanel(to_qt(designed.label), to_qt(designed.name),
+                                     bar_colour(designed, form_.theme()), form_.theme(), this);
   mirror_.tie(designed.label, panel->caption());
   mirror_.tie(designed.name, panel->value());
   mirror_.tie(designed.name, [panel](const Control& value) {

@@ -40,7 +40,9 @@ QWidget* build(FormWindow& form) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(new MeterContent(form), 1);
-  column->addWidget(new StatusRow(form.mirror(), form.theme()));
+  auto* const status_row = new StatusRow(form.mirror(), form.theme());
+  column->addWidget(status_row);
+  form.keep_off_paper(*status_row);
   return central;
 }
 

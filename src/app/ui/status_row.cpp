@@ -22,7 +22,7 @@ constexpr int gap = 24;
 
 QColor colour_of(LinkMark mark, const Theme& theme) {
   if (mark == LinkMark::linked) return theme.phase[1];
-  return mark == LinkMark::lost ? theme.phase[0] : theme.quiet;
+  return mark == LinkMark::lost ? theme.warning : theme.quiet;
 }
 
 }  // namespace

@@ -69,6 +69,7 @@ class VirtualPrinter : public Printer {
   void new_page() override { pages_.push_back({orientation_, {}, {}}); }
   void print_window(const std::string& window_name) override;
   PrintFailure finish() override;
+  std::string destination() const override { return "LaserJet & Co"; }
 
   std::vector<std::vector<PrintedPage>> documents;  // finished ones
   PrintFailure failure = PrintFailure::none;        // what finish() says; nothing is printed then

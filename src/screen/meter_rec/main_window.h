@@ -33,7 +33,7 @@ enum class ControlKind {
 struct DesignedControl {
   std::string name;
   ControlKind kind;
-  int phase = -1;      // 0..2 for controls of one phase: they carry that phase's colour
+  int phase = -1;      // 0..2 in the row of a phase; all but line voltages have its colour
   std::string widest;  // the widest text a value is expected to show, for choosing its size
   std::string label;   // of a value: the control that names it
 };

@@ -42,7 +42,7 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
       times_shown_(window.times_shown()) {
   setObjectName(to_qt(window.name()));
   apply_look(look);
-  menuBar()->setNativeMenuBar(false);  // inside the window on every system, so that prints show it
+  menuBar()->setNativeMenuBar(false);  // inside the window on every system
   menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
   QWidget* const content = design.build(*this);
   setCentralWidget(content);
@@ -94,10 +94,14 @@ void FormWindow::come_to_front() {
   activateWindow();
 }
 
-// Draws a second window that is never shown, so that this one keeps its colours.
+void FormWindow::keep_off_paper(QWidget& part) { kept_off_paper_.push_back(&part); }
+
+// Draws a second window that is never shown, so that this one keeps its colours and its parts.
 QImage FormWindow::paper_image() {
   NoInput no_input;
-  FormWindow on_paper(window_, no_input, design_, Look::light);
+  FormWindow on_paper(window_, no_input, design_, Look::paper);
+  on_paper.menuBar()->hide();
+  for (QWidget* part : on_paper.kept_off_paper_) part->hide();
   on_paper.resize(size());
   on_paper.ensurePolished();
   return on_paper.grab().toImage();

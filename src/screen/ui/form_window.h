@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "screen/ui/mirror.h"
 #include "screen/ui/settled_resize.h"
@@ -65,6 +66,9 @@ class FormWindow : public QMainWindow {
   // The keys click the control.
   void add_shortcut(const char* keys, const std::string& control);
 
+  // A part of the content that is not printed. The menu bar never is.
+  void keep_off_paper(QWidget& part);
+
   // ---- for the desktop ----
   // Brings the window up to date; cheap when nothing has changed. A window that is shown again comes
   // to the front.
@@ -73,7 +77,7 @@ class FormWindow : public QMainWindow {
   // Whether edit boxes accept typing: not during an exchange, which fills them at its end.
   void set_typing(Typing typing) { mirror_.set_typing(typing); }
 
-  // The window as it is printed: always in light colours.
+  // The content as it is printed: in light colours on white.
   QImage paper_image();
 
  Q_SIGNALS:
@@ -95,6 +99,7 @@ class FormWindow : public QMainWindow {
   Theme theme_;
   Mirror mirror_;
   SettledResize settled_resize_;
+  std::vector<QWidget*> kept_off_paper_;
   std::uint64_t shown_revision_ = 0;
   std::uint32_t times_shown_ = 0;
 };

@@ -38,8 +38,19 @@ void show_mark(Checkable& item, bool checked) {
   item.setChecked(checked);
 }
 
+// In a caption "&" marks the key of an entry; in a value behind the caption ("File = a & b.csv") it is a
+// character, which Qt wants doubled.
+QString menu_text(const std::string& text) {
+  constexpr std::string_view separator = " = ";
+  const std::size_t value = text.find(separator);
+  if (value == std::string::npos) return to_qt(text);
+  QString shown = to_qt(std::string_view(text).substr(value));
+  shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+  return to_qt(std::string_view(text).substr(0, value)) + shown;
+}
+
 void show_on_action(QAction& action, const Control& control) {
-  action.setText(to_qt(control.text));
+  action.setText(menu_text(control.text));
   action.setVisible(control.visible);
   action.setEnabled(control.enabled);
   action.setToolTip(to_qt(control.tooltip));

@@ -10,23 +10,23 @@ namespace halden {
 namespace {
 
 Theme make_light() {
-  return {QColor("#EEF0F2"),
-          QColor("#FFFFFF"),
-          QColor("#D3D8DD"),
-          QColor("#15181B"),
-          QColor("#5B646D"),
-          QColor("#0B62B8"),
-          {QColor("#C2410C"), QColor("#047857"), QColor("#1D4ED8")}};
+  return {QColor("#EEF0F2"), QColor("#FFFFFF"),
+          QColor("#D3D8DD"), QColor("#15181B"),
+          QColor("#5B646D"), QColor("#0B62B8"),
+          QColor("#A8005C"), {QColor("#C2410C"), QColor("#047857"), QColor("#1D4ED8")}};
 }
 
 Theme make_dark() {
-  return {QColor("#14171A"),
-          QColor("#1D2126"),
-          QColor("#2C3238"),
-          QColor("#F1F3F5"),
-          QColor("#98A2AD"),
-          QColor("#5FB0F5"),
-          {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
+  return {QColor("#14171A"), QColor("#1D2126"),
+          QColor("#2C3238"), QColor("#F1F3F5"),
+          QColor("#98A2AD"), QColor("#5FB0F5"),
+          QColor("#FFD447"), {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
+}
+
+Theme make_paper() {
+  Theme theme = make_light();
+  theme.background = Qt::white;
+  return theme;
 }
 
 // Names between @ are replaced by the colours of a theme.
@@ -45,13 +45,15 @@ QMenu::item:disabled { background: transparent; color: @disabled@; }
 
 QLineEdit[role="reading"], QLineEdit[role="alert"], QLineEdit[role="phase_1"], QLineEdit[role="phase_2"],
 QLineEdit[role="phase_3"] { background: transparent; border: none; padding: 0; color: @text@; }
-QLineEdit[role="alert"], QLineEdit[role="phase_1"] { color: @phase1@; }
+QLineEdit[role="alert"] { color: @warning@; }
+QLineEdit[role="phase_1"] { color: @phase1@; }
 QLineEdit[role="phase_2"] { color: @phase2@; }
 QLineEdit[role="phase_3"] { color: @phase3@; }
 QLineEdit[role="edit_box"] {
   background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; padding: 0 6px; }
 QLineEdit[role="edit_box"]:focus { border: 2px solid @accent@; padding: 0 5px; }
 QLineEdit[role="edit_box"]:disabled { color: @disabled@; }
+QLineEdit[over_range="true"] { color: @warning@; }
 QLineEdit[old="true"] { color: @quiet@; }
 QLabel[role="quiet"] { color: @quiet@; }
 
@@ -76,6 +78,16 @@ QColor mix(const QColor& a, const QColor& b) {
   return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
 }
 
+// The rules that apply to the widget are chosen anew when the property changes.
+void set_flag(QWidget& widget, const char* property, bool value) {
+  if (widget.property(property).toBool() == value) return;
+  const QFont font = widget.font();  // choosing the rules anew resets it
+  widget.setProperty(property, value);
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+  widget.setFont(font);
+}
+
 constexpr const char* role_property = "role";
 constexpr std::array role_names = {"reading", "quiet", "edit_box", "alert", "phase_1", "phase_2", "phase_3"};
 
@@ -84,6 +96,8 @@ constexpr std::array role_names = {"reading", "quiet", "edit_box", "alert", "pha
 const Theme& theme(Look look) {
   static const Theme light = make_light();
   static const Theme dark = make_dark();
+  static const Theme paper = make_paper();
+  if (look == Look::paper) return paper;
   return look == Look::dark ? dark : light;
 }
 
@@ -107,13 +121,14 @@ QPalette to_palette(const Theme& theme) {
 }
 
 QString to_style_sheet(const Theme& theme) {
-  const std::array<std::pair<const char*, QColor>, 11> colours = {
+  const std::array<std::pair<const char*, QColor>, 12> colours = {
       {{"@background@", theme.background},
        {"@panel@", theme.panel},
        {"@line@", theme.line},
        {"@text@", theme.text},
        {"@quiet@", theme.quiet},
        {"@accent@", theme.accent},
+       {"@warning@", theme.warning},
        {"@edge@", mix(theme.line, theme.quiet)},
        {"@disabled@", mix(theme.quiet, theme.background)},
        {"@phase1@", theme.phase[0]},
@@ -128,15 +143,9 @@ void set_role(QWidget& widget, Role role) {
   widget.setProperty(role_property, QLatin1String(role_names[static_cast<std::size_t>(role)]));
 }
 
-void set_old(QWidget& reading, bool old) {
-  constexpr const char* old_property = "old";
-  if (reading.property(old_property).toBool() == old) return;
-  const QFont font = reading.font();  // choosing the rules anew resets it
-  reading.setProperty(old_property, old);
-  reading.style()->unpolish(&reading);  // the rules that apply are chosen anew
-  reading.style()->polish(&reading);
-  reading.setFont(font);
-}
+void set_over_range(QWidget& reading, bool over_range) { set_flag(reading, "over_range", over_range); }
+
+void set_old(QWidget& reading, bool old) { set_flag(reading, "old", old); }
 
 void apply_to_application(Look look) {
   QApplication::setPalette(to_palette(theme(look)));

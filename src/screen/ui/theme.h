@@ -10,7 +10,8 @@ class QWidget;
 
 namespace halden {
 
-enum class Look { light, dark };
+// Paper is the light look on white.
+enum class Look { light, dark, paper };
 
 struct Theme {
   QColor background;
@@ -19,6 +20,7 @@ struct Theme {
   QColor text;
   QColor quiet;
   QColor accent;
+  QColor warning;  // differs from the colours of all phases
   std::array<QColor, 3> phase;
 };
 
@@ -35,7 +37,9 @@ QString to_style_sheet(const Theme& theme);
 enum class Role { reading, quiet, edit_box, alert, phase_1, phase_2, phase_3 };
 void set_role(QWidget& widget, Role role);
 
-// Shows a reading in the quiet colour while it is old.
+// Shows a reading in the warning colour while it is over range, and in the quiet colour while it is old,
+// whether over range or not.
+void set_over_range(QWidget& reading, bool over_range);
 void set_old(QWidget& reading, bool old);
 
 // Gives the whole application a look.

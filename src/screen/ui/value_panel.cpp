@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <utility>
 
 #include "screen/ui/fonts.h"
 
@@ -21,6 +22,9 @@ constexpr int bottom_margin = 4;
 constexpr int field_margin = 2;
 constexpr int field_margins_vertical = 2;
 constexpr int cursor_width = 1;
+
+// What a reading that is over range begins with: "OL", "OL %".
+constexpr QLatin1String over_range_mark("OL");
 constexpr int smallest_digits = 6;
 
 int caption_height(const QFont& font) { return QFontMetrics(font).height(); }
@@ -35,7 +39,10 @@ ReadingField::ReadingField(const QString& object_name, QWidget* parent) : QLineE
   setTextMargins(-field_margin, 0, -field_margin, 0);
   setFocusPolicy(Qt::ClickFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
-  connect(this, &QLineEdit::textChanged, this, &ReadingField::fit);
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    set_over_range(*this, text().trimmed().startsWith(over_range_mark));
+    fit();
+  });
 }
 
 int ReadingField::text_room(int field_width) { return field_width - cursor_width; }
@@ -62,12 +69,12 @@ void ReadingField::fit() {
     setFont(with_pixel_size(wanted, pixels));
 }
 
-ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase,
+ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std::optional<QColor> bar,
                        const Theme& theme, QWidget* parent)
     : QWidget(parent),
       caption_(new QLabel(this)),
       value_(new ReadingField(value_name, this)),
-      phase_(phase),
+      bar_(std::move(bar)),
       theme_(theme) {
   caption_->setObjectName(label_name);
   caption_->setTextFormat(Qt::PlainText);
@@ -111,9 +118,9 @@ void ValuePanel::paintEvent(QPaintEvent*) {
   painter.fillPath(outline, theme_.panel);
   painter.setPen(theme_.line);
   painter.drawPath(outline);
-  if (!phase_) return;
+  if (!bar_) return;
   painter.setClipPath(outline);
-  painter.fillRect(QRect(0, 0, bar_width, height()), theme_.phase[static_cast<std::size_t>(*phase_)]);
+  painter.fillRect(QRect(0, 0, bar_width, height()), *bar_);
 }
 
 }  // namespace halden

@@ -38,8 +38,8 @@ class ValuePanel : public QWidget {
   Q_OBJECT
 
  public:
-  // `phase` is 0 to 2 for a panel with that phase's colour.
-  ValuePanel(const QString& label_name, const QString& value_name, std::optional<int> phase,
+  // With a bar of that colour at the left edge, or without one.
+  ValuePanel(const QString& label_name, const QString& value_name, std::optional<QColor> bar,
              const Theme& theme, QWidget* parent);
 
   QLabel& caption() { return *caption_; }
@@ -60,7 +60,7 @@ class ValuePanel : public QWidget {
 
   QLabel* caption_;
   ReadingField* value_;
-  std::optional<int> phase_;
+  std::optional<QColor> bar_;
   Theme theme_;
 };
 

@@ -87,6 +87,7 @@ PrintFailure QtPrinter::finish() {
   const bool printed = painter_ && painter_->isActive();
   if (printed && (!painter_->end() || printer_->printerState() == QPrinter::Error))
     failure_ = PrintFailure::failed;
+  if (printed) destination_ = pdf_path_.isEmpty() ? printer_->printerName() : printer_->outputFileName();
   close_document();
   return std::exchange(failure_, PrintFailure::none);
 }

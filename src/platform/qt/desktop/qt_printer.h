@@ -33,6 +33,7 @@ class QtPrinter : public Printer {
   void new_page() override;
   void print_window(const std::string& window_name) override;
   PrintFailure finish() override;
+  std::string destination() const override { return destination_.toStdString(); }
 
  private:
   QPrinter& document();
@@ -41,6 +42,7 @@ class QtPrinter : public Printer {
   void draw(const QImage& image);
 
   QString pdf_path_;
+  QString destination_;
   std::map<std::string, std::function<QImage()>> windows_;
   Orientation orientation_ = Orientation::portrait;
   QFont font_;
