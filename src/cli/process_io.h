@@ -13,6 +13,9 @@ bool interrupted();
 
 enum class Written { all, reader_gone, failed };
 
+// What is told when it failed.
+inline constexpr const char* not_written = "The results could not be written.";
+
 // Writes to standard output and flushes.
 Written write_results(std::string_view results);
 

@@ -86,7 +86,7 @@ void QtSession::print(const std::string& results) {
     case Written::reader_gone:
       return done();
     case Written::failed:
-      return failed("The results could not be written.");
+      return failed(not_written);
   }
 }
 
