@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QTimer>
-#include <cstdio>
 #include <string>
 #include <utility>
 
@@ -87,16 +86,18 @@ void QtSession::print(const std::string& results) {
       return done();
     case Written::failed:
       return failed(not_written);
+    case Written::interrupted:
+      return interruption_ == Interruption::is_end ? done() : failed(not_written);
   }
 }
 
-void QtSession::note(const std::string& sentence) { std::fprintf(stderr, "%s\n", sentence.c_str()); }
+void QtSession::note(const std::string& sentence) { write_remark(sentence + "\n"); }
 
 void QtSession::done() { end(exit_done); }
 
 void QtSession::failed(const std::string& sentence) {
   if (world_.ending()) return;
-  std::fprintf(stderr, "%s\n", sentence.c_str());
+  note(sentence);
   end(exit_failed);
 }
 
