@@ -45,6 +45,12 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
   EXPECT_EQ(full.exit_code, 1);
   EXPECT_EQ(full.errors, "The results could not be written.\n");
   const std::string errors = run(no_display + "halden --demo").errors;
+  const Ended dead = run("env -u WAYLAND_DISPLAY DISPLAY=:9999 QT_QPA_PLATFORM=xcb halden --demo");
+  EXPECT_EQ(dead.exit_code, 1);
+  EXPECT_EQ(
+      dead.errors,
+      "No window can be shown: could not connect to display :9999; \"haldenctl live\" shows the readings in "
+      "a terminal.\n");
   EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
   EXPECT_NE(errors.find("haldenctl live"), std::string::npos) << errors;
 }
