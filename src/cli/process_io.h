@@ -23,4 +23,7 @@ Written write_results(std::string_view results);
 // The same for the error channel.
 Written write_remark(std::string_view remark);
 
+// Whether the error channel is a terminal.
+bool remarks_are_watched();
+
 }  // namespace halden

@@ -69,6 +69,8 @@ Written write_results(std::string_view results) { return write_all(STDOUT_FILENO
 
 Written write_remark(std::string_view remark) { return write_all(STDERR_FILENO, remark); }
 
+bool remarks_are_watched() { return isatty(STDERR_FILENO) == 1; }
+
 }  // namespace halden
 
 #endif

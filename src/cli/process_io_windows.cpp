@@ -1,5 +1,7 @@
 #ifdef _WIN32
 
+#include <io.h>
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -39,6 +41,8 @@ bool interrupted() { return signal_came != 0; }
 Written write_results(std::string_view results) { return write_all(stdout, results); }
 
 Written write_remark(std::string_view remark) { return write_all(stderr, remark); }
+
+bool remarks_are_watched() { return _isatty(_fileno(stderr)) != 0; }
 
 }  // namespace halden
 

@@ -25,6 +25,13 @@ TEST(Status, ASilentMeterIsAFailure) {
             "Meter status could not be obtained, please check connections, com port, etc, and try again.\n");
 }
 
+// "script" runs it on a terminal, which ends lines with a carriage return.
+TEST(Status, OnATerminalItSaysWhatItDoesAndErasesThat) {
+  const Ended ended = run("script -qec \"haldenctl status --port demo\" /dev/null");
+  EXPECT_TRUE(ended.output.starts_with("Reading the settings...\r                       \rmeter_mode=1\r\n"))
+      << ended.output;
+}
+
 TEST(Status, WhileItWaitsThePortIsInUseAndAnInterruptionIsAFailure) {
   SimulatedMeter meter;
   Program status("haldenctl status --port " + meter.port);

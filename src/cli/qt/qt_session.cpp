@@ -71,7 +71,9 @@ bool QtSession::connect_to_meter() {
     failed(refusal_sentence(refusal, port.device_name(port_number_), Language::english));
     return false;
   }
+  progress("Reading the settings...");
   program_.desk.start_up();
+  erase_progress();
   if (program_.link.query.succeeded()) return true;
   failed(dialogs_.last_message());
   return false;
@@ -79,6 +81,7 @@ bool QtSession::connect_to_meter() {
 
 void QtSession::print(const std::string& results) {
   if (world_.ending()) return;
+  erase_progress();
   switch (write_results(results)) {
     case Written::all:
       return;
@@ -91,7 +94,23 @@ void QtSession::print(const std::string& results) {
   }
 }
 
-void QtSession::note(const std::string& sentence) { write_remark(sentence + "\n"); }
+void QtSession::note(const std::string& sentence) {
+  erase_progress();
+  write_remark(sentence + "\n");
+}
+
+void QtSession::progress(const std::string& sentence) {
+  if (!remarks_are_watched()) return;
+  erase_progress();
+  write_remark(sentence);
+  progress_length_ = sentence.size();
+}
+
+// Blanks, which every terminal knows.
+void QtSession::erase_progress() {
+  const std::size_t length = std::exchange(progress_length_, 0);
+  if (length > 0) write_remark("\r" + std::string(length, ' ') + "\r");
+}
 
 void QtSession::done() { end(exit_done); }
 
@@ -103,6 +122,7 @@ void QtSession::failed(const std::string& sentence) {
 
 void QtSession::end(int exit_code) {
   if (world_.ending()) return;
+  erase_progress();
   exit_code_ = exit_code;
   world_.end_program();
 }
