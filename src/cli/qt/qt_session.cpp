@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/process_io.h"
+#include "platform/qt/core/serial_probe.h"
 #include "screen/failure_texts.h"
 
 namespace halden {
@@ -68,7 +69,10 @@ bool QtSession::connect_to_meter() {
   SerialPort& port = program_.platform.port;
   const PortRefusal refusal = port.open(port_number_);
   if (refusal != PortRefusal::none) {
-    failed(refusal_sentence(refusal, port.device_name(port_number_), Language::english));
+    const std::string device = port.device_name(port_number_);
+    const std::string lock = refusal == PortRefusal::in_use ? lock_file_of(device) : std::string();
+    failed(refusal_sentence(refusal, device, Language::english) +
+           (lock.empty() ? "" : " If none uses it, delete the lock file " + lock + "."));
     return false;
   }
   progress("Reading the settings...");
