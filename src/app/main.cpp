@@ -1,8 +1,11 @@
 // halden: the desktop companion with its windows.
 
 #include <CLI/CLI.hpp>
+#include <QGuiApplication>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/ui/desktop_program.h"
@@ -62,6 +65,29 @@ halden::DesktopOptions interpret(const Typed& typed) {
   return options;
 }
 
+// What Qt says first when no window can be shown ("could not connect to display :99").
+std::string& display_trouble() {
+  static std::string text;
+  return text;
+}
+
+// Qt ends the process with a core dump where the display cannot be opened. As long as there is no screen,
+// that is what a fatal message means; it becomes one sentence and an exit code.
+void take_message(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  const bool starting = QGuiApplication::primaryScreen() == nullptr;
+  const bool of_display = std::string_view(context.category).starts_with("qt.qpa.");
+  if (starting && type == QtFatalMsg) {
+    std::fprintf(stderr, "No window can be shown: %s; \"haldenctl live\" shows the readings in a terminal.\n",
+                 display_trouble().c_str());
+    std::_Exit(1);
+  }
+  if (starting && of_display && type != QtDebugMsg) {
+    if (display_trouble().empty()) display_trouble() = text.toStdString();
+    return;
+  }
+  std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, text).toUtf8().constData());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -78,5 +104,6 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "%s\n", missing.c_str());
     return 1;
   }
+  qInstallMessageHandler(take_message);
   return halden::run_desktop(argc, argv, interpret(typed));
 }

@@ -9,7 +9,7 @@ namespace {
 
 std::string check_port(const std::string& text) {
   return parse_port_argument(text) ? std::string()
-                                   : "expected 1 to 16, the path of a device, or demo, not " + text;
+                                   : "expected 1 to 16, the path of a device, or demo, not \"" + text + "\"";
 }
 
 std::string as_json(const Record& value) {

@@ -1,10 +1,37 @@
 // haldenctl: the companion on the command line.
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
+#include <iostream>
+#include <sstream>
 
 #include "cli/command.h"
+#include "cli/process_io.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
+
+namespace {
+
+// Something typed that is not known is the cause, not what is missing because of it.
+void parse(CLI::App& app, int argc, char** argv) {
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::RequiredError&) {
+    if (const auto unknown = app.remaining(true); !unknown.empty()) throw CLI::ExtrasError({unknown.front()});
+    throw;
+  }
+}
+
+// Prints the help, the version or what was wrong.
+int end_without_command(const CLI::App& app, const CLI::ParseError& end) {
+  std::ostringstream results;
+  if (app.exit(end, results, std::cerr) != 0) return halden::exit_wrong_usage;
+  if (halden::write_results(results.str()) != halden::Written::failed) return halden::exit_done;
+  std::fprintf(stderr, "%s\n", halden::not_written);
+  return halden::exit_failed;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   halden::prepare_process();
@@ -19,9 +46,9 @@ int main(int argc, char** argv) {
   for (CLI::App* command : app.get_subcommands({}))
     command->set_version_flag("--version", "haldenctl " HALDEN_VERSION);
   try {
-    app.parse(argc, argv);
+    parse(app, argc, argv);
   } catch (const CLI::ParseError& end) {
-    return app.exit(end) == 0 ? halden::exit_done : halden::exit_wrong_usage;
+    return end_without_command(app, end);
   }
   return chosen(halden::open_qt_session);
 }

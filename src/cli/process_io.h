@@ -1,5 +1,5 @@
-// The process of a command: interruptions from the terminal, and standard output, whose reader may end first
-// (`haldenctl live ... | head`).
+// The process of a command: interruptions from the terminal, and its output, whose reader may end first
+// (`haldenctl live ... | head`) or take nothing any more.
 #pragma once
 
 #include <string_view>
@@ -11,9 +11,19 @@ namespace halden {
 void note_interruptions();
 bool interrupted();
 
-enum class Written { all, reader_gone, failed };
+enum class Written { all, reader_gone, failed, interrupted };
 
-// Writes to standard output and flushes.
+// What is told when it failed.
+inline constexpr const char* not_written = "The results could not be written.";
+
+// Writes to standard output at once. `interrupted` means that the reader took nothing for half a second of an
+// interruption.
 Written write_results(std::string_view results);
+
+// The same for the error channel.
+Written write_remark(std::string_view remark);
+
+// Whether the error channel is a terminal.
+bool remarks_are_watched();
 
 }  // namespace halden

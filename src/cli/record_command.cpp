@@ -101,7 +101,12 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
                          "interrupted; while the meter is silent, lines say so");
   add_common_options(*command, typed->common);
   RecordOptions& record = typed->record;
-  command->add_option("--out", record.file, "The data file")->type_name("FILE")->required();
+  command->add_option("--out", record.file, "The data file")
+      ->type_name("FILE")
+      ->required()
+      ->check([](const std::string& name) {
+        return name.empty() ? std::string("expected the name of a file, not \"\"") : std::string();
+      });
   command->add_option("--sample", record.sample_s, "Seconds from one record to the next; 2 when not given")
       ->type_name("SECONDS")
       ->check(CLI::Range(2, 32767).description(""));

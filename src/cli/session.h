@@ -27,6 +27,10 @@ class Terminal {
   // A remark while the command continues, in one sentence.
   virtual void note(const std::string& sentence) = 0;
 
+  // What the command does now, for somebody who watches it: one line that vanishes with the next output, and
+  // only on a terminal.
+  virtual void progress(const std::string& sentence) = 0;
+
   // The command ends: done, or failed for the reason given in one sentence. Only the first call counts.
   virtual void done() = 0;
   virtual void failed(const std::string& sentence) = 0;

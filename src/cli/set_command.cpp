@@ -19,6 +19,11 @@ const SettingNames* names_of(std::string_view name) {
   return nullptr;
 }
 
+std::string in_capitals(std::string name) {
+  for (char& letter : name) letter = static_cast<char>(letter - 'a' + 'A');
+  return name;
+}
+
 int run_set(const OpenSession& open, const CommonOptions& common, const std::vector<TypedSetting>& settings) {
   const auto session = open(common.port, Interruption::is_failure, FileAccess::none);
   return session->run([&] {
@@ -48,6 +53,7 @@ void send_settings(Program& program, const std::vector<TypedSetting>& settings, 
   Window& window = program.shared.meter_rec;
   for (const TypedSetting& setting : settings) {
     const SettingNames& names = *names_of(setting.name);
+    terminal.progress("Sending " + in_capitals(setting.name) + " to the meter...");
     window.set_text(names.box, setting.value);
     window.click(names.button);
     if (const std::string refusal = last_message(); !refusal.empty()) {

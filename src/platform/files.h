@@ -8,7 +8,7 @@
 
 namespace halden {
 
-enum class FileFailure { none, not_found, forbidden, disk_full, failed };
+enum class FileFailure { none, not_found, forbidden, not_a_file, read_only, disk_full, over_quota, failed };
 
 struct FilePiece {
   FileFailure failure = FileFailure::none;
@@ -24,7 +24,8 @@ class Files {
   // At most `max_bytes` from `offset` on.
   virtual FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) = 0;
 
-  // Opens, writes at the end, closes. Creates a missing file. On failure nothing counts as written.
+  // Opens, writes at the end, closes. Creates a missing file. On failure nothing counts as written. Anything
+  // but a file (a folder, a pipe, a device) is a failure: a write could wait there for ever.
   virtual FileFailure append(const std::string& path, std::string_view bytes) = 0;
 
   // Writes the whole file anew so that a crash leaves the old or the new content, never half.

@@ -22,10 +22,13 @@ constexpr std::array<Text, 3> print_failures = {
      {"No printer is set up on this computer.", "此電腦尚未設定印表機。"},
      {"The document could not be printed.", "無法列印。"}}};
 
-constexpr std::array<Text, 5> write_failures = {{{"", ""},
+constexpr std::array<Text, 8> write_failures = {{{"", ""},
                                                  {"folder gone", "資料夾不存在"},
                                                  {"no permission", "沒有寫入權限"},
+                                                 {"not a file", "不是一般檔案"},
+                                                 {"read-only disk", "磁碟為唯讀"},
                                                  {"disk full", "磁碟已滿"},
+                                                 {"disk quota exceeded", "超過磁碟配額"},
                                                  {"file not writable", "檔案無法寫入"}}};
 
 }  // namespace

@@ -13,6 +13,7 @@ namespace {
 struct NotedTerminal : Terminal {
   void print(const std::string& results) override { printed.push_back(results); }
   void note(const std::string& sentence) override { notes.push_back(sentence); }
+  void progress(const std::string& sentence) override { steps += sentence; }
   void done() override { end("done"); }
   void failed(const std::string& sentence) override { end(sentence); }
   void end(const std::string& how) {
@@ -21,6 +22,7 @@ struct NotedTerminal : Terminal {
 
   std::vector<std::string> printed;
   std::vector<std::string> notes;
+  std::string steps;
   std::string ended;
 };
 
@@ -166,8 +168,8 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
   run_for(3);
   journey.world.files.folder_failures["d/"] = FileFailure::disk_full;
   run_for(4);
-  EXPECT_EQ(terminal.notes,
-            std::vector<std::string>{"recording a.csv: 2 lines, 1 waiting (disk full), a minus sign was cut off"});
+  EXPECT_EQ(terminal.notes, std::vector<std::string>{
+                                "recording a.csv: 2 lines, 1 waiting (disk full), a minus sign was cut off"});
   run->finish();
   const std::string where =
       "Recorded lines that could not be written are kept in work/halden-rescued-power.csv";
@@ -193,6 +195,9 @@ TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {
     journey.world.dialogs.messages.clear();
     send_settings(journey.program(), settings, Format::text, last_message, terminal);
     EXPECT_EQ(terminal.ended, ended);
+    EXPECT_TRUE(terminal.steps.starts_with("Sending " + std::string(settings[0].name == "ct" ? "CT" : "SEC") +
+                                           " to the meter..."))
+        << terminal.steps;
     printed.insert(printed.end(), terminal.printed.begin(), terminal.printed.end());
   }
   EXPECT_EQ(printed, std::vector<std::string>{"ct=40\npt=7\nmd=30\nsec=4\nhz=Auto\n"});

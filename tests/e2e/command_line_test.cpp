@@ -31,7 +31,26 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
       EXPECT_EQ(ended.output.empty(), exit_code != 0) << command;
       EXPECT_EQ(ended.errors.empty(), exit_code == 0) << command;
     }
+  const std::pair<const char*, const char*> mistakes[] = {
+      {"haldenctl measure", "The following argument was not expected: measure\n"},
+      {"haldenctl live --prot demo", "The following argument was not expected: --prot\n"},
+      {"haldenctl", "A subcommand is required\n"},
+      {"sh -c \"exec haldenctl status --port ''\"",
+       "--port: expected 1 to 16, the path of a device, or demo, not \"\"\n"},
+      {"sh -c \"exec haldenctl record --port demo --out ''\"",
+       "--out: expected the name of a file, not \"\"\n"}};
+  for (const auto& [command, sentence] : mistakes)
+    EXPECT_TRUE(run(command).errors.starts_with(sentence)) << run(command).errors;
+  const Ended full = run("sh -c \"exec haldenctl --help > /dev/full\"");
+  EXPECT_EQ(full.exit_code, 1);
+  EXPECT_EQ(full.errors, "The results could not be written.\n");
   const std::string errors = run(no_display + "halden --demo").errors;
+  const Ended dead = run("env -u WAYLAND_DISPLAY DISPLAY=:9999 QT_QPA_PLATFORM=xcb halden --demo");
+  EXPECT_EQ(dead.exit_code, 1);
+  EXPECT_EQ(
+      dead.errors,
+      "No window can be shown: could not connect to display :9999; \"haldenctl live\" shows the readings in "
+      "a terminal.\n");
   EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
   EXPECT_NE(errors.find("haldenctl live"), std::string::npos) << errors;
 }

@@ -1,4 +1,8 @@
 // haldenctl and the simulated meter, joined by a pseudo-terminal.
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <chrono>
 #include <filesystem>
 #include <regex>
 #include <sstream>
@@ -21,6 +25,13 @@ TEST(Status, ASilentMeterIsAFailure) {
             "Meter status could not be obtained, please check connections, com port, etc, and try again.\n");
 }
 
+// "script" runs it on a terminal, which ends lines with a carriage return.
+TEST(Status, OnATerminalItSaysWhatItDoesAndErasesThat) {
+  const Ended ended = run("script -qec \"haldenctl status --port demo\" /dev/null");
+  EXPECT_TRUE(ended.output.starts_with("Reading the settings...\r                       \rmeter_mode=1\r\n"))
+      << ended.output;
+}
+
 TEST(Status, WhileItWaitsThePortIsInUseAndAnInterruptionIsAFailure) {
   SimulatedMeter meter;
   Program status("haldenctl status --port " + meter.port);
@@ -28,7 +39,11 @@ TEST(Status, WhileItWaitsThePortIsInUseAndAnInterruptionIsAFailure) {
   const Ended second = run("haldenctl live --port " + meter.port);
   EXPECT_EQ(second.exit_code, 1);
   EXPECT_EQ(second.output, "");
-  EXPECT_EQ(second.errors, meter.port + " is in use by another program.\n");
+  const std::string in_use =
+      meter.port + " is in use by another program. If none uses it, delete the lock file ";
+  ASSERT_TRUE(second.errors.starts_with(in_use)) << second.errors;
+  const std::string lock = second.errors.substr(in_use.size(), second.errors.size() - in_use.size() - 2);
+  EXPECT_TRUE(std::filesystem::exists(lock)) << lock;
   status.send_signal(SIGINT);
   const Ended first = status.end();
   EXPECT_EQ(first.exit_code, 1);
@@ -59,6 +74,10 @@ TEST(Record, WritesWholeLinesAndAppendsOnlyWhenTold) {
   EXPECT_EQ(recorded(), headers + 2 * record);
   EXPECT_EQ(run(command + "--records 2").errors,
             file + " exists. Give --append to write behind what it holds.\n");
+  ASSERT_EQ(mkfifo((meter.folder / "fifo").c_str(), 0600), 0);
+  EXPECT_EQ(
+      run("haldenctl record --append --port " + meter.port + " --out " + (meter.folder / "fifo")).errors,
+      (meter.folder / "fifo") + ": not a file.\n");
   Program second(command + "--append --sample=2");
   wait_until([&] { return recorded() >= 2 * headers + 3 * record; });
   second.send_signal(SIGINT);
@@ -120,6 +139,23 @@ TEST(Live, EndsQuietlyWhenItsReaderHasSeenEnoughButNotOnAFullDisk) {
   const Ended full = run("sh -c \"exec haldenctl live --port demo --count 1 > /dev/full\"");
   EXPECT_EQ(full.exit_code, 1);
   EXPECT_EQ(full.errors, "The results could not be written.\n");
+}
+
+// The pipe is full, and whoever holds its other end reads nothing. After the second request for a frame the
+// first one is printed.
+TEST(Live, EndsAtASignalThoughItsReaderHasStopped) {
+  SimulatedMeter meter;
+  const std::string pipe = meter.folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+  while (write(reader, "x", 1) == 1) continue;
+  Program live("sh -c \"exec haldenctl live --port " + meter.port + " > " + pipe + "\"");
+  wait_until([&] { return contains(meter.program.answer("log"), "?  "); });
+  live.send_signal(SIGTERM);
+  const auto told = std::chrono::steady_clock::now();
+  EXPECT_EQ(live.end().exit_code, 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - told, std::chrono::seconds(5));
+  close(reader);
 }
 
 }  // namespace

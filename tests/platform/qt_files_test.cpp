@@ -1,15 +1,28 @@
 #include "platform/qt/core/qt_files.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <csignal>
 
 #include "in_child.h"
+
+// Replaces the function of the system for Qt as well.
+static int write_errno = 0;  // how every write fails; 0 for not at all
+
+extern "C" ssize_t write(int file, const void* bytes, size_t size) {
+  if (write_errno == 0) return syscall(SYS_write, file, bytes, size);
+  errno = write_errno;
+  return -1;
+}
 
 namespace halden {
 namespace {
@@ -61,7 +74,6 @@ TEST_F(QtFilesTest, AppendsReadsPiecesReplacesAndRemovesUnderAnyName) {
 }
 
 TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
-  EXPECT_EQ(files_.append("/dev/full", "one line\r\n"), FileFailure::disk_full);
   const std::string old(500, 'a');
   ASSERT_EQ(files_.append(path("data.csv"), old), FileFailure::none);
   const std::string more(2000, 'b');
@@ -74,6 +86,42 @@ TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
   }
   EXPECT_EQ(files_.append(path("data.csv"), "c"), FileFailure::none);
   EXPECT_EQ(content(path("data.csv")), old + "c");
+}
+
+// A device, a pipe without a reader: a write would wait, or leave the line to the meter disturbed.
+TEST_F(QtFilesTest, WritesFailWithTheirCauseAndOnlyIntoFiles) {
+  const std::pair<int, FileFailure> rows[] = {
+      {ENOSPC, FileFailure::disk_full}, {EDQUOT, FileFailure::over_quota}, {EIO, FileFailure::failed}};
+  for (const auto& [number, failure] : rows) {
+    write_errno = number;
+    EXPECT_EQ(files_.append(path("new"), "1"), failure) << number;
+    EXPECT_EQ(files_.replace(path("new"), "1"), failure) << number;
+  }
+  write_errno = 0;
+  ASSERT_EQ(mkfifo(path("fifo").c_str(), 0600), 0);
+  for (const std::string& name : {path("fifo"), std::string("/dev/full")})
+    EXPECT_EQ(files_.append(name, "1"), FileFailure::not_a_file) << name;
+}
+
+// In a mount namespace of its own, where the system allows that.
+TEST_F(QtFilesTest, AReadOnlyDiskIsNoQuestionOfPermission) {
+  const auto on_read_only_disk = [&](auto operation) {
+    return run_in_child([&] {
+      const std::string folder = folder_.path().toStdString();
+      constexpr unsigned long again = MS_REMOUNT | MS_BIND | MS_RDONLY;
+      const bool mounted = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 &&
+                           mount(folder.c_str(), folder.c_str(), nullptr, MS_BIND, nullptr) == 0 &&
+                           mount(nullptr, folder.c_str(), nullptr, again, nullptr) == 0;
+      return mounted ? operation() : FileFailure::none;
+    });
+  };
+  ASSERT_EQ(files_.append(path("old"), "1"), FileFailure::none);
+  const FileFailure appended = on_read_only_disk([&] { return files_.append(path("old"), "2"); });
+  if (appended == FileFailure::none) GTEST_SKIP() << "no mount namespaces here";
+  EXPECT_EQ(appended, FileFailure::read_only);
+  EXPECT_EQ(on_read_only_disk([&] { return files_.replace(path("new"), "2"); }), FileFailure::read_only);
+  EXPECT_EQ(on_read_only_disk([&] { return files_.remove(path("old")); }), FileFailure::read_only);
+  EXPECT_EQ(content(path("old")), "1");
 }
 
 // What is there but may not be looked at is not missing: a file of the same name must not be begun anew.
@@ -98,7 +146,7 @@ TEST_F(QtFilesTest, FailuresNameTheirCause) {
               {path("no/file"), not_found, not_found, not_found},
               {path("loop"), forbidden, forbidden, forbidden},
               {path(std::string(300, 'n').c_str()), forbidden, forbidden, forbidden},
-              {folder, failed, failed, failed}};
+              {folder, failed, not_a_file, not_a_file}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.file);
     EXPECT_EQ(run_unprivileged([&] { return files_.read(row.file, 0, 1).failure; }), row.read);

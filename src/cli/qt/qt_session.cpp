@@ -2,11 +2,11 @@
 
 #include <QDir>
 #include <QTimer>
-#include <cstdio>
 #include <string>
 #include <utility>
 
 #include "cli/process_io.h"
+#include "platform/qt/core/serial_probe.h"
 #include "screen/failure_texts.h"
 
 namespace halden {
@@ -69,10 +69,15 @@ bool QtSession::connect_to_meter() {
   SerialPort& port = program_.platform.port;
   const PortRefusal refusal = port.open(port_number_);
   if (refusal != PortRefusal::none) {
-    failed(refusal_sentence(refusal, port.device_name(port_number_), Language::english));
+    const std::string device = port.device_name(port_number_);
+    const std::string lock = refusal == PortRefusal::in_use ? lock_file_of(device) : std::string();
+    failed(refusal_sentence(refusal, device, Language::english) +
+           (lock.empty() ? "" : " If none uses it, delete the lock file " + lock + "."));
     return false;
   }
+  progress("Reading the settings...");
   program_.desk.start_up();
+  erase_progress();
   if (program_.link.query.succeeded()) return true;
   failed(dialogs_.last_message());
   return false;
@@ -80,28 +85,48 @@ bool QtSession::connect_to_meter() {
 
 void QtSession::print(const std::string& results) {
   if (world_.ending()) return;
+  erase_progress();
   switch (write_results(results)) {
     case Written::all:
       return;
     case Written::reader_gone:
       return done();
     case Written::failed:
-      return failed("The results could not be written.");
+      return failed(not_written);
+    case Written::interrupted:
+      return interruption_ == Interruption::is_end ? done() : failed(not_written);
   }
 }
 
-void QtSession::note(const std::string& sentence) { std::fprintf(stderr, "%s\n", sentence.c_str()); }
+void QtSession::note(const std::string& sentence) {
+  erase_progress();
+  write_remark(sentence + "\n");
+}
+
+void QtSession::progress(const std::string& sentence) {
+  if (!remarks_are_watched()) return;
+  erase_progress();
+  write_remark(sentence);
+  progress_length_ = sentence.size();
+}
+
+// Blanks, which every terminal knows.
+void QtSession::erase_progress() {
+  const std::size_t length = std::exchange(progress_length_, 0);
+  if (length > 0) write_remark("\r" + std::string(length, ' ') + "\r");
+}
 
 void QtSession::done() { end(exit_done); }
 
 void QtSession::failed(const std::string& sentence) {
   if (world_.ending()) return;
-  std::fprintf(stderr, "%s\n", sentence.c_str());
+  note(sentence);
   end(exit_failed);
 }
 
 void QtSession::end(int exit_code) {
   if (world_.ending()) return;
+  erase_progress();
   exit_code_ = exit_code;
   world_.end_program();
 }

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -32,6 +33,7 @@ class QtSession : public Session {
 
   void print(const std::string& results) override;
   void note(const std::string& sentence) override;
+  void progress(const std::string& sentence) override;
   void done() override;
   void failed(const std::string& sentence) override;
 
@@ -41,6 +43,7 @@ class QtSession : public Session {
  private:
   Platform platform(const PortArgument& port, FileAccess access);
   bool connect_to_meter();
+  void erase_progress();
   void end(int exit_code);
   void end_when_interrupted();
 
@@ -67,6 +70,7 @@ class QtSession : public Session {
   const int port_number_;
   const Interruption interruption_;
   std::function<void()> finish_;
+  std::size_t progress_length_ = 0;  // of the line that stands on the terminal
   int exit_code_ = exit_done;
 };
 

@@ -4,14 +4,22 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 #include <QString>
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 namespace halden {
 
 namespace {
+
+#ifdef _WIN32
+constexpr int quota_exceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED
+#else
+constexpr int quota_exceeded = EDQUOT;
+#endif
 
 // Not QFileInfo::exists, which is false also for a file that the user has no right to see.
 bool is_missing(const QFileInfo& info) {
@@ -27,15 +35,22 @@ FileFailure cause_of_failed_read(const QFileInfo& info) {
   return info.isFile() && !info.isReadable() ? FileFailure::forbidden : FileFailure::failed;
 }
 
-FileFailure cause_of_failed_open(const QFileInfo& info) {
+// Qt has no error of its own for this, but keeps the system's text.
+bool is_over_quota(const QFileDevice& file) { return file.errorString() == qt_error_string(quota_exceeded); }
+
+FileFailure cause_of_failed_open(const QFileDevice& file) {
+  if (is_over_quota(file)) return FileFailure::over_quota;
+  const QFileInfo info(file.fileName());
   const QFileInfo folder(info.absolutePath());
   if (!folder.isDir()) return FileFailure::not_found;
-  if (info.isDir()) return FileFailure::failed;
+  if (info.exists() && !info.isFile()) return FileFailure::not_a_file;
+  if (QStorageInfo(folder.absoluteFilePath()).isReadOnly()) return FileFailure::read_only;
   const bool allowed = info.exists() ? info.isWritable() : folder.isWritable();
   return allowed ? FileFailure::failed : FileFailure::forbidden;
 }
 
 FileFailure cause_of_failed_write(const QFileDevice& file) {
+  if (is_over_quota(file)) return FileFailure::over_quota;
   return file.error() == QFileDevice::ResourceError ? FileFailure::disk_full : FileFailure::failed;
 }
 
@@ -73,8 +88,10 @@ FilePiece QtFiles::read(const std::string& path, std::uint64_t offset, std::size
 // was truncated.
 FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
   QFile file(QString::fromStdString(path));
+  const QFileInfo info(file);
+  if (info.exists() && !info.isFile()) return FileFailure::not_a_file;
   if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
-    return cause_of_failed_open(QFileInfo(file));
+    return cause_of_failed_open(file);
   const qint64 old_size = file.size();
   if (write_all(file, bytes)) return FileFailure::none;
   const FileFailure failure = cause_of_failed_write(file);
@@ -86,7 +103,7 @@ FileFailure QtFiles::append(const std::string& path, std::string_view bytes) {
 // Without commit() the new file is removed.
 FileFailure QtFiles::replace(const std::string& path, std::string_view bytes) {
   QSaveFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(QFileInfo(file));
+  if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(file);
   if (!write_all(file, bytes)) return cause_of_failed_write(file);
   return file.commit() ? FileFailure::none : FileFailure::failed;
 }
@@ -95,6 +112,7 @@ FileFailure QtFiles::remove(const std::string& path) {
   QFile file(QString::fromStdString(path));
   if (file.remove() || !QFileInfo::exists(file.fileName())) return FileFailure::none;
   const QFileInfo folder(QFileInfo(file).absolutePath());
+  if (QStorageInfo(folder.absoluteFilePath()).isReadOnly()) return FileFailure::read_only;
   return folder.isWritable() ? FileFailure::failed : FileFailure::forbidden;
 }
 

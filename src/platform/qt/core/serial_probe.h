@@ -17,6 +17,9 @@ PortRefusal probe_device(const std::string& device);
 // there is no such device.
 std::string resolved_device(const std::string& device);
 
+// The file by which a program keeps others from opening the device; empty when there is none.
+std::string lock_file_of(const std::string& device);
+
 // Whether an open port has lost its device.
 bool hung_up(const QSerialPort& port);
 

@@ -12,6 +12,8 @@ PortRefusal probe_device(const std::string& device) {
 
 std::string resolved_device(const std::string& device) { return device; }
 
+std::string lock_file_of(const std::string&) { return {}; }
+
 // The driver reports a pulled adapter by an error of the port itself.
 bool hung_up(const QSerialPort&) { return false; }
 

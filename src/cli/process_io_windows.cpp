@@ -1,22 +1,29 @@
-#include "cli/process_io.h"
+#ifdef _WIN32
+
+#include <io.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 
+#include "cli/process_io.h"
+
 namespace halden {
 
 namespace {
 
-#ifdef SIGHUP  // a closed terminal
-constexpr std::array signals = {SIGINT, SIGTERM, SIGHUP};
-#else
 constexpr std::array signals = {SIGINT, SIGTERM};
-#endif
 
 // A signal handler can only use what exists as long as the process, and do little more than set a flag.
 volatile std::sig_atomic_t signal_came = 0;
+
+Written write_all(std::FILE* stream, std::string_view bytes) {
+  errno = 0;
+  const bool taken = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
+  if (taken && std::fflush(stream) == 0) return Written::all;
+  return errno == EPIPE ? Written::reader_gone : Written::failed;
+}
 
 }  // namespace
 
@@ -31,11 +38,12 @@ void note_interruptions() {
 
 bool interrupted() { return signal_came != 0; }
 
-Written write_results(std::string_view results) {
-  errno = 0;
-  const bool taken = std::fwrite(results.data(), 1, results.size(), stdout) == results.size();
-  if (taken && std::fflush(stdout) == 0) return Written::all;
-  return errno == EPIPE ? Written::reader_gone : Written::failed;
-}
+Written write_results(std::string_view results) { return write_all(stdout, results); }
+
+Written write_remark(std::string_view remark) { return write_all(stderr, remark); }
+
+bool remarks_are_watched() { return _isatty(_fileno(stderr)) != 0; }
 
 }  // namespace halden
+
+#endif
