@@ -49,7 +49,8 @@ struct Live {
   LiveMonitor monitor{platform.clock, views, sample_clock};
   LivePoll poll{platform, link.waits, link.polling, link.state, shared.meter_rec, monitor};
   Rescue rescue;
-  Recording recording{platform, link.state, link.exchange, views, sample_clock, shared.meter_rec, shared.notice, rescue};
+  Recording recording{platform,     link.state,       link.exchange, views,
+                      sample_clock, shared.meter_rec, shared.notice, rescue};
   SettingsPanel settings{platform, link, power, shared.meter_rec};
 };
 
