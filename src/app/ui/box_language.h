@@ -9,9 +9,8 @@ namespace halden {
 
 class BoxLanguage {
  public:
-  // Later boxes, and those that are open, speak this language. Qt's own translation is used where it is
-  // installed; without it buttons and the labels of a file dialog are still
-  // translated.
+  // Later boxes, and those that are open, speak this language. Without Qt's own translation, which may not be
+  // installed, buttons and the labels of a file dialog are still translated.
   void follow(Language language);
 
  private:
