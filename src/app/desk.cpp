@@ -20,8 +20,6 @@ std::string entry_of(Language language) { return element("sel_language", static_
 
 constexpr std::array languages = {Language::english, Language::chinese};
 
-constexpr Text sent_to = {"Print sent to {}.", "列印已送至 {}。"};
-
 constexpr std::string_view product_line = "Halden";
 constexpr std::string_view version_line = "Version: 7.0";
 constexpr std::string_view legal_line = "2026. Free software, GPL 3 or later, no warranty.";
@@ -129,11 +127,9 @@ void Desk::exit() {
 void Desk::print_main_window() {
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(meter_rec_.name());
-  const Language language = link_.state.language;
   const PrintFailure failure = platform_.printer.finish();
-  meter_rec_.set_text(status_hint, failure == PrintFailure::none
-                                       ? sent_to.with(language, {platform_.printer.destination()})
-                                       : std::string(print_failure_sentence(failure, language)));
+  meter_rec_.set_text(status_hint,
+                      print_sentence(failure, platform_.printer.destination(), link_.state.language));
 }
 
 }  // namespace halden

@@ -17,8 +17,8 @@ constexpr std::array<Text, 7> refusals = {
      {"{} is not a serial port.", "{} 不是序列埠。"},
      {"{} could not be opened.", "{} 無法開啟。"}}};
 
-constexpr std::array<Text, 3> print_failures = {
-    {{"", ""},
+constexpr std::array<Text, 3> print_results = {
+    {{"Print sent to {}.", "列印已送至 {}。"},
      {"No printer is set up on this computer.", "此電腦尚未設定印表機。"},
      {"The document could not be printed.", "無法列印。"}}};
 
@@ -37,8 +37,8 @@ std::string refusal_sentence(PortRefusal refusal, const std::string& device, Lan
   return refusals[static_cast<std::size_t>(refusal)].with(language, {device});
 }
 
-std::string_view print_failure_sentence(PrintFailure failure, Language language) {
-  return print_failures[static_cast<std::size_t>(failure)].in(language);
+std::string print_sentence(PrintFailure failure, const std::string& destination, Language language) {
+  return print_results[static_cast<std::size_t>(failure)].with(language, {destination});
 }
 
 std::string_view write_failure_text(FileFailure failure, Language language) {

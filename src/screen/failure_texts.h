@@ -1,4 +1,5 @@
-// Why a port, a printer or a file failed, as sentences and words for the user in both languages.
+// Why a port, a printer or a file failed, and where a print went, as sentences and words for the user in both
+// languages.
 #pragma once
 
 #include <string>
@@ -15,8 +16,8 @@ namespace halden {
 // Empty for `none`.
 std::string refusal_sentence(PortRefusal refusal, const std::string& device, Language language);
 
-// Why nothing was printed. Empty for `none`.
-std::string_view print_failure_sentence(PrintFailure failure, Language language);
+// Where the print went, or why nothing was printed.
+std::string print_sentence(PrintFailure failure, const std::string& destination, Language language);
 
 // Why a file could not be written, in two or three words. Empty for `none`.
 std::string_view write_failure_text(FileFailure failure, Language language);

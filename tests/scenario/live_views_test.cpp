@@ -1,4 +1,5 @@
 // Readings of the simulated meter in the main window and in the phasor window.
+#include <array>
 #include <cmath>
 
 #include "program_test_base.h"
@@ -222,14 +223,15 @@ TEST_F(PhasorTest, OpensOnlyInPowerModeAndPrintsInLandscape) {
   ASSERT_EQ(world.printer.documents.size(), 1u);
   EXPECT_EQ(world.printer.documents[0][0].orientation, Orientation::landscape);
   EXPECT_EQ(world.printer.documents[0][0].windows, Texts{"PhasorForm"});
-  for (const auto& [gone_with, on] :
-       {std::pair("print_phasor", "PhasorForm"), {"phasor_button", "MeterRec"}}) {
+  using Row = std::array<const char*, 3>;
+  for (const auto& [gone_with, on, hint] : {Row{"print_phasor", "PhasorForm", "Print sent to LaserJet & Co."},
+                                            Row{"phasor_button", "MeterRec", ""}}) {
     world.printer.failure = PrintFailure::failed;
     click("print_phasor", "PhasorForm");
     EXPECT_EQ(form()["status_hint"].text, "The document could not be printed.");
     world.printer.failure = PrintFailure::none;
     click(gone_with, on);
-    EXPECT_EQ(form()["status_hint"].text, "") << gone_with;
+    EXPECT_EQ(form()["status_hint"].text, hint) << gone_with;
   }
   window("PhasorForm").closed();
   program().link.status.meter_mode = harmonics_mode;

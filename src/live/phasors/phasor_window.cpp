@@ -141,7 +141,8 @@ void PhasorWindow::print() {
   form_.set_text(status_hint, "");
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(form_.name());
-  form_.set_text(status_hint, print_failure_sentence(platform_.printer.finish(), link_.language));
+  const PrintFailure failure = platform_.printer.finish();
+  form_.set_text(status_hint, print_sentence(failure, platform_.printer.destination(), link_.language));
 }
 
 void PhasorWindow::power_frame_shown() {

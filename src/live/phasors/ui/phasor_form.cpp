@@ -39,7 +39,7 @@ class KeptProportions : public QWidget {
   QWidget* child_ = nullptr;
 };
 
-// Why a print failed, at the end of the menu bar.
+// What became of a print, at the end of the menu bar. The tooltip holds a long path in full.
 QLabel* build_hint(FormWindow& form) {
   auto* const hint = new QLabel(form.menuBar());
   hint->setObjectName(to_qt(status_hint));
@@ -48,7 +48,10 @@ QLabel* build_hint(FormWindow& form) {
   hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   hint->setFixedWidth(hint_width);
   hint->setContentsMargins(0, 0, hint_margin, 0);
-  form.mirror().tie(std::string(status_hint), [hint](const Control& now) { hint->setText(to_qt(now.text)); });
+  form.mirror().tie(std::string(status_hint), [hint](const Control& now) {
+    hint->setText(to_qt(now.text));
+    hint->setToolTip(to_qt(now.text));
+  });
   return hint;
 }
 
