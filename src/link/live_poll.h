@@ -12,12 +12,12 @@ namespace halden {
 
 // What became of the contents of a live buffer.
 enum class FrameOutcome {
-  complete,    // a whole frame is on the screen, and the next one is requested
-  not_shown,   // the same, but the view does not show it
-  damaged,     // a frame that has a value missing; the next one is requested
-  incomplete,  // no frame, or one that is still arriving
-  other_mode,  // a frame of the meter's other mode
-  other_mode_arriving
+  complete,            // a whole frame is on the screen, and the next one is requested
+  not_shown,           // the same, but the view does not show it
+  damaged,             // a frame that has a value missing; the next one is requested
+  incomplete,          // no frame, or one that is still arriving
+  other_mode,          // a frame of the meter's other mode
+  other_mode_arriving  // the same, not whole yet
 };
 
 // Takes what the live poll hands over.
@@ -47,8 +47,8 @@ class LivePoll {
   void tick();
 
  private:
-  // Whether a missed tick may repeat the request: it has been done already, and bytes that still arrive may
-  // be the rest of a frame.
+  // Whether a missed tick repeats the request. `done`: the view has sent it already. `not_inside_a_frame`:
+  // bytes still arrive, and a request would start their frame anew.
   enum class Repeat { due, done, not_inside_a_frame };
   void count_missed_poll(Repeat repeat);
 
