@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "screen/ui/form_window.h"
+#include "screen/ui/value_panel.h"
 
 namespace halden {
 
@@ -58,6 +59,12 @@ struct FormTest : testing::Test {
 inline void expect_fits(const QWidget* shown, const std::string& where) {
   ASSERT_NE(shown, nullptr) << where;
   if (!shown->isVisible()) return;
+  if (const auto* const field = qobject_cast<const ReadingField*>(shown)) {
+    const QSize size = reading_size(field->reading(), field->font().pixelSize());
+    EXPECT_LE(size.width(), field->width()) << where;
+    EXPECT_LE(size.height(), field->height()) << where;
+    return;
+  }
   constexpr int button_frame = 14;  // line and padding on both sides
   const int frame = qobject_cast<const QAbstractButton*>(shown) != nullptr ? button_frame : 0;
   const QString text = shown->property("text").toString();

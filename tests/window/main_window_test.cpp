@@ -75,10 +75,11 @@ TEST_F(MeterRecTest, ValuesShowUnderTheirQuantity) {
 TEST_F(MeterRecTest, PanelsMoveAndHideWithTheirColumn) {
   const auto place = [this](const char* value) { return widget(value)->parentWidget()->geometry(); };
   const QRect designed = place("V1_value");
-  const QRect va_column = place("VA1_value");
+  const QRect whole_row = designed | place("V12_value") | place("Phase1_value");
   arrange_for_system(Wiring::w1p2w, values, columns);
   form.show_changes();
-  EXPECT_EQ(place("V1_value"), va_column);
+  EXPECT_EQ(place("V1_value") | place("Phase1_value"), whole_row);
+  EXPECT_GT(place("V1_value").width(), 2 * designed.width());
   EXPECT_FALSE(widget("V2_value")->parentWidget()->isVisible());
   arrange_for_system(Wiring::w3p4w, values, columns);
   form.show_changes();
@@ -274,9 +275,11 @@ TEST_F(MeterRecTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
   EXPECT_GT(widget("V12_value")->parentWidget()->height(), 2 * panel.height());
   resize(2048, 1400);
   EXPECT_GE(digits("VAR1_value"), 2 * small - 2);
-  for (std::size_t phase = 0; phase < phase_count; ++phase)
-    for (const PhaseQuantity quantity : phase_quantities)
-      EXPECT_EQ(digits(phase_panel(quantity, phase).value), digits("V12_value"));
+  for (std::size_t phase = 0; phase < phase_count; ++phase) {
+    EXPECT_EQ(digits(line_panel(phase).value), digits("PF1_value"));
+    EXPECT_EQ(digits(phase_panel(PhaseQuantity::W, phase).value), digits("VAR1_value"));
+  }
+  EXPECT_LE(digits("VUR_value"), digits("VAR1_value"));
   for (const Panel& panel : system_panels()) EXPECT_EQ(digits(panel.value), digits("W_sys_value"));
   const int large = digits("W_sys_value");
   for (const bool old : {true, false}) {
@@ -285,6 +288,15 @@ TEST_F(MeterRecTest, PanelsStretchBothWaysAndDigitsGrowEquallyInAGroup) {
     QCoreApplication::processEvents();
     EXPECT_EQ(digits("W_sys_value"), large) << "an old reading keeps its size";
   }
+}
+
+// Digits, without the unit, of 24 pixels can be read from two metres.
+TEST_F(MeterRecTest, DigitsAreHighEnoughToReadFromAfar) {
+  fill_with_widest();
+  resize(1280, 800);
+  for (const char* value :
+       {"V12_value", "I2_value", "VAR3_value", "PF1_value", "Phase3_value", "W_sys_value"})
+    EXPECT_GE(QFontMetricsF(widget(value)->font()).capHeight(), 24) << value;
 }
 
 TEST_F(MeterRecTest, ATextLongerThanExpectedShrinksAlone) {

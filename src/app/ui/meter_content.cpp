@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "screen/meter_rec/columns.h"
 #include "screen/meter_rec/panels.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/mirror.h"
@@ -79,6 +80,10 @@ MeterContent::Build MeterContent::builder_of(ControlKind kind) {
   return &MeterContent::build_nothing;
 }
 
+Place MeterContent::place_of(const std::string& control) const {
+  return place_on_screen(form_.window(), control);
+}
+
 void MeterContent::build_text(const DesignedControl& designed) {
   auto* const label = new QLabel(this);
   label->setObjectName(to_qt(designed.name));
@@ -91,7 +96,7 @@ void MeterContent::build_text(const DesignedControl& designed) {
 }
 
 void MeterContent::build_reading(const DesignedControl& designed) {
-  auto* const field = new ReadingField(to_qt(designed.name), this);
+  auto* const field = new ReadingField(to_qt(designed.name), Units::like_the_number, form_.theme(), this);
   set_role(*field, role_of_reading(designed));
   mirror_.tie(designed.name, *field);
   name_after(designed.label.empty() ? designed.name : designed.label, *field);

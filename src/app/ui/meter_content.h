@@ -20,6 +20,8 @@ class MeterContent : public DesignArea {
   explicit MeterContent(FormWindow& form);
 
  protected:
+  Place place_of(const std::string& control) const override;
+
   // Passes on a double click on a label of the sample clock.
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -67,7 +67,7 @@ NoticeWindow::NoticeWindow(Window& window, QWidget& main_window, Look look)
       theme_(theme(look)),
       mirror_(window),
       caption_(new QLabel(this)),
-      message_(new ReadingField(QStringLiteral("Text1"), this)) {
+      message_(new ReadingField(QStringLiteral("Text1"), Units::like_the_number, theme_, this)) {
   setObjectName(to_qt(window.name()));
   setAttribute(Qt::WA_ShowWithoutActivating);
   build();

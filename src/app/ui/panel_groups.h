@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QString>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -25,11 +27,17 @@ class PanelGroups {
     QString widest;
   };
   using Group = std::vector<Member>;
+  enum class Kind { other_phase_values, powers, system, unbalance, cursor, summary, count };
 
+  static Kind kind_of(const std::string& value_name, int phase);
+  Group& group(Kind kind) { return groups_[static_cast<std::size_t>(kind)]; }
+
+  // The size chosen, at most `largest`.
+  int fit_group(Kind kind, double scale, int largest);
   static QFont fit_captions(const Group& group, double scale);
   static int fit_digits(const Group& group, const QFont& caption_font, int largest);
 
-  std::vector<Group> groups_ = std::vector<Group>(5);
+  std::array<Group, static_cast<std::size_t>(Kind::count)> groups_;
 };
 
 }  // namespace halden

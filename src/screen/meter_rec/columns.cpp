@@ -1,5 +1,7 @@
 #include "screen/meter_rec/columns.h"
 
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -10,7 +12,8 @@ namespace halden {
 namespace {
 
 constexpr std::array<DesignColumn, 8> columns = {
-    {{54, 122}, {184, 122}, {314, 121}, {443, 135}, {586, 147}, {741, 165}, {914, 92}, {1014, 98}}};
+    {{46, 126}, {178, 126}, {310, 132}, {448, 141}, {595, 136}, {737, 157}, {900, 96}, {1002, 115}}};
+constexpr float column_gap = 6 * units_per_pixel;
 
 constexpr std::array<std::string_view, 5> anchor_headers = {"V12_label", "V1_label", "I1_label", "S1_label",
                                                             "Q1_label"};
@@ -81,6 +84,30 @@ std::size_t shown_phases(const Arrangement& arrangement, PhaseQuantity quantity)
   }
 }
 
+// Label and value of every panel that stands in a column.
+std::set<std::string> make_column_panels() {
+  std::set<std::string> names;
+  const auto add = [&names](const Panel& panel) { names.insert({panel.label, panel.value}); };
+  for (std::size_t phase = 0; phase < phase_count; ++phase) {
+    add(line_panel(phase));
+    for (const PhaseQuantity quantity : phase_quantities) add(phase_panel(quantity, phase));
+  }
+  return names;
+}
+
+const std::set<std::string>& column_panels() {
+  static const std::set<std::string> names = make_column_panels();
+  return names;
+}
+
+// Width by left position.
+std::map<float, float> visible_columns(const Window& meter_rec) {
+  std::map<float, float> widths;
+  for (const std::string& name : column_panels())
+    if (const Control& panel = meter_rec[name]; panel.visible) widths[panel.left] = panel.width;
+  return widths;
+}
+
 }  // namespace
 
 std::span<const DesignColumn, 8> design_columns() { return columns; }
@@ -107,6 +134,25 @@ void arrange_for_system(Wiring system, Window& meter_rec, const LabelColumns& la
     meter_rec.set_visible("L" + std::to_string(phase + 1) + "_name", phase < arrangement.currents);
   }
   for (const Panel& panel : unbalance_panels()) arranger.show(panel, arrangement.lines > 0);
+}
+
+Place place_on_screen(const Window& meter_rec, const std::string& control) {
+  Place place = meter_rec[control];
+  const std::map<float, float> shown = visible_columns(meter_rec);
+  if (!column_panels().contains(control) || !shown.contains(place.left)) return place;
+  constexpr float grid_left = static_cast<float>(columns.front().left) * units_per_pixel;
+  constexpr float grid_right =
+      static_cast<float>(columns.back().left + columns.back().width) * units_per_pixel;
+  float own_widths = 0;
+  for (const auto& [left, width] : shown) own_widths += width;
+  const float stretch =
+      (grid_right - grid_left - column_gap * static_cast<float>(shown.size() - 1)) / own_widths;
+  float left = grid_left;
+  for (auto column = shown.begin(); column->first != place.left; ++column)
+    left += column->second * stretch + column_gap;
+  place.left = left;
+  place.width *= stretch;
+  return place;
 }
 
 }  // namespace halden

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <span>
+#include <string>
 
 #include "readings/wiring.h"
 #include "screen/window.h"
@@ -26,5 +27,10 @@ LabelColumns read_label_columns(const Window& meter_rec);
 // Shows, hides and moves the columns for a wiring system; an unknown one is arranged as 1P2W. An item that
 // moves takes the left position, and the width, of the column it moves to; all others keep their place.
 void arrange_for_system(Wiring system, Window& meter_rec, const LabelColumns& label_column_left);
+
+// Where a control is shown. The visible columns of the phase panels share the whole width of the grid in
+// proportion to their own widths, so that no wiring system leaves a hole; all other controls are shown at
+// their own place.
+Place place_on_screen(const Window& meter_rec, const std::string& control);
 
 }  // namespace halden

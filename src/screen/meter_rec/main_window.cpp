@@ -52,9 +52,9 @@ struct Box {
 
 enum class Shown { yes, no };
 
-// Everything except the right-hand column has this left edge and width, with this gap between panels.
+// Everything except the right-hand column has this left edge, with this gap between panels.
 constexpr int grid_left = 16;
-constexpr int grid_width = 1096;
+constexpr int grid_width = 1101;
 constexpr int gap = 8;
 
 constexpr int row_height = 96;
@@ -62,8 +62,10 @@ constexpr int row_top(std::size_t phase) { return 64 + (row_height + gap) * stat
 
 // Panel `index` of those that share the grid's width, `in_row` to a row.
 constexpr Box in_grid(int index, int in_row, int top, int height) {
-  const int pitch = (grid_width + gap) / in_row;
-  return {grid_left + pitch * (index % in_row), top + (height + gap) * (index / in_row), pitch - gap, height};
+  const int column = index % in_row;
+  const auto left = [in_row](int edge) { return grid_left + (grid_width + gap) * edge / in_row; };
+  return {left(column), top + (height + gap) * (index / in_row), left(column + 1) - gap - left(column),
+          height};
 }
 
 class Designer {
@@ -111,14 +113,14 @@ void design_strip(Designer& to) {
 
 // The widest text of each column, with its sign: it decides how large the digits can be.
 constexpr std::array<std::string_view, 7> widest_of_quantity = {
-    "000.0KV", "000.0mA", "-00.00KW", "-00.00KVA", "-00.00KVAR", "-0.00", "-000.0"};
+    "000.0KV", "000.0mA", "-00.00KW", "00.00KVA", "-00.00KVAR", "-0.00", "-000.0"};
 
 void design_phases(Designer& to) {
   for (std::size_t phase = 0; phase < phase_count; ++phase) {
     const std::string digit = std::to_string(phase + 1);
     const int colour = static_cast<int>(phase);
     to.place({"L" + digit + "_name", ControlKind::reading, colour, {}, {}},
-             {grid_left, row_top(phase), 34, row_height}, "L" + digit);
+             {grid_left, row_top(phase), 28, row_height}, "L" + digit);
     const auto at = [phase](const DesignColumn& column) {
       return Box{column.left, row_top(phase), column.width, row_height};
     };

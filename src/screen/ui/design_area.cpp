@@ -26,7 +26,7 @@ QRect DesignArea::in_pixels(const Place& place) const {
 
 void DesignArea::arrange() {
   for (const Child& child : children_)
-    child.widget->setGeometry(in_pixels(child.control.empty() ? child.own_place : window_[child.control]));
+    child.widget->setGeometry(in_pixels(child.control.empty() ? child.own_place : place_of(child.control)));
   Q_EMIT arranged();
 }
 

@@ -33,6 +33,9 @@ class DesignArea : public QWidget {
   void arranged();
 
  protected:
+  // The place in which a control of the window is shown.
+  virtual Place place_of(const std::string& control) const { return window_[control]; }
+
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -50,8 +50,9 @@ QLineEdit[role="phase_1"] { color: @phase1@; }
 QLineEdit[role="phase_2"] { color: @phase2@; }
 QLineEdit[role="phase_3"] { color: @phase3@; }
 QLineEdit[role="edit_box"] {
-  background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; padding: 0 6px; }
-QLineEdit[role="edit_box"]:focus { border: 2px solid @accent@; padding: 0 5px; }
+  background: @background@; color: @text@; border: 1px solid @edge@; border-bottom: 2px solid @accent@;
+  border-radius: 2px; padding: 1px 6px 0 6px; }
+QLineEdit[role="edit_box"]:focus { background: @panel@; border: 2px solid @accent@; padding: 0 5px; }
 QLineEdit[role="edit_box"]:disabled { color: @disabled@; }
 QLineEdit[over_range="true"] { color: @warning@; }
 QLineEdit[old="true"] { color: @quiet@; }

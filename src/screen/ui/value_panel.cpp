@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 #include <utility>
 
 #include "screen/ui/fonts.h"
@@ -13,30 +14,29 @@ namespace {
 
 constexpr int bar_width = 4;
 constexpr int corner = 5;
-constexpr int side_margin = 7;  // between the frame (or its bar) and caption and digits
+constexpr int side_margin = 6;  // between the frame (or its bar) and caption and digits
 constexpr int top_margin = 5;
-constexpr int bottom_margin = 4;
-
-// Pixels that a text field keeps free: two on either side, which negative margins cancel, one above and one
-// below, and one for its cursor.
-constexpr int field_margin = 2;
-constexpr int field_margins_vertical = 2;
-constexpr int cursor_width = 1;
+constexpr int bottom_margin = 8;
 
 // What a reading that is over range begins with: "OL", "OL %".
 constexpr QLatin1String over_range_mark("OL");
 constexpr int smallest_digits = 6;
+constexpr char16_t no_reading = 0x2013;
 
 int caption_height(const QFont& font) { return QFontMetrics(font).height(); }
 
+bool is_no_value(const QString& number) {
+  return std::all_of(number.begin(), number.end(), [](QChar c) { return c == no_reading || c == u'-'; });
+}
+
 }  // namespace
 
-ReadingField::ReadingField(const QString& object_name, QWidget* parent) : QLineEdit(parent) {
+ReadingField::ReadingField(const QString& object_name, Units units, const Theme& theme, QWidget* parent)
+    : QLineEdit(parent), units_(units), theme_(theme) {
   setObjectName(object_name);
   set_role(*this, Role::reading);
   setReadOnly(true);
   setFrame(false);
-  setTextMargins(-field_margin, 0, -field_margin, 0);
   setFocusPolicy(Qt::ClickFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(this, &QLineEdit::textChanged, this, [this] {
@@ -45,11 +45,13 @@ ReadingField::ReadingField(const QString& object_name, QWidget* parent) : QLineE
   });
 }
 
-int ReadingField::text_room(int field_width) { return field_width - cursor_width; }
-
 void ReadingField::set_size(int pixels) {
   size_ = pixels;
   fit();
+}
+
+ReadingText ReadingField::reading() const {
+  return units_ == Units::smaller ? split_reading(text()) : ReadingText{text(), {}};
 }
 
 void ReadingField::resizeEvent(QResizeEvent* event) {
@@ -57,23 +59,34 @@ void ReadingField::resizeEvent(QResizeEvent* event) {
   fit();
 }
 
+void ReadingField::mousePressEvent(QMouseEvent*) { selectAll(); }
+
 void ReadingField::fit() {
-  const QFont wanted = with_pixel_size(reading_font(), size_);
-  const int room = text_room(width());
-  int pixels = size_;
-  const bool too_high = QFontMetrics(wanted).tightBoundingRect(text()).height() > height();
-  if (too_high || width_of(wanted, text()) > room)
-    pixels =
-        largest_size(wanted, text(), QSize(room, height() - field_margins_vertical), smallest_digits, size_);
-  if (font().pixelSize() != pixels || font().bold() != wanted.bold())
-    setFont(with_pixel_size(wanted, pixels));
+  const int pixels = largest_reading(reading(), size(), std::min(smallest_digits, size_), size_);
+  if (font().pixelSize() != pixels || !font().bold()) setFont(with_pixel_size(reading_font(), pixels));
+  update();
+}
+
+// Dashes stand for a value that is not known yet, so they are quiet: those of the reading itself and the one
+// painted while it is empty.
+void ReadingField::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  ReadingText shown = reading();
+  if (units_ == Units::smaller && shown.number.isEmpty()) shown.number = no_reading;
+  ReadingColours colours{palette().color(QPalette::Text), theme_.quiet};
+  if (is_no_value(shown.number)) colours.number = theme_.quiet;
+  if (hasSelectedText()) {
+    painter.fillRect(rect(), theme_.accent);
+    colours = {theme_.panel, theme_.panel};
+  }
+  paint_reading(painter, shown, rect(), alignment(), font().pixelSize(), colours);
 }
 
 ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std::optional<QColor> bar,
                        const Theme& theme, QWidget* parent)
     : QWidget(parent),
       caption_(new QLabel(this)),
-      value_(new ReadingField(value_name, this)),
+      value_(new ReadingField(value_name, Units::smaller, theme, this)),
       bar_(std::move(bar)),
       theme_(theme) {
   caption_->setObjectName(label_name);
@@ -83,9 +96,8 @@ ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std
 }
 
 QSize ValuePanel::value_room(QSize panel, const QFont& caption_font) {
-  return QSize(
-      ReadingField::text_room(caption_room(panel.width())),
-      panel.height() - top_margin - caption_height(caption_font) - bottom_margin - field_margins_vertical);
+  return QSize(caption_room(panel.width()),
+               panel.height() - top_margin - caption_height(caption_font) - bottom_margin);
 }
 
 int ValuePanel::caption_room(int panel_width) { return panel_width - bar_width - 2 * side_margin; }

@@ -8,29 +8,40 @@
 #include <QWidget>
 #include <optional>
 
+#include "screen/ui/reading_text.h"
 #include "screen/ui/theme.h"
 
 namespace halden {
 
+// Whether a unit is painted smaller than its number. Such a field also shows a dash while it is empty.
+enum class Units { like_the_number, smaller };
+
 // A read-only text field that looks like a label; its accessible name is set to the caption of the reading.
+// A click selects the whole reading, for copying.
 class ReadingField : public QLineEdit {
   Q_OBJECT
 
  public:
-  explicit ReadingField(const QString& object_name, QWidget* parent = nullptr);
+  ReadingField(const QString& object_name, Units units, const Theme& theme, QWidget* parent = nullptr);
 
   // The size in pixels the text is shown with, smaller where this text alone would not fit.
   void set_size(int pixels);
 
-  // The width the text may take inside a field of this width.
-  static int text_room(int field_width);
+  // What is painted, without the dash.
+  ReadingText reading() const;
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent*) override {}
+  void mouseDoubleClickEvent(QMouseEvent*) override {}
 
  private:
   void fit();
 
+  Units units_;
+  Theme theme_;
   int size_ = 12;
 };
 

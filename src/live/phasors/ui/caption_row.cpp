@@ -26,7 +26,7 @@ CaptionRow::CaptionRow(const QString& label_name, const QString& value_name, Fra
                        QWidget* parent)
     : QWidget(parent),
       caption_(new QLabel(this)),
-      value_(new ReadingField(value_name, this)),
+      value_(new ReadingField(value_name, Units::smaller, theme, this)),
       frame_(frame),
       theme_(theme) {
   caption_->setObjectName(label_name);
@@ -45,7 +45,7 @@ QSize CaptionRow::caption_room(QSize row) const { return QSize(caption_width(row
 
 QSize CaptionRow::value_room(QSize row) const {
   const int field_width = row.width() - caption_width(row.width()) - 2 * side_margin;
-  return QSize(ReadingField::text_room(field_width), row.height());
+  return QSize(field_width, row.height());
 }
 
 void CaptionRow::set_text_sizes(int caption, int value) {

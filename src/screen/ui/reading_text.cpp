@@ -1,0 +1,87 @@
+#include "screen/ui/reading_text.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
+
+#include "screen/ui/fonts.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double unit_part = 0.45;  // the size of the unit against that of the number
+constexpr int smallest_unit = 10;
+constexpr double gap_part = 0.08;  // between number and unit, against the size of the number
+
+QFont number_font(int pixels) { return with_pixel_size(reading_font(), pixels); }
+
+QFont unit_font(int pixels) {
+  const int unit = static_cast<int>(std::lround(pixels * unit_part));
+  return with_pixel_size(text_font(), std::clamp(unit, std::min(smallest_unit, pixels), pixels));
+}
+
+double gap_before(const QString& unit, int pixels) { return unit.isEmpty() ? 0 : pixels * gap_part; }
+
+// Digits and capital letters have no descenders, so the height above the baseline is enough for them. Round
+// digits reach a little beyond it on both sides.
+constexpr double overshoot_part = 0.03;
+
+double height_of(int pixels) {
+  return QFontMetricsF(number_font(pixels)).capHeight() + 2 * overshoot_part * pixels;
+}
+
+}  // namespace
+
+ReadingText split_reading(const QString& text) {
+  static const QRegularExpression number_and_unit(
+      QStringLiteral("^\\s*([-+]?[0-9.]+|OL)\\s*([A-Za-z%]*)\\s*$"));
+  const QRegularExpressionMatch match = number_and_unit.match(text);
+  if (!match.hasMatch()) return {text.trimmed(), {}};
+  return {match.captured(1), match.captured(2)};
+}
+
+QSize reading_size(const ReadingText& text, int pixels) {
+  const double width = QFontMetricsF(number_font(pixels)).horizontalAdvance(text.number) +
+                       gap_before(text.unit, pixels) +
+                       QFontMetricsF(unit_font(pixels)).horizontalAdvance(text.unit);
+  return QSize(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height_of(pixels))));
+}
+
+// Widths are proportional to the size except for rounding and the smallest unit, so an estimate from one
+// large size is close.
+int largest_reading(const ReadingText& text, QSize room, int smallest, int largest) {
+  constexpr int probe = 64;
+  const QSize at_probe = reading_size(text, probe);
+  const int by_width = room.width() * probe / std::max(at_probe.width(), 1);
+  const int by_height = room.height() * probe / std::max(at_probe.height(), 1);
+  const auto fits = [&](int pixels) {
+    const QSize size = reading_size(text, pixels);
+    return size.width() <= room.width() && size.height() <= room.height();
+  };
+  int pixels = std::clamp(std::min(by_width, by_height) + 1, smallest, largest);
+  while (pixels > smallest && !fits(pixels)) --pixels;
+  return pixels;
+}
+
+void paint_reading(QPainter& painter, const ReadingText& text, const QRect& place, Qt::Alignment side,
+                   int pixels, const ReadingColours& colours) {
+  const QSize size = reading_size(text, pixels);
+  const bool at_bottom = side.testFlag(Qt::AlignBottom);
+  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + height_of(pixels) / 2;
+  const int left = side.testFlag(Qt::AlignRight) ? place.right() + 1 - size.width() : place.left();
+  const QPointF baseline(left, std::round(bottom - overshoot_part * pixels));
+  painter.setFont(number_font(pixels));
+  painter.setPen(colours.number);
+  painter.drawText(baseline, text.number);
+  if (text.unit.isEmpty()) return;
+  const double unit_left =
+      QFontMetricsF(number_font(pixels)).horizontalAdvance(text.number) + gap_before(text.unit, pixels);
+  painter.setFont(unit_font(pixels));
+  painter.setPen(colours.unit);
+  painter.drawText(baseline + QPointF(unit_left, 0), text.unit);
+}
+
+}  // namespace halden

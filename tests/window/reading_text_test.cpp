@@ -1,0 +1,44 @@
+// Readings as they are painted: which part is the unit, and how large they may be.
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "screen/ui/mirror.h"
+#include "screen/ui/reading_text.h"
+
+namespace halden {
+namespace {
+
+TEST(ReadingText, OnlyTheUnitOfANumberIsApart) {
+  const std::array<const char*, 3> rows[] = {{"-0.777KVAR", "-0.777", "KVAR"},
+                                             {"  OL ", "OL", ""},
+                                             {"OL %", "OL", "%"},
+                                             {"0.95H", "0.95", "H"},
+                                             {"------", "------", ""},
+                                             {"", "", ""},
+                                             {"12:30:44", "12:30:44", ""},
+                                             {"3P4W", "3P4W", ""},
+                                             {" 230.1V", "230.1", "V"},
+                                             {"22 Nov 2026", "22 Nov 2026", ""}};
+  for (const auto& [text, number, unit] : rows) {
+    const ReadingText reading = split_reading(QString::fromLatin1(text));
+    EXPECT_EQ(from_qt(reading.number), number) << text;
+    EXPECT_EQ(from_qt(reading.unit), unit) << text;
+  }
+}
+
+TEST(ReadingText, GrowsToTheRoomAndNotBeyond) {
+  const ReadingText reading = split_reading(QStringLiteral("-00.00KVAR"));
+  for (const QSize room : {QSize(60, 40), QSize(141, 70), QSize(600, 50)}) {
+    const int pixels = largest_reading(reading, room, 6, 400);
+    const QSize size = reading_size(reading, pixels);
+    const QSize larger = reading_size(reading, pixels + 1);
+    EXPECT_TRUE(size.width() <= room.width() && size.height() <= room.height()) << room.width();
+    EXPECT_TRUE(larger.width() > room.width() || larger.height() > room.height()) << room.width();
+  }
+  EXPECT_EQ(largest_reading(reading, QSize(5, 5), 6, 400), 6);
+}
+
+}  // namespace
+}  // namespace halden
