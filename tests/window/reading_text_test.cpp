@@ -6,6 +6,7 @@
 
 #include "screen/ui/mirror.h"
 #include "screen/ui/reading_text.h"
+#include "screen/ui/value_panel.h"
 
 namespace halden {
 namespace {
@@ -38,6 +39,18 @@ TEST(ReadingText, GrowsToTheRoomAndNotBeyond) {
     EXPECT_TRUE(larger.width() > room.width() || larger.height() > room.height()) << room.width();
   }
   EXPECT_EQ(largest_reading(reading, QSize(5, 5), 6, 400), 6);
+}
+
+// One digit of 60 pixels' font is about 35 wide and 46 high.
+TEST(ReadingText, StandsBesideACaptionWhereThatLeavesMoreRoom) {
+  ReadingField field(QStringLiteral("value"), Units::smaller, theme(Look::light));
+  field.resize(100, 60);
+  field.keep_free(QSize(60, 20));
+  const ReadingText digit = split_reading(QStringLiteral("8"));
+  EXPECT_GE(field.largest_for(digit, 6, 400), 60);
+  EXPECT_LE(reading_size(digit, field.largest_for(digit, 6, 400)).width(), 40);
+  field.keep_free(QSize(90, 20));
+  EXPECT_LE(reading_size(digit, field.largest_for(digit, 6, 400)).height(), 40);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace halden {
 namespace {
 
 constexpr int smallest_digits = 9;
-constexpr int largest_digits = 400;
+constexpr double largest_digits = 64;  // at the design size
 // The digits of other panels are at most this many times as high as those of the powers of a phase.
 constexpr double at_most_of_powers = 1.4;
 constexpr double design_caption_pixels = 12.0;
@@ -47,9 +47,10 @@ void PanelGroups::add(const std::string& value_name, int phase, const std::strin
 }
 
 void PanelGroups::fit(double scale) {
-  fit_group(Kind::other_phase_values, scale, largest_digits);
-  const int powers = fit_group(Kind::powers, scale, largest_digits);
-  const int at_most = static_cast<int>(powers * at_most_of_powers);
+  const int largest = static_cast<int>(largest_digits * scale);
+  fit_group(Kind::other_phase_values, scale, largest);
+  const int powers = fit_group(Kind::powers, scale, largest);
+  const int at_most = std::min(largest, static_cast<int>(powers * at_most_of_powers));
   fit_group(Kind::system, scale, at_most);
   fit_group(Kind::unbalance, scale, powers);
   fit_group(Kind::cursor, scale, at_most);
@@ -57,29 +58,27 @@ void PanelGroups::fit(double scale) {
 }
 
 int PanelGroups::fit_group(Kind kind, double scale, int largest) {
-  const QFont caption_font = fit_captions(group(kind), scale);
-  const int pixels = fit_digits(group(kind), caption_font, largest);
-  for (const Member& member : group(kind)) member.panel->set_fonts(caption_font, pixels);
+  fit_captions(group(kind), scale);
+  const int pixels = fit_digits(group(kind), largest);
+  for (const Member& member : group(kind)) member.panel->value().set_size(pixels);
   return pixels;
 }
 
-QFont PanelGroups::fit_captions(const Group& group, double scale) {
+void PanelGroups::fit_captions(const Group& group, double scale) {
   int pixels = std::max(static_cast<int>(std::lround(design_caption_pixels * scale)), usual_smallest_caption);
   for (const Member& member : group) {
     const QSize room(ValuePanel::caption_room(member.panel->width()), member.panel->height());
     if (!member.panel->isHidden())
       pixels = largest_size(text_font(), member.panel->caption().text(), room, smallest_caption, pixels);
   }
-  return with_pixel_size(text_font(), pixels);
+  for (const Member& member : group) member.panel->set_caption_font(with_pixel_size(text_font(), pixels));
 }
 
-int PanelGroups::fit_digits(const Group& group, const QFont& caption_font, int largest) {
+int PanelGroups::fit_digits(const Group& group, int largest) {
   int pixels = largest;
-  for (const Member& member : group) {
-    const QSize room = ValuePanel::value_room(member.panel->size(), caption_font);
+  for (const Member& member : group)
     if (!member.panel->isHidden())
-      pixels = largest_reading(split_reading(member.widest), room, smallest_digits, pixels);
-  }
+      pixels = member.panel->value().largest_for(split_reading(member.widest), smallest_digits, pixels);
   return pixels;
 }
 

@@ -34,8 +34,8 @@ class PanelGroups {
 
   // The size chosen, at most `largest`.
   int fit_group(Kind kind, double scale, int largest);
-  static QFont fit_captions(const Group& group, double scale);
-  static int fit_digits(const Group& group, const QFont& caption_font, int largest);
+  static void fit_captions(const Group& group, double scale);
+  static int fit_digits(const Group& group, int largest);
 
   std::array<Group, static_cast<std::size_t>(Kind::count)> groups_;
 };

@@ -16,6 +16,7 @@ constexpr int bar_width = 4;
 constexpr int corner = 5;
 constexpr int side_margin = 6;  // between the frame (or its bar) and caption and digits
 constexpr int top_margin = 5;
+constexpr int caption_gap = 2;
 constexpr int bottom_margin = 8;
 
 // What a reading that is over range begins with: "OL", "OL %".
@@ -50,6 +51,18 @@ void ReadingField::set_size(int pixels) {
   fit();
 }
 
+void ReadingField::keep_free(QSize corner) {
+  corner_ = corner;
+  fit();
+}
+
+int ReadingField::largest_for(const ReadingText& text, int smallest, int largest) const {
+  const QSize below(width(), height() - corner_.height());
+  const QSize beside(width() - corner_.width(), height());
+  return std::max(largest_reading(text, below, smallest, largest),
+                  largest_reading(text, beside, smallest, largest));
+}
+
 ReadingText ReadingField::reading() const {
   return units_ == Units::smaller ? split_reading(text()) : ReadingText{text(), {}};
 }
@@ -62,7 +75,7 @@ void ReadingField::resizeEvent(QResizeEvent* event) {
 void ReadingField::mousePressEvent(QMouseEvent*) { selectAll(); }
 
 void ReadingField::fit() {
-  const int pixels = largest_reading(reading(), size(), std::min(smallest_digits, size_), size_);
+  const int pixels = largest_for(reading(), std::min(smallest_digits, size_), size_);
   if (font().pixelSize() != pixels || !font().bold()) setFont(with_pixel_size(reading_font(), pixels));
   update();
 }
@@ -92,19 +105,15 @@ ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std
   caption_->setObjectName(label_name);
   caption_->setTextFormat(Qt::PlainText);
   set_role(*caption_, Role::quiet);
+  caption_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  caption_->raise();
   value_->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-}
-
-QSize ValuePanel::value_room(QSize panel, const QFont& caption_font) {
-  return QSize(caption_room(panel.width()),
-               panel.height() - top_margin - caption_height(caption_font) - bottom_margin);
 }
 
 int ValuePanel::caption_room(int panel_width) { return panel_width - bar_width - 2 * side_margin; }
 
-void ValuePanel::set_fonts(const QFont& caption_font, int value_pixels) {
-  caption_->setFont(caption_font);
-  value_->set_size(value_pixels);
+void ValuePanel::set_caption_font(const QFont& font) {
+  caption_->setFont(font);
   arrange();
 }
 
@@ -113,13 +122,15 @@ void ValuePanel::resizeEvent(QResizeEvent* event) {
   arrange();
 }
 
+// Where the panel is wide and low, the digits stand beside the caption instead of below it.
 void ValuePanel::arrange() {
   const int left = bar_width + side_margin;
   const int room = caption_room(width());
   const int caption = caption_height(caption_->font());
   caption_->setGeometry(left, top_margin, room, caption);
-  const int value_top = top_margin + caption;
-  value_->setGeometry(left, value_top, room, height() - value_top - bottom_margin);
+  value_->setGeometry(left, top_margin, room, height() - top_margin - bottom_margin);
+  value_->keep_free(
+      QSize(width_of(caption_->font(), caption_->text()) + 2 * side_margin, caption + caption_gap));
 }
 
 void ValuePanel::paintEvent(QPaintEvent*) {

@@ -27,6 +27,12 @@ class ReadingField : public QLineEdit {
   // The size in pixels the text is shown with, smaller where this text alone would not fit.
   void set_size(int pixels);
 
+  // The upper left corner that the text must not cover.
+  void keep_free(QSize corner);
+
+  // The size of the digits, from `smallest` to `largest`, at which a text fits below or beside that corner.
+  int largest_for(const ReadingText& text, int smallest, int largest) const;
+
   // What is painted, without the dash.
   ReadingText reading() const;
 
@@ -42,6 +48,7 @@ class ReadingField : public QLineEdit {
 
   Units units_;
   Theme theme_;
+  QSize corner_{0, 0};
   int size_ = 12;
 };
 
@@ -56,11 +63,9 @@ class ValuePanel : public QWidget {
   QLabel& caption() { return *caption_; }
   ReadingField& value() { return *value_; }
 
-  // How much room a panel of this size leaves for the digits when its caption has the given font.
-  static QSize value_room(QSize panel, const QFont& caption_font);
   static int caption_room(int panel_width);
 
-  void set_fonts(const QFont& caption_font, int value_pixels);
+  void set_caption_font(const QFont& font);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
