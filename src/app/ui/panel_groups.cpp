@@ -51,8 +51,8 @@ void PanelGroups::fit(double scale) {
   fit_group(Kind::other_phase_values, scale, largest);
   const int powers = fit_group(Kind::powers, scale, largest);
   const int at_most = std::min(largest, static_cast<int>(powers * at_most_of_powers));
-  fit_group(Kind::system, scale, at_most);
-  fit_group(Kind::unbalance, scale, powers);
+  const int system = fit_group(Kind::system, scale, at_most);
+  fit_group(Kind::unbalance, scale, std::min(powers, static_cast<int>(system / at_most_of_powers)));
   fit_group(Kind::cursor, scale, at_most);
   fit_group(Kind::summary, scale, at_most);
 }
