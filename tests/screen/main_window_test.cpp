@@ -117,14 +117,14 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
       "V12 V23 V31 V1 V2 V3 I1 I2 I3 W1 W2 W3 VA1 VA2 VA3 VAR1 VAR2 VAR3 PF1 PF2 PF3 Phase1 Phase2 Phase3 "
       "VUR d0_v d2_v IUR d0_i d2_i ";
   const std::tuple<int, std::string, std::string> in_turn[] = {
-      {0, one_phase, "46 46 46 595 178 178 737 310 310 "},
+      {0, one_phase, "46 46 46 595 178 178 746 310 310 "},
       {1, two_phases, "46 46 46 178 178 178 310 310 310 "},
-      {2, lines, "595 595 595 178 178 178 737 737 737 "},
-      {1, two_phases, "595 595 595 178 178 178 310 310 737 "},
-      {0, one_phase, "595 595 595 595 178 178 737 310 737 "},
+      {2, lines, "595 595 595 178 178 178 746 746 746 "},
+      {1, two_phases, "595 595 595 178 178 178 310 310 746 "},
+      {0, one_phase, "595 595 595 595 178 178 746 310 746 "},
       {3, all, "46 46 46 178 178 178 310 310 310 "},
-      {-1, one_phase, "46 46 46 595 178 178 737 310 310 "},
-      {4, one_phase, "46 46 46 595 178 178 737 310 310 "},
+      {-1, one_phase, "46 46 46 595 178 178 746 310 310 "},
+      {4, one_phase, "46 46 46 595 178 178 746 310 310 "},
   };
   Window window = make_main_window();
   const LabelColumns columns = read_label_columns(window);
@@ -136,7 +136,7 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
 }
 
 // 1P2W shows three columns of 136, 157 and 115 pixels in the places of VA, VAR and angle: (1071 - 2 * 6) /
-// 408 = 2.5956 times as wide they fill the 1071 pixels of the grid from 46 to 1117.
+// 417 = 2.5612 times as wide they fill the 1080 pixels of the grid from 46 to 1126.
 TEST(Columns, VisibleColumnsFillTheGridOnTheScreen) {
   Window window = make_main_window();
   const LabelColumns columns = read_label_columns(window);
@@ -145,13 +145,13 @@ TEST(Columns, VisibleColumnsFillTheGridOnTheScreen) {
     return std::to_string(std::lround(place.left / units_per_pixel)) + ".." +
            std::to_string(std::lround((place.left + place.width) / units_per_pixel));
   };
-  EXPECT_EQ(edges("V12_value") + " " + edges("Q3_label"), "46..172 737..894");
+  EXPECT_EQ(edges("V12_value") + " " + edges("Q3_label"), "46..172 746..903");
   arrange_for_system(Wiring::w1p2w, window, columns);
   EXPECT_EQ(edges("V1_value") + " " + edges("I1_label") + " " + edges("Phase1_value"),
-            "46..399 405..813 819..1117");
-  EXPECT_EQ(edges("W_sys_value"), "16..285");
+            "46..417 423..825 831..1126");
+  EXPECT_EQ(edges("W_sys_value"), "16..287");
   arrange_for_system(Wiring::w3p3w, window, columns);
-  EXPECT_EQ(edges("V31_value") + " " + edges("I3_value"), "46..540 546..1117");
+  EXPECT_EQ(edges("V31_value") + " " + edges("I3_value"), "46..562 568..1126");
 }
 
 TEST(Columns, AnItemIsAsWideAsTheColumnItStandsInAndComesBack) {

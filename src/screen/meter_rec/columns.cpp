@@ -12,7 +12,7 @@ namespace halden {
 namespace {
 
 constexpr std::array<DesignColumn, 8> columns = {
-    {{46, 126}, {178, 126}, {310, 132}, {448, 141}, {595, 136}, {737, 157}, {900, 96}, {1002, 115}}};
+    {{46, 126}, {178, 126}, {310, 132}, {448, 141}, {595, 145}, {746, 157}, {909, 96}, {1011, 115}}};
 constexpr float column_gap = 6 * units_per_pixel;
 
 constexpr std::array<std::string_view, 5> anchor_headers = {"V12_label", "V1_label", "I1_label", "S1_label",

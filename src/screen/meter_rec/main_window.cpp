@@ -54,7 +54,7 @@ enum class Shown { yes, no };
 
 // Everything except the right-hand column has this left edge, with this gap between panels.
 constexpr int grid_left = 16;
-constexpr int grid_width = 1101;
+constexpr int grid_width = 1110;
 constexpr int gap = 8;
 
 constexpr int row_height = 96;
@@ -113,7 +113,7 @@ void design_strip(Designer& to) {
 
 // The widest text of each column, with its sign: it decides how large the digits can be.
 constexpr std::array<std::string_view, 7> widest_of_quantity = {
-    "000.0KV", "000.0mA", "-00.00KW", "00.00KVA", "-00.00KVAR", "-0.00", "-000.0"};
+    "000.0KV", "000.0mA", "-00.00KW", "-00.00KVA", "-00.00KVAR", "-0.00", "-000.0"};
 
 void design_phases(Designer& to) {
   for (std::size_t phase = 0; phase < phase_count; ++phase) {
@@ -148,9 +148,11 @@ void design_system(Designer& to) {
 }
 
 void design_settings(Designer& to) {
-  constexpr int left = 1126;
-  constexpr int width = 138;
-  to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, width, 20}, "Meter settings");
+  constexpr int left = 1134;
+  constexpr int width = 130;
+  constexpr int heading_width = 142;
+  to.place({"settings_heading", ControlKind::text, -1, {}, {}}, {left, 64, heading_width, 20},
+           "Meter settings");
   constexpr int top = 92;
   constexpr int pitch = 41;
   // In the order they are seen, which is also the order of the Tab key.
@@ -166,7 +168,7 @@ void design_settings(Designer& to) {
   }
   constexpr int below = top + pitch * static_cast<int>(meter_settings.size());
   to.place({"get_hz", ControlKind::button, -1, {}, {}}, {left, below + 4, width, 32}, "Update Now");
-  to.place({"energy_heading", ControlKind::text, -1, {}, {}}, {left, below + 62, width, 20},
+  to.place({"energy_heading", ControlKind::text, -1, {}, {}}, {left, below + 62, heading_width, 20},
            "Energy and demand");
   to.place({"reset_kwh", ControlKind::button, -1, {}, {}}, {left, below + 88, width, 32}, "<- Reset");
 }

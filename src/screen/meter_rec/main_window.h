@@ -15,7 +15,7 @@ namespace halden {
 
 inline constexpr float design_width = 1280 * units_per_pixel;
 inline constexpr float design_height = 736 * units_per_pixel;
-inline constexpr float panels_right = 1120;  // design pixels; the settings begin to the right
+inline constexpr float panels_right = 1130;  // design pixels; the settings begin to the right
 
 enum class ControlKind {
   text,      // a quiet label
