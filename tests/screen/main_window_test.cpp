@@ -135,7 +135,7 @@ TEST(Columns, EachWiringShowsAndMovesItsOwn) {
   }
 }
 
-// 1P2W shows three columns of 136, 157 and 115 pixels in the places of VA, VAR and angle: (1071 - 2 * 6) /
+// 1P2W shows three columns of 145, 157 and 115 pixels in the places of VA, VAR and angle: (1080 - 2 * 6) /
 // 417 = 2.5612 times as wide they fill the 1080 pixels of the grid from 46 to 1126.
 TEST(Columns, VisibleColumnsFillTheGridOnTheScreen) {
   Window window = make_main_window();
