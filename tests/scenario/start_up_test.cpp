@@ -101,6 +101,19 @@ TEST(RefusedAtTheStart, AStoredPortIsNamedAndTheCauseStandsInTheStatusLine) {
   }
 }
 
+// A program that was killed leaves its lock file behind, and another user cannot simply open the port.
+TEST_F(StartUp, APortInUseNamesItsLockFile) {
+  start_on_port(1);
+  port.refuse(2, PortRefusal::in_use, "/tmp/LCK..ttyUSB1");
+  click("port_number_2");
+  EXPECT_EQ(text("status_hint"),
+            "simulated meter is in use by another program. If none uses it, delete the lock file "
+            "/tmp/LCK..ttyUSB1.");
+  port.refuse(2, PortRefusal::missing, "/tmp/LCK..ttyUSB1");
+  click("port_number_2");
+  EXPECT_EQ(text("status_hint"), "simulated meter is not there. Is the adapter plugged in?");
+}
+
 TEST_F(StartUp, TheFirstCharacterOfTheLanguageFileDecides) {
   for (const auto& [content, file_menu] : {std::pair("1\r\n", "檔案"),
                                            {"1", "檔案"},
