@@ -13,9 +13,6 @@ bool interrupted();
 
 enum class Written { all, reader_gone, failed, interrupted };
 
-// What is told when it failed.
-inline constexpr const char* not_written = "The results could not be written.";
-
 // Writes to standard output at once. `interrupted` means that the reader took nothing for half a second of an
 // interruption.
 Written write_results(std::string_view results);
