@@ -135,6 +135,7 @@ TEST_F(HarmonicsMode, TheViewFollowsTheMeterAfterEveryStatusQuery) {
   meter.settings().mode = simulator::MeterMode::harmonics;
   meter.settings().harmonic_order = 60;
   start_on_port(1);
+  EXPECT_EQ(received(), "? ") << "one request for a frame, not two";
   EXPECT_EQ(text("PQA_mode"), "Harmo. and Waveform");
   EXPECT_EQ(program().link.state.display_mode, 0);
   EXPECT_EQ(program().live.harmonics_options.harmonic_count, 51);
