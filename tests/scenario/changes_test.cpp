@@ -192,6 +192,10 @@ TEST_F(HarmonicsMode, WhatDoesNotFitIsSaid) {
   click("get_hz");
   EXPECT_EQ(link(MeterMode::harmonics, Wiring::w3p4w), "linked|rate");
   EXPECT_EQ(link(MeterMode::power, Wiring::w3p4w), "The meter is in power mode: press Update Now");
+  const auto changed = [this] {
+    return text("status_link") != "The meter is in power mode: press Update Now";
+  };
+  EXPECT_FALSE(world.run_until(changed, 30)) << "it must not flicker whenever counting starts again";
 }
 
 }  // namespace
