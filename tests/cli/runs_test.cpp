@@ -178,6 +178,16 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
   EXPECT_EQ(terminal.notes.back(), where) << "as long as the file lies there";
 }
 
+TEST_F(RecordRuns, LinesThatCanBeKeptNowhereAreCalledLost) {
+  start();
+  run_for(3);
+  journey.world.files.write_failure = FileFailure::disk_full;
+  run_for(4);
+  run->finish();
+  EXPECT_EQ(terminal.ended, "2 recorded lines lost, because no file could be written (disk full).");
+  EXPECT_TRUE(terminal.printed.empty()) << "no summary that counts them";
+}
+
 TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {
   const std::pair<std::vector<TypedSetting>, std::string> rows[] = {
       {{{"ct", "040"}, {"pt", "7"}, {"md", "30"}, {"sec", "4"}, {"hz", "auto"}}, "done"},
