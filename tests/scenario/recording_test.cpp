@@ -63,7 +63,7 @@ struct Recorder : Journey {
   }
 
   const std::string& status() {
-    program().desk.refresh_status_line();
+    program().application.refresh_status_line();
     return text("status_recording");
   }
 

@@ -74,7 +74,7 @@ bool QtSession::connect_to_meter() {
     return false;
   }
   progress("Reading the settings...");
-  program_.desk.start_up();
+  program_.application.start_up();
   erase_progress();
   if (program_.link.query.succeeded()) return true;
   failed(dialogs_.last_message());
