@@ -32,7 +32,7 @@ void handle_frames(benchmark::State& state, Sampling sampling) {
   VirtualWorld world;
   ScriptedPort port(world);
   Program program(world.platform(port), {});
-  program.desk.start_up();
+  program.application.start_up();
   prepare(program);
   bool even = false;
   for (auto _ : state) {
@@ -61,7 +61,7 @@ void hour_of_polling(benchmark::State& state) {
     simulator::SimulatedPort port(world.clock, meter);
     world.files.contents["./commport.dat"] = "1\r\n";
     Program program(world.platform(port), {});
-    dispatch([&program] { program.desk.start_up(); });
+    dispatch([&program] { program.application.start_up(); });
     world.run_for(3600);
   }
   state.SetItemsProcessed(state.iterations());

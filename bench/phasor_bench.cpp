@@ -31,7 +31,7 @@ void redraw_phasors(benchmark::State& state) {
   StartOptions options;
   options.first_port = first_port_number;
   Program program(world.platform(port), options);
-  dispatch([&program] { program.desk.start_up(); });
+  dispatch([&program] { program.application.start_up(); });
   program.shared.meter_rec.click("phasor_button");
   world.run_for(2);
   Window& values = program.shared.windows["PhasorForm"];

@@ -28,7 +28,7 @@ void record_line(benchmark::State& state) {
   Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
                    outside.printer, outside.shell, files},
                   options);
-  dispatch([&program] { program.desk.start_up(); });
+  dispatch([&program] { program.application.start_up(); });
   world.run_for(5);
   Recording& recording = program.live.recording;
   recording.begin_data_file(folder / "record.csv");

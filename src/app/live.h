@@ -29,6 +29,7 @@ struct Live {
         link(meter_link),
         rescue(outside.files, work_folder, temporary_folder) {
     monitor.add_listener(recording);
+    monitor.add_listener(harmonics);
   }
   Live(const Live&) = delete;
   Live& operator=(const Live&) = delete;

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -98,7 +100,8 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : wrong_usage;
+    std::ostringstream text;
+    return app.exit(error, text, std::cerr) == 0 ? halden::print_and_end(text.str()) : wrong_usage;
   }
   if (const std::string missing = halden::missing_display(); !missing.empty()) {
     std::fprintf(stderr, "%s\n", missing.c_str());

@@ -80,7 +80,8 @@ PortRefusal PortChoice::open(int number) {
 void PortChoice::tell_refusal(int number, PortRefusal refusal) {
   std::string device = platform_.port.device_name(number);
   if (device.empty()) device = "COM " + std::to_string(number);
-  window_.set_text(status_hint, refusal_sentence(refusal, device, link_.state.language));
+  const std::string lock_file = platform_.port.lock_file(number);
+  window_.set_text(status_hint, refusal_sentence(refusal, device, lock_file, link_.state.language));
 }
 
 void PortChoice::fall_back(int number, int old) {

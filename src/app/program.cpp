@@ -18,11 +18,11 @@ Program::Program(const Platform& outside, const StartOptions& start_options)
   platform.timer2.set_period_ms(designed_poll_period_ms);
   platform.timer1.on_tick([this] {
     live.sample_clock.tick();
-    desk.refresh_status_line();
+    application.refresh_status_line();
   });
   platform.timer2.on_tick([this] {
     link.gate.run_tick([this] { live.poll.tick(); });
-    desk.refresh_status_line();
+    application.refresh_status_line();
   });
 }
 

@@ -1,11 +1,11 @@
 // The whole program without its windows on the screen: its parts in the order they are built, each with
 // references to the parts it uses.
 //
-// Desktop, tests and haldenctl drive it the same way: desk.start_up once, then the user's actions on the
-// values of the windows, which also hold everything that is shown. Timer ticks come from the platform.
+// Desktop, tests and haldenctl drive it the same way: application.start_up once, then the user's actions on
+// the values of the windows, which also hold everything that is shown. Timer ticks come from the platform.
 #pragma once
 
-#include "app/desk.h"
+#include "app/application.h"
 #include "app/live.h"
 #include "app/shared.h"
 #include "app/start_options.h"
@@ -26,7 +26,7 @@ struct Program {
   Link link{platform, shared.meter_rec, shared.notice, shared.label_column_left};
   Live live{platform, shared, link, options.work_folder, options.temporary_folder};
   LoggerWindow logger{shared.windows, link.query, link.status};
-  Desk desk{platform, options, shared, link, live};
+  Application application{platform, options, shared, link, live};
 };
 
 }  // namespace halden

@@ -55,7 +55,7 @@ StatusLine::LinkField StatusLine::link_field() const {
   };
   if (platform_.port.state() == PortState::closed) return field(no_port, "idle");
   if (platform_.port.state() == PortState::vanished) return field(adapter_gone, "lost");
-  const bool silent = platform_.clock.monotonic_s() - link_.state.last_arrival_s >= silent_after_s;
+  const bool silent = platform_.clock.monotonic_s() - link_.waits.last_arrival_s() >= silent_after_s;
   if (const auto misfit = misfit_text(); misfit && !silent) return {*misfit, "idle"};
   const auto old_s = monitor_.old_since_s();
   const std::string since = old_s ? time_of_day_text(*old_s) : std::string();

@@ -20,13 +20,23 @@ constexpr double noticed_silence_s = 5.0;
 constexpr int most_frames = 1'000'000'000;
 constexpr int ms_per_day = 86'400'000;
 
+// With a line for a remark and one for the cursor.
+bool fits(const std::vector<std::string>& lines, const ScreenSize& screen) {
+  const auto widest = std::ranges::max_element(lines, {}, &std::string::size);
+  return std::cmp_less_equal(lines.size() + 2, screen.rows) &&
+         std::cmp_less_equal(widest->size(), screen.columns);
+}
+
 std::string padded(int number, const char* zeros) { return format_pattern(number, zeros); }
 
 int run_live(const OpenSession& open, const CommonOptions& common, const LiveOptions& options) {
   const auto session = open(common.port, Interruption::is_end, FileAccess::none);
   LiveReport report(session->program(), options, *session);
   session->every(silence_check_ms, [&] { report.check_silence(); });
-  return session->run([&] { report.start(); });
+  return session->run([&] {
+    session->on_interruption([&] { report.finish(); });
+    report.start();
+  });
 }
 
 }  // namespace
@@ -47,8 +57,10 @@ void LiveReport::start() {
 void LiveReport::check_silence() {
   if (!started_) return;
   const double silent_s = program_.platform.clock.monotonic_s() - last_frame_s_;
-  if (silent_s >= noticed_silence_s && !std::exchange(silence_noted_, true))
-    terminal_.note("The meter sends no readings.");
+  if (silent_s >= noticed_silence_s && !std::exchange(silence_noted_, true)) {
+    constexpr const char* remark = "The meter sends no readings.";
+    table_.drawn() ? terminal_.print(table_.add(remark)) : terminal_.note(remark);
+  }
   if (options_.count && silent_s >= longest_silence_s)
     terminal_.failed("The meter has sent no readings for 30 seconds.");
 }
@@ -57,11 +69,35 @@ void LiveReport::frame_shown() {
   if (frames_ == options_.count) return;
   last_frame_s_ = program_.platform.clock.monotonic_s();
   silence_noted_ = false;
-  Record record = live_record(program_.shared.meter_rec, local_time_text(program_.platform.clock));
+  const std::string time = local_time_text(program_.platform.clock);
+  if (!print_table(time)) print_block(time);
+  if (++frames_ == options_.count) terminal_.done();
+}
+
+// False where there is no terminal, or none large enough, also since the last frame.
+bool LiveReport::print_table(const std::string& time) {
+  if (options_.format != Format::text) return false;
+  const std::optional<ScreenSize> screen = terminal_.screen();
+  if (!screen) return false;
+  const std::vector<std::string> lines = live_table(program_.shared.meter_rec, time);
+  if (!fits(lines, *screen)) {
+    table_.leave();
+    return false;
+  }
+  terminal_.print(table_.draw(lines));
+  return true;
+}
+
+void LiveReport::print_block(const std::string& time) {
+  Record record = live_record(program_.shared.meter_rec, time);
   add_phasor_angles(program_.live.phasors.angles(), program_.link.status.wiring_system, record);
   const char* const block_end = options_.format == Format::text ? "\n" : "";
   terminal_.print(formatted(record, options_.format) + block_end);
-  if (++frames_ == options_.count) terminal_.done();
+}
+
+void LiveReport::finish() {
+  if (table_.drawn()) terminal_.print(table_.clear_below());
+  terminal_.done();
 }
 
 Record live_record(const Window& meter_rec, const std::string& time) {
@@ -106,8 +142,8 @@ void add_live_command(CLI::App& app, ChosenCommand& chosen) {
     std::optional<int> count;
   };
   const auto typed = std::make_shared<Typed>();
-  CLI::App* const command =
-      app.add_subcommand("live", "Print every reading of the meter's power mode until interrupted");
+  CLI::App* const command = app.add_subcommand(
+      "live", "Print every reading of the meter's power mode until interrupted; on a terminal as one table");
   add_common_options(*command, typed->common);
   command->add_option("--count", typed->count, "End after that many readings")
       ->type_name("N")

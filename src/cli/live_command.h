@@ -1,4 +1,5 @@
-// `haldenctl live`: prints the readings of every power frame, as the panels of the main window show them.
+// `haldenctl live`: prints the readings of every power frame, as the panels of the main window show them. On
+// a terminal they are one table that every frame replaces.
 #pragma once
 
 #include <optional>
@@ -6,6 +7,7 @@
 
 #include "app/program.h"
 #include "cli/command.h"
+#include "cli/live_table.h"
 #include "cli/session.h"
 #include "platform/clock.h"
 #include "readings/wiring.h"
@@ -36,12 +38,19 @@ class LiveReport : public LiveListener {
   // Fails when the meter has been silent for too long; called twice a second.
   void check_silence();
 
+  // Ends the command; the terminal is left with the last table and the cursor below it.
+  void finish();
+
   void frame_shown() override;
 
  private:
+  bool print_table(const std::string& time);
+  void print_block(const std::string& time);
+
   Program& program_;
   LiveOptions options_;
   Terminal& terminal_;
+  RedrawnLines table_;
   bool started_ = false;
   int frames_ = 0;
   double last_frame_s_ = 0.0;

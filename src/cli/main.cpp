@@ -1,12 +1,10 @@
 // haldenctl: the companion on the command line.
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <iostream>
 #include <sstream>
 
 #include "cli/command.h"
-#include "cli/process_io.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
 
@@ -25,10 +23,8 @@ void parse(CLI::App& app, int argc, char** argv) {
 // Prints the help, the version or what was wrong.
 int end_without_command(const CLI::App& app, const CLI::ParseError& end) {
   std::ostringstream results;
-  if (app.exit(end, results, std::cerr) != 0) return halden::exit_wrong_usage;
-  if (halden::write_results(results.str()) != halden::Written::failed) return halden::exit_done;
-  std::fprintf(stderr, "%s\n", halden::not_written);
-  return halden::exit_failed;
+  return app.exit(end, results, std::cerr) == 0 ? halden::print_and_end(results.str())
+                                                : halden::exit_wrong_usage;
 }
 
 }  // namespace

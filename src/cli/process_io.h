@@ -2,6 +2,7 @@
 // (`haldenctl live ... | head`) or take nothing any more.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace halden {
@@ -13,9 +14,6 @@ bool interrupted();
 
 enum class Written { all, reader_gone, failed, interrupted };
 
-// What is told when it failed.
-inline constexpr const char* not_written = "The results could not be written.";
-
 // Writes to standard output at once. `interrupted` means that the reader took nothing for half a second of an
 // interruption.
 Written write_results(std::string_view results);
@@ -25,5 +23,15 @@ Written write_remark(std::string_view remark);
 
 // Whether the error channel is a terminal.
 bool remarks_are_watched();
+
+// In characters.
+struct ScreenSize {
+  int columns = 0;
+  int rows = 0;
+};
+
+// The size of the terminal behind standard output, ready to obey escape sequences; nothing when there is none
+// that does.
+std::optional<ScreenSize> results_screen();
 
 }  // namespace halden

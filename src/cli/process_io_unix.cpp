@@ -1,6 +1,7 @@
 #ifndef _WIN32
 
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 
 #include "cli/process_io.h"
 
@@ -70,6 +72,14 @@ Written write_results(std::string_view results) { return write_all(STDOUT_FILENO
 Written write_remark(std::string_view remark) { return write_all(STDERR_FILENO, remark); }
 
 bool remarks_are_watched() { return isatty(STDERR_FILENO) == 1; }
+
+std::optional<ScreenSize> results_screen() {
+  const char* const kind = std::getenv("TERM");
+  if (kind == nullptr || *kind == '\0' || std::string_view(kind) == "dumb") return std::nullopt;
+  winsize size = {};
+  if (isatty(STDOUT_FILENO) != 1 || ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) return std::nullopt;
+  return ScreenSize{size.ws_col, size.ws_row};
+}
 
 }  // namespace halden
 

@@ -1,6 +1,8 @@
 #ifdef _WIN32
 
+#define NOMINMAX
 #include <io.h>
+#include <windows.h>
 
 #include <array>
 #include <cerrno>
@@ -43,6 +45,18 @@ Written write_results(std::string_view results) { return write_all(stdout, resul
 Written write_remark(std::string_view remark) { return write_all(stderr, remark); }
 
 bool remarks_are_watched() { return _isatty(_fileno(stderr)) != 0; }
+
+// An old console refuses the virtual terminal mode, and would show the sequences as text.
+std::optional<ScreenSize> results_screen() {
+  const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  CONSOLE_SCREEN_BUFFER_INFO info = {};
+  if (GetConsoleMode(console, &mode) == 0 || GetConsoleScreenBufferInfo(console, &info) == 0 ||
+      SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) == 0)
+    return std::nullopt;
+  const SMALL_RECT& window = info.srWindow;
+  return ScreenSize{window.Right - window.Left + 1, window.Bottom - window.Top + 1};
+}
 
 }  // namespace halden
 

@@ -75,18 +75,14 @@ void RecordRun::check_progress() {
 
 void RecordRun::finish() {
   if (!std::exchange(runs_, false)) return;
-  const std::string elsewhere = program_.live.recording.end_recording();
-  const DataFile& file = program_.live.recording.file();
-  if (file.lines_waiting() > 0) {
-    terminal_.failed(recording_status_text(program_.live.recording.status(), file, Language::english));
-    return;
-  }
+  const std::string not_in_file = program_.live.recording.end_recording();
+  if (program_.live.recording.file().lines_given_up() > 0) return terminal_.failed(not_in_file + ".");
   terminal_.print(
       formatted({{"file", options_.file}, {"records", program_.live.recording.records()}}, options_.format));
-  if (elsewhere.empty())
+  if (not_in_file.empty())
     terminal_.done();
   else
-    terminal_.failed(elsewhere);
+    terminal_.failed(not_in_file);
 }
 
 void add_record_command(CLI::App& app, ChosenCommand& chosen) {

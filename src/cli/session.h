@@ -3,9 +3,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/port_argument.h"
+#include "cli/process_io.h"
 
 namespace halden {
 
@@ -23,6 +25,10 @@ class Terminal {
 
   // Results, for people and for other programs; they reach the reader at once.
   virtual void print(const std::string& results) = 0;
+
+  // The size of the screen on which results can be replaced by escape sequences; nothing when a program or a
+  // file takes them.
+  virtual std::optional<ScreenSize> screen() const = 0;
 
   // A remark while the command continues, in one sentence.
   virtual void note(const std::string& sentence) = 0;

@@ -25,6 +25,7 @@ void DataFile::begin(std::string path, std::string header) {
   waiting_.clear();
   lines_waiting_ = 0;
   lines_written_ = 0;
+  lines_given_up_ = 0;
   write_waiting();
 }
 
@@ -47,6 +48,12 @@ bool DataFile::write_waiting() {
 
 FileFailure DataFile::write_waiting_to(const std::string& path) {
   return append_waiting(path, Header::always);
+}
+
+void DataFile::give_up_waiting() {
+  lines_given_up_ += std::exchange(lines_waiting_, 0);
+  waiting_.clear();
+  header_waits_ = false;
 }
 
 FileFailure DataFile::append_waiting(const std::string& path, Header header) {

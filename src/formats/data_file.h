@@ -1,4 +1,5 @@
-// A data file while it is being recorded: lines are appended by open, write and close, and none is lost.
+// A data file while it is being recorded: lines are appended by open, write and close, and none is lost
+// unless it is given up.
 //
 // A line that cannot be written (disk full, folder deleted, file locked by a spreadsheet) stays in memory, in
 // order, and is written with the next append that succeeds. A last line without a line end (power cut) gets
@@ -36,9 +37,13 @@ class DataFile {
   // Writes the header lines and all waiting lines to the end of another file; on success none waits.
   FileFailure write_waiting_to(const std::string& path);
 
+  // The waiting lines are lost.
+  void give_up_waiting();
+
   const std::string& path() const { return path_; }
   std::size_t lines_written() const { return lines_written_; }  // to this file, not to another one
   std::size_t lines_waiting() const { return lines_waiting_; }
+  std::size_t lines_given_up() const { return lines_given_up_; }
 
   // Why the last append failed; `none` when it did not.
   FileFailure failure() const { return failure_; }
@@ -55,6 +60,7 @@ class DataFile {
   std::string waiting_;  // lines with their line ends
   std::size_t lines_waiting_ = 0;
   std::size_t lines_written_ = 0;
+  std::size_t lines_given_up_ = 0;
   FileFailure failure_ = FileFailure::none;
 };
 

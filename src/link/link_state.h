@@ -21,7 +21,6 @@ struct LinkState {
   std::int16_t display_mode = power_view;
   std::int16_t missed_polls = 0;  // consecutive live ticks that ended with an incomplete frame
   std::int16_t link_lost = 0;     // 1 after more than 16 of them
-  double last_arrival_s = 0;      // when a live tick last found new bytes, monotonic
   std::string reply_buffer;       // the answer to the status query
   std::string poll_buffer;        // live frames of the power and harmonics views
   std::string wave_buffer;        // live frames of the waveform view, as bytes

@@ -37,10 +37,7 @@ bool frame_is_complete(const LinkState& state) {
 }
 
 void LivePoll::tick() {
-  const std::size_t before = live_buffer(state_).size();
-  waits_.drain(live_buffer(state_));
-  const bool arrived = live_buffer(state_).size() != before;
-  if (arrived) state_.last_arrival_s = platform_.clock.monotonic_s();
+  const bool arrived = waits_.drain(live_buffer(state_)) > 0;
   if (!frame_is_complete(state_)) return count_missed_poll(Repeat::due);
   waits_.drain(live_buffer(state_));
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));

@@ -39,15 +39,9 @@ void Polling::stop() {
   platform_.timer2.set_enabled(false);
 }
 
-void Polling::set_live_timer() {
+void Polling::set_live_period() {
   switch (state_.display_mode) {
     case harmonics_view:
-      platform_.timer2.set_period_ms(frame_period_ms);
-      waits_.timed_wait(settle_s, Yield::no);
-      waits_.drain(state_.poll_buffer);
-      state_.poll_buffer.clear();
-      platform_.port.send(" ");
-      break;
     case power_view:
       platform_.timer2.set_period_ms(frame_period_ms);
       break;
@@ -57,6 +51,15 @@ void Polling::set_live_timer() {
     default:
       break;
   }
+}
+
+void Polling::set_live_timer() {
+  set_live_period();
+  if (state_.display_mode != harmonics_view) return;
+  waits_.timed_wait(settle_s, Yield::no);
+  waits_.discard();
+  state_.poll_buffer.clear();
+  send_live_request();
 }
 
 void Polling::send_live_request() { platform_.port.send(state_.display_mode == waveform_view ? "W" : " "); }

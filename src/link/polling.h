@@ -22,8 +22,11 @@ class Polling {
 
   void stop_polling() { resume_polling(0); }
 
-  // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms). For the
-  // harmonics view it also waits a second, throws away what was received and sends the request.
+  // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms).
+  void set_live_period();
+
+  // The same while polling runs: for the harmonics view it also waits a second, throws away what was received
+  // and sends the request. During an exchange set_live_period is enough, because resume_polling requests.
   void set_live_timer();
 
   // Asks the meter for the next frame of the current view: "W" for a waveform, one blank otherwise.

@@ -26,9 +26,12 @@ void Waits::timed_wait(double seconds, Yield yield) {
   for_seconds(seconds, yield, [] { return true; });
 }
 
-void Waits::drain(std::string& buffer) {
-  buffer += port_.receive();
+std::size_t Waits::drain(std::string& buffer) {
+  const std::string received = port_.receive();
+  buffer += received;
   if (buffer.size() > live_buffer_limit) buffer.erase(0, buffer.size() - live_buffer_limit);
+  if (!received.empty()) last_arrival_s_ = clock_.monotonic_s();
+  return received.size();
 }
 
 void Waits::discard() { port_.receive(); }
@@ -51,11 +54,13 @@ void Waits::drain_while_arriving(double pause_s, std::string& buffer) {
   }
 }
 
-void Waits::drain_until_length(std::size_t length, double seconds, std::string& buffer) {
+bool Waits::drain_next(double seconds, std::string& buffer) {
+  bool came = false;
   for_seconds(seconds, Yield::no, [&] {
-    drain(buffer);
-    return buffer.size() < length;
+    came = drain(buffer) > 0;
+    return !came;
   });
+  return came;
 }
 
 void Waits::wait_until_quiet() {

@@ -19,7 +19,11 @@ class Waits {
   void timed_wait(double seconds, Yield yield);
 
   // Appends everything received to a live buffer, of which the newest live_buffer_limit bytes are kept.
-  void drain(std::string& buffer);
+  // Returns how many bytes were received; the buffer does not tell, because a full one keeps its size.
+  std::size_t drain(std::string& buffer);
+
+  // When bytes for a live buffer last arrived, monotonic; 0 before the first ones.
+  double last_arrival_s() const { return last_arrival_s_; }
 
   // Throws away everything received.
   void discard();
@@ -32,8 +36,8 @@ class Waits {
   // most 6 s, also when something sends without end.
   void drain_while_arriving(double pause_s, std::string& buffer);
 
-  // Appends what arrives, without yielding, until `buffer` holds `length` bytes or `seconds` have passed.
-  void drain_until_length(std::size_t length, double seconds, std::string& buffer);
+  // Waits up to `seconds`, without yielding, for something to arrive, and appends it. Whether something came.
+  bool drain_next(double seconds, std::string& buffer);
 
   // Before a settings write: waits in steps of 0.5 s until the count of waiting characters no longer changes;
   // at most about 6 s.
@@ -46,6 +50,7 @@ class Waits {
 
   Clock& clock_;
   SerialPort& port_;
+  double last_arrival_s_ = 0;
 };
 
 }  // namespace halden

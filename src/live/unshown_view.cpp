@@ -8,16 +8,20 @@
 namespace halden {
 
 FrameOutcome UnshownView::take_frame() {
+  sent_power_frames_ = false;
   live_buffer(link_.state).clear();
   link_.polling.send_live_request();
   return FrameOutcome::not_shown;
 }
 
-// A frame of the power mode has labels with a phase digit, which no tag of a harmonics frame has.
 Misfit UnshownView::misfit() const {
+  return {kind_ == RecordKind::harmonics && (sent_power_frames_ || holds_power_frame()), 0};
+}
+
+// A frame of the power mode has labels with a phase digit, which no tag of a harmonics frame has.
+bool UnshownView::holds_power_frame() const {
   const std::string& buffer = link_.state.poll_buffer;
-  const bool power = buffer.find("V1") != std::string::npos && buffer.find("Q1") != std::string::npos;
-  return {kind_ == RecordKind::harmonics && power, 0};
+  return buffer.find("V1") != std::string::npos && buffer.find("Q1") != std::string::npos;
 }
 
 std::string UnshownView::header() {

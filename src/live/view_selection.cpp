@@ -34,27 +34,27 @@ bool ViewSelection::view_fits() const {
 
 void ViewSelection::select_by_meter_mode() {
   if (view_fits()) return;
-  if (link_.status.meter_mode == harmonics_mode)
-    open_harmonics();
-  else
-    close_view();
+  if (link_.status.meter_mode != harmonics_mode) return close_view();
+  show_harmonics();
+  link_.polling.set_live_timer();
 }
 
-// Polling is stopped meanwhile; the exchange that has read the status resumes it.
+// Polling is stopped meanwhile; the exchange that has read the status resumes it and requests the first
+// frame. A request here would be a second one, whose frame every later reading would lag behind.
 void ViewSelection::follow_status() {
+  const bool harmonics = link_.status.meter_mode == harmonics_mode;
   if (view_fits()) {
-    if (link_.status.meter_mode == harmonics_mode) show_cursor_and_frequency();
+    if (harmonics) show_cursor_and_frequency();
     return;
   }
-  if (link_.status.meter_mode == harmonics_mode)
-    open_harmonics();
-  else
-    show_power();
+  harmonics ? show_harmonics() : show_power();
+  link_.polling.set_live_period();
 }
 
 void ViewSelection::close_view() {
   link_.exchange.run([this] {
     show_power();
+    link_.polling.set_live_period();
     return Afterwards::just_poll;
   });
 }
@@ -64,17 +64,15 @@ void ViewSelection::show_power() {
   show_graph(window_, false);
   show_panels(window_, harmonic_cursor_panels(), false);
   show_panels(window_, wave_summary_panels(), false);
-  link_.polling.set_live_timer();
 }
 
-void ViewSelection::open_harmonics() {
+void ViewSelection::show_harmonics() {
   options_ = {offered_orders, 0};
   link_.state.display_mode = harmonics_view;
   show_graph(window_, true);
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_of_harmonics(), true);
   show_cursor_and_frequency();
-  link_.polling.set_live_timer();
 }
 
 void ViewSelection::show_cursor_and_frequency() {

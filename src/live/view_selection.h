@@ -34,7 +34,7 @@ class ViewSelection {
  private:
   bool view_fits() const;
   void follow_status();
-  void open_harmonics();
+  void show_harmonics();
   void show_cursor_and_frequency();
   void show_power();
 

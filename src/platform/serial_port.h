@@ -42,6 +42,10 @@ class SerialPort {
   // The device of a port number ("/dev/ttyUSB0", "COM3", "simulated meter"), and whether it is there now.
   virtual std::string device_name(int number) const = 0;
   virtual bool present(int number) const = 0;
+
+  // The file by which a program, which may have ended long ago, keeps others from opening a port number;
+  // empty when there is none.
+  virtual std::string lock_file(int) const { return {}; }
 };
 
 }  // namespace halden

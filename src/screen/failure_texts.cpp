@@ -17,6 +17,9 @@ constexpr std::array<Text, 7> refusals = {
      {"{} is not a serial port.", "{} 不是序列埠。"},
      {"{} could not be opened.", "{} 無法開啟。"}}};
 
+constexpr Text delete_lock_file = {" If none uses it, delete the lock file {}.",
+                                   "若無程式使用，請刪除鎖定檔 {}。"};
+
 constexpr std::array<Text, 3> print_results = {
     {{"Print sent to {}.", "列印已送至 {}。"},
      {"No printer is set up on this computer.", "此電腦尚未設定印表機。"},
@@ -33,8 +36,11 @@ constexpr std::array<Text, 8> write_failures = {{{"", ""},
 
 }  // namespace
 
-std::string refusal_sentence(PortRefusal refusal, const std::string& device, Language language) {
-  return refusals[static_cast<std::size_t>(refusal)].with(language, {device});
+std::string refusal_sentence(PortRefusal refusal, const std::string& device, const std::string& lock_file,
+                             Language language) {
+  const std::string cause = refusals[static_cast<std::size_t>(refusal)].with(language, {device});
+  if (refusal != PortRefusal::in_use || lock_file.empty()) return cause;
+  return cause + delete_lock_file.with(language, {lock_file});
 }
 
 std::string print_sentence(PrintFailure failure, const std::string& destination, Language language) {

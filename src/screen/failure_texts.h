@@ -13,8 +13,10 @@
 namespace halden {
 
 // Why a port did not open and, where possible, what the user can do. `device` is its device ("/dev/ttyUSB0").
-// Empty for `none`.
-std::string refusal_sentence(PortRefusal refusal, const std::string& device, Language language);
+// Empty for `none`. For a port in use the sentence names its lock file, unless that is empty: the file may be
+// left from a program that was killed.
+std::string refusal_sentence(PortRefusal refusal, const std::string& device, const std::string& lock_file,
+                             Language language);
 
 // Where the print went, or why nothing was printed.
 std::string print_sentence(PrintFailure failure, const std::string& destination, Language language);

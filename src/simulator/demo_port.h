@@ -20,6 +20,7 @@ class DemoPort : public SerialPort {
   std::size_t received_count() override { return active_->received_count(); }
   std::string device_name(int number) const override { return port_for(number).device_name(number); }
   bool present(int number) const override { return port_for(number).present(number); }
+  std::string lock_file(int number) const override { return port_for(number).lock_file(number); }
 
  private:
   SerialPort& port_for(int number) const;

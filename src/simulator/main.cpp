@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <ctime>
+#include <iostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -74,7 +76,8 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& end) {
-    return app.exit(end) == 0 ? 0 : 2;
+    std::ostringstream text;
+    return app.exit(end, text, std::cerr) == 0 ? halden::print_and_end(text.str()) : 2;
   }
   return serve(options);
 }

@@ -60,8 +60,9 @@ bool SimulatedPort::present(int number) const {
          refusals_[static_cast<std::size_t>(number)] != PortRefusal::missing;
 }
 
-void SimulatedPort::refuse(int number, PortRefusal why) {
+void SimulatedPort::refuse(int number, PortRefusal why, std::string lock_file) {
   refusals_.at(static_cast<std::size_t>(number)) = why;
+  lock_file_ = std::move(lock_file);
 }
 
 void SimulatedPort::unplug() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "platform/clock.h"
 #include "platform/serial_port.h"
@@ -26,10 +27,11 @@ class SimulatedPort : public SerialPort {
   // "simulated meter" for 1..16, empty otherwise.
   std::string device_name(int number) const override;
   bool present(int number) const override;
+  std::string lock_file(int) const override { return lock_file_; }
 
   // From now on that port (1..16, anything else throws std::out_of_range) is refused; PortRefusal::none lifts
-  // the refusal.
-  void refuse(int number, PortRefusal why);
+  // the refusal. The lock file is that of every port.
+  void refuse(int number, PortRefusal why, std::string lock_file = {});
 
   // The adapter pulled and put back: an open port vanishes, and is open again by itself.
   void unplug();
@@ -41,6 +43,7 @@ class SimulatedPort : public SerialPort {
   Clock& clock_;
   Meter& meter_;
   std::array<PortRefusal, last_port_number + 1> refusals_{};
+  std::string lock_file_;
   bool open_ = false;
   bool plugged_ = true;
   std::string received_;  // at most 64 KiB; a full buffer drops what arrives next

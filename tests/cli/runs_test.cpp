@@ -12,6 +12,7 @@ namespace {
 
 struct NotedTerminal : Terminal {
   void print(const std::string& results) override { printed.push_back(results); }
+  std::optional<ScreenSize> screen() const override { return size; }
   void note(const std::string& sentence) override { notes.push_back(sentence); }
   void progress(const std::string& sentence) override { steps += sentence; }
   void done() override { end("done"); }
@@ -24,6 +25,7 @@ struct NotedTerminal : Terminal {
   std::vector<std::string> notes;
   std::string steps;
   std::string ended;
+  std::optional<ScreenSize> size;
 };
 
 struct LiveReports : testing::Test {
@@ -95,6 +97,51 @@ TEST_F(LiveReports, SilenceEndsItOnlyWithACount) {
   run_for(10);
   EXPECT_EQ(terminal.ended, "");
   EXPECT_GT(terminal.printed.size(), 20u);
+}
+
+// 21 lines, and room for a remark and the cursor. Worked out for the load as in the tests of the live views.
+TEST_F(LiveReports, OnATerminalEveryFrameReplacesOneTable) {
+  journey.fix_worked_load();
+  journey.start(1);
+  terminal.size = ScreenSize{60, 23};
+  start({std::nullopt, Format::text});
+  run_for(1);
+  const std::string first = terminal.printed.front(), second = terminal.printed.at(1);
+  EXPECT_TRUE(first.starts_with("2026-11-22T12:00:1")) << first;
+  EXPECT_TRUE(second.starts_with("\x1b[21A\r2026-11-22T12:00:1")) << second;
+  EXPECT_TRUE(second.ends_with("%\x1b[K\n\x1b[J")) << second;
+  EXPECT_EQ(std::ranges::count(second, '\n'), 21);
+  for (const std::string line : {"  3P4W", "                 Phase 1     Phase 2     Phase 3      System",
+                                 "V                 230.1V      229.8V      230.6V",
+                                 "W                2.781KW     2.655KW     2.902KW     8.338KW",
+                                 "V12 V23 V31       398.2V      398.7V      398.9V"})
+    EXPECT_NE(second.find(line + "\x1b[K\n"), std::string::npos) << line;
+  journey.meter.faults().silence = true;
+  run_for(8);
+  EXPECT_EQ(terminal.printed.back(), "The meter sends no readings.\n") << "below the table";
+  const std::size_t silent = terminal.printed.size();
+  journey.meter.faults().silence = false;
+  run_for(3);
+  EXPECT_TRUE(terminal.printed.at(silent).starts_with("\x1b[22A\r")) << "the remark is replaced as well";
+  report->finish();
+  EXPECT_EQ(terminal.printed.back(), "\r\x1b[J") << "the ^C of the terminal";
+  EXPECT_EQ(terminal.ended, "done");
+}
+
+TEST_F(LiveReports, WithoutRoomForTheTableOrInJsonNothingIsReplaced) {
+  journey.start(1);
+  for (const auto& [size, format] : {std::pair(ScreenSize{80, 22}, Format::text),
+                                     {ScreenSize{59, 50}, Format::text},
+                                     {ScreenSize{0, 0}, Format::text},
+                                     {ScreenSize{80, 50}, Format::json}}) {
+    terminal = {};
+    terminal.size = size;
+    start({2, format});
+    run_for(5);
+    ASSERT_EQ(terminal.printed.size(), 2u);
+    EXPECT_TRUE(terminal.printed[1].starts_with(format == Format::json ? "{\"time\"" : "time="));
+    EXPECT_EQ(terminal.printed[1].find('\x1b'), std::string::npos);
+  }
 }
 
 TEST(Runs, AMeterInHarmonicsModeIsRefusedAtOnce) {
@@ -176,6 +223,16 @@ TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {
   EXPECT_EQ(terminal.ended, where);
   RecordRun(journey.program(), {}, terminal).start();
   EXPECT_EQ(terminal.notes.back(), where) << "as long as the file lies there";
+}
+
+TEST_F(RecordRuns, LinesThatCanBeKeptNowhereAreCalledLost) {
+  start();
+  run_for(3);
+  journey.world.files.write_failure = FileFailure::disk_full;
+  run_for(4);
+  run->finish();
+  EXPECT_EQ(terminal.ended, "2 recorded lines lost, because no file could be written (disk full).");
+  EXPECT_TRUE(terminal.printed.empty()) << "no summary that counts them";
 }
 
 TEST(SetCommand, SendsInOrderAndTellsWhatTheMeterHolds) {

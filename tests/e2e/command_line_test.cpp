@@ -41,9 +41,11 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
        "--out: expected the name of a file, not \"\"\n"}};
   for (const auto& [command, sentence] : mistakes)
     EXPECT_TRUE(run(command).errors.starts_with(sentence)) << run(command).errors;
-  const Ended full = run("sh -c \"exec haldenctl --help > /dev/full\"");
-  EXPECT_EQ(full.exit_code, 1);
-  EXPECT_EQ(full.errors, "The results could not be written.\n");
+  for (const std::string printed : {"halden --help", "haldenctl --help", "halden-meter --version"}) {
+    const Ended full = run("sh -c \"exec " + printed + " > /dev/full\"");
+    EXPECT_EQ(full.exit_code, 1) << printed;
+    EXPECT_EQ(full.errors, "The results could not be written.\n") << printed;
+  }
   const std::string errors = run(no_display + "halden --demo").errors;
   const Ended dead = run("env -u WAYLAND_DISPLAY DISPLAY=:9999 QT_QPA_PLATFORM=xcb halden --demo");
   EXPECT_EQ(dead.exit_code, 1);

@@ -132,6 +132,13 @@ TEST(Live, GoesOnByItselfWhenTheAdapterIsBackAndEndsBetweenTwoReadings) {
   EXPECT_EQ(ended.errors, "");
 }
 
+TEST(Live, OnATerminalItIsOneTable) {
+  const Ended ended = run(
+      "env TERM=xterm script -qec \"stty cols 80 rows 24; haldenctl live --port demo --count 2\" /dev/null");
+  EXPECT_TRUE(contains(ended.output, "\x1b[J\x1b[21A\r2")) << ended.output;
+  EXPECT_TRUE(ended.output.ends_with("\r\n\x1b[J")) << ended.output;
+}
+
 TEST(Live, EndsQuietlyWhenItsReaderHasSeenEnoughButNotOnAFullDisk) {
   const Ended left = run("sh -c \"(haldenctl live --port demo; echo $? >&2) | head -n 1\"");
   EXPECT_EQ(left.output.substr(0, 5), "time=");

@@ -67,8 +67,9 @@ TEST_F(WaitsTest, AFloodIsWaitedForSixSecondsAndSilenceHalfASecond) {
   EXPECT_NEAR(seconds_for([&] { waits.wait_until_quiet(); }), 0.5, turn_s);
   FloodingPort flood(world);
   Waits flooded(world.clock, flood);
-  std::string buffer;
+  std::string buffer(live_buffer_limit, 'x');
   EXPECT_NEAR(seconds_for([&] { flooded.drain_while_arriving(0.2, buffer); }), 6, 0.2 + turn_s);
+  EXPECT_EQ(flooded.last_arrival_s(), world.clock.monotonic_s()) << "a flood is no silence";
   EXPECT_NEAR(seconds_for([&] { flooded.wait_until_quiet(); }), 6, 0.5 + turn_s);
 }
 
@@ -212,12 +213,14 @@ TEST_F(LivePollTest, OnlyWholeFramesEndTheCountOfMissedTicks) {
   }
 }
 
-// A request into a long frame that is still arriving would start it anew.
+// A request into a long frame that is still arriving would start it anew. A full buffer receives, too.
 TEST_F(LivePollTest, NothingIsRequestedInsideAFrame) {
-  state.poll_buffer = std::string(51, 'x');
-  for (const auto& [outcome, missed] :
-       {std::pair(FrameOutcome::other_mode_arriving, 0), {FrameOutcome::incomplete, 8}}) {
+  for (const auto& [outcome, missed, held] :
+       {std::tuple(FrameOutcome::other_mode_arriving, 0, std::size_t{51}),
+        {FrameOutcome::incomplete, 8, std::size_t{51}},
+        {FrameOutcome::incomplete, 8, live_buffer_limit}}) {
     state.missed_polls = 0;
+    state.poll_buffer = std::string(held, 'x');
     views.outcome = outcome;
     for (int tick = 1; tick <= 8; ++tick) {
       port.arrive(0, "x");

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <ctime>
 #include <utility>
@@ -126,6 +127,8 @@ TEST_F(QtSerialPortTest, RefusalsNameTheirCause) {
     EXPECT_EQ(port.open(number), refusal) << device;
     EXPECT_EQ(port.state(), PortState::closed) << device;
     EXPECT_EQ(port.present(number), refusal != PortRefusal::missing) << device;
+    EXPECT_EQ(QFile::exists(QString::fromStdString(port.lock_file(number))), refusal == PortRefusal::in_use)
+        << device;
   }
   EXPECT_EQ(port_.open(17), PortRefusal::invalid_number);
   EXPECT_EQ(port_.state(), PortState::closed) << "whatever is opened, the port before is closed";

@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
   halden::Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
                            outside.printer, outside.shell, files},
                           options);
-  halden::dispatch([&] { program.desk.start_up(); });
+  halden::dispatch([&] { program.application.start_up(); });
   world.dialogs.file_answers = {argv[1]};
   world.dialogs.confirm_answers = {true};
   program.shared.meter_rec.click("FileName");

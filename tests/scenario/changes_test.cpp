@@ -135,6 +135,7 @@ TEST_F(HarmonicsMode, TheViewFollowsTheMeterAfterEveryStatusQuery) {
   meter.settings().mode = simulator::MeterMode::harmonics;
   meter.settings().harmonic_order = 60;
   start_on_port(1);
+  EXPECT_EQ(received(), "? ") << "one request for a frame, not two";
   EXPECT_EQ(text("PQA_mode"), "Harmo. and Waveform");
   EXPECT_EQ(program().link.state.display_mode, 0);
   EXPECT_EQ(program().live.harmonics_options.harmonic_count, 51);
@@ -191,6 +192,10 @@ TEST_F(HarmonicsMode, WhatDoesNotFitIsSaid) {
   click("get_hz");
   EXPECT_EQ(link(MeterMode::harmonics, Wiring::w3p4w), "linked|rate");
   EXPECT_EQ(link(MeterMode::power, Wiring::w3p4w), "The meter is in power mode: press Update Now");
+  const auto changed = [this] {
+    return text("status_link") != "The meter is in power mode: press Update Now";
+  };
+  EXPECT_FALSE(world.run_until(changed, 30)) << "it must not flicker whenever counting starts again";
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ struct Journey {
   void start(int first_port = 0) {
     started =
         std::make_unique<Program>(world.platform(port), StartOptions{"work", "programs", "temp", first_port});
-    dispatch([this] { program().desk.start_up(); });
+    dispatch([this] { program().application.start_up(); });
   }
 
   void start_on_port(int number) {
@@ -39,7 +39,7 @@ struct Journey {
   // Clicks and runs until what the click began is over.
   void click(const std::string& control, const std::string& on = "MeterRec") {
     window(on).click(control);
-    program().desk.refresh_status_line();
+    program().application.refresh_status_line();
   }
 
   void click_after(double seconds, const std::string& control) {

@@ -63,7 +63,7 @@ struct Recorder : Journey {
   }
 
   const std::string& status() {
-    program().desk.refresh_status_line();
+    program().application.refresh_status_line();
     return text("status_recording");
   }
 
@@ -369,28 +369,38 @@ TEST_F(RecordingTest, LinesThatStillWaitAtTheEndGoWhereTheUserWants) {
   EXPECT_EQ(menu_state(), "100--");
 }
 
-// Neither the user nor a rescue file takes them: they stay until they are given up knowingly.
-TEST_F(RecordingTest, LinesThatCanBeKeptNowhereAreAskedForAgain) {
-  record_automatically();
-  world.run_for(2.9);
-  world.files.write_failure = FileFailure::disk_full;
-  world.run_for(2);
-  dialogs().confirm_answers = {false, true, false, false};
+// Neither the user nor a rescue file takes them: the user may try again, or gives them up.
+TEST_F(RecordingTest, LinesThatCanBeKeptNowhereAreTriedAgainOrCalledLost) {
+  const auto record_until_the_disk_is_full = [this](const char* path) {
+    create(path);
+    click("auto_record");
+    world.run_for(2.9);
+    world.files.write_failure = FileFailure::disk_full;
+    world.run_for(2);
+  };
+  record_until_the_disk_is_full("d/a.csv");
+  dialogs().confirm_answers = {false, true};
+  world.dialogs.while_open = [this](const Message& question) {
+    if (question.text.ends_with("Try again?")) world.files.write_failure = FileFailure::none;
+  };
   click("FileStop");
-  ASSERT_EQ(dialogs().questions.size(), 4u);
+  ASSERT_EQ(dialogs().questions.size(), 2u);
   EXPECT_EQ(
       dialogs().questions[1].text,
       "1 recorded line could not be kept in the working folder or the temporary folder either, and will "
       "be lost.\n\nTry again?");
-  EXPECT_EQ(status(), "not recording, a.csv: 1 line, 1 waiting (disk full)");
-  dialogs().confirm_answers = {false, true, false};
-  world.dialogs.while_open = [this](const Message& question) {
-    if (question.text.ends_with("Try again?")) world.files.write_failure = FileFailure::none;
-  };
+  EXPECT_EQ(records().size(), 2u) << "the second try wrote it";
+  world.dialogs.while_open = {};
+  record_until_the_disk_is_full("d/b.csv");
+  dialogs().confirm_answers = {false, true, false, false};
+  click("FileStop");
+  EXPECT_EQ(text("status_hint"), "1 recorded line lost, because no file could be written (disk full)");
+  EXPECT_EQ(status(), "not recording, b.csv: 2 lines, 1 unwritten and lost (disk full)");
+  world.files.write_failure = FileFailure::none;
   click("quit");
   EXPECT_TRUE(world.ended());
-  EXPECT_EQ(dialogs().questions.size(), 6u) << "the second try wrote it";
-  EXPECT_EQ(records().size(), 2u);
+  EXPECT_EQ(dialogs().questions.size(), 6u) << "nothing is asked about what is lost";
+  EXPECT_EQ(seconds_of(records("d/b.csv")), "16 18 ");
 }
 
 // Closing by the frame asks nothing, and a declined question keeps the lines all the same; the next starts

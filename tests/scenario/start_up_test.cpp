@@ -77,7 +77,9 @@ TEST(RefusedAtTheStart, AStoredPortIsNamedAndTheCauseStandsInTheStatusLine) {
   const char* const no_number = "COM 0: there are only the ports COM 1 to COM 16.";
   const std::tuple<std::string, PortRefusal, std::string, const char*> rows[] = {
       {"3\r\n", PortRefusal::missing, "3", "simulated meter is not there. Is the adapter plugged in?"},
-      {"3", PortRefusal::in_use, "3", "simulated meter is in use by another program."},
+      {"3", PortRefusal::in_use, "3",
+       "simulated meter is in use by another program. If none uses it, delete the lock file "
+       "/tmp/LCK..ttyUSB2."},
       {" 3 \r\n4", PortRefusal::forbidden, "3",
        "simulated meter: no permission. Add yourself to the group dialout and log in again."},
       {"3\n", PortRefusal::not_serial, "3", "simulated meter is not a serial port."},
@@ -87,7 +89,7 @@ TEST(RefusedAtTheStart, AStoredPortIsNamedAndTheCauseStandsInTheStatusLine) {
       {"nonsense", PortRefusal::none, "nonsense", no_number}};
   for (const auto& [content, refusal, named, hint] : rows) {
     Journey journey;
-    if (refusal != PortRefusal::none) journey.port.refuse(3, refusal);
+    if (refusal != PortRefusal::none) journey.port.refuse(3, refusal, "/tmp/LCK..ttyUSB2");
     journey.world.files.contents["work/commport.dat"] = content;
     if (content == "unreadable")
       journey.world.files.read_failures["work/commport.dat"] = FileFailure::forbidden;

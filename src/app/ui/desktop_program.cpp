@@ -124,7 +124,8 @@ class DesktopProgram {
   }
 
   int run() {
-    QTimer::singleShot(0, &main_window_, [this] { world().run([this] { program_.desk.start_up(); }); });
+    QTimer::singleShot(0, &main_window_,
+                       [this] { world().run([this] { program_.application.start_up(); }); });
     QTimer idle;
     QObject::connect(&idle, &QTimer::timeout, &idle, [this] { world().refresh(); });
     idle.start(idle_refresh_ms);
@@ -142,7 +143,7 @@ class DesktopProgram {
   }
 
   void connect_mirrors() {
-    world().add_mirror([this] { program_.desk.refresh_status_line(); });
+    world().add_mirror([this] { program_.application.refresh_status_line(); });
     for (const auto& form : forms_) {
       world().add_mirror([form = form.get()] { form->show_changes(); });
       world().add_mirror([this, form = form.get()] {

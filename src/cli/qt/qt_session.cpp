@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "cli/process_io.h"
-#include "platform/qt/core/serial_probe.h"
+#include "platform/process.h"
 #include "screen/failure_texts.h"
 
 namespace halden {
@@ -70,13 +70,11 @@ bool QtSession::connect_to_meter() {
   const PortRefusal refusal = port.open(port_number_);
   if (refusal != PortRefusal::none) {
     const std::string device = port.device_name(port_number_);
-    const std::string lock = refusal == PortRefusal::in_use ? lock_file_of(device) : std::string();
-    failed(refusal_sentence(refusal, device, Language::english) +
-           (lock.empty() ? "" : " If none uses it, delete the lock file " + lock + "."));
+    failed(refusal_sentence(refusal, device, port.lock_file(port_number_), Language::english));
     return false;
   }
   progress("Reading the settings...");
-  program_.desk.start_up();
+  program_.application.start_up();
   erase_progress();
   if (program_.link.query.succeeded()) return true;
   failed(dialogs_.last_message());

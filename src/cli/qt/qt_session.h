@@ -32,6 +32,7 @@ class QtSession : public Session {
   void every(int period_ms, std::function<void()> handler) override;
 
   void print(const std::string& results) override;
+  std::optional<ScreenSize> screen() const override { return results_screen(); }
   void note(const std::string& sentence) override;
   void progress(const std::string& sentence) override;
   void done() override;

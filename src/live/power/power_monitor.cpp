@@ -49,9 +49,7 @@ PowerFrameText PowerMonitor::read_arriving_frame() {
   const std::size_t phases = phases_in_use(status_.wiring_system);
   PowerFrameText frame = read_power_frame(buffer_, phases);
   for (std::size_t turn = 0; !frame.ended && turn < phase_count; ++turn) {
-    const std::size_t arrived = buffer_.size();
-    waits_.drain_until_length(arrived + 1, group_wait_s, buffer_);
-    if (buffer_.size() == arrived) break;
+    if (!waits_.drain_next(group_wait_s, buffer_)) break;
     waits_.drain_while_arriving(group_wait_s, buffer_);
     frame = read_power_frame(buffer_, phases);
   }

@@ -63,7 +63,7 @@ void Recording::tell_rescued() {
 }
 
 std::string Recording::create_data_file() {
-  std::string elsewhere = settle_waiting();
+  std::string fate = settle_waiting();
   FileQuestion question = file_question(views_.shown().record_kind());
   question.suggested_name = suggested_name(now_of(platform_.clock));
   const std::optional<std::string> chosen = platform_.dialogs.save_file(question);
@@ -71,7 +71,7 @@ std::string Recording::create_data_file() {
     no_file_chosen();
   else if (may_append_to(*chosen))
     begin_data_file(*chosen);
-  return elsewhere;
+  return fate;
 }
 
 void Recording::begin_data_file(const std::string& path) {
@@ -208,7 +208,10 @@ std::string Recording::settle_waiting() {
         file_.write_waiting_to(*other);
     } else {
       if (const auto path = rescue_.save(file_, kind_)) return rescued_sentence(*path, language);
-      if (!platform_.dialogs.confirm(question_before_giving_up(file_, language))) break;
+      if (platform_.dialogs.confirm(question_before_giving_up(file_, language))) continue;
+      const std::string lost = lost_sentence(file_, language);
+      file_.give_up_waiting();
+      return lost;
     }
   }
   return {};

@@ -6,7 +6,8 @@
 //   recording         only "End Recording"; by hand with the record button shown
 //
 // A line that cannot be written stays in memory and is tried again with every further line. When lines still
-// wait at the end of the recording, the user is asked for another file; without one they are rescued.
+// wait at the end of the recording, the user is asked for another file; without one they are rescued. Only
+// when that fails as well and the user gives them up are they lost.
 #pragma once
 
 #include <cstddef>
@@ -37,8 +38,7 @@ class Recording : public LiveListener {
   // Tells the user which files hold the rescued lines of earlier recordings.
   void tell_rescued();
 
-  // The user's actions. Creating and ending return the sentence that names the rescue file of lines that
-  // could not be written; empty when there are none.
+  // The user's actions. Creating and ending return what settle_waiting returns.
   std::string create_data_file();
   void begin_data_file(const std::string& path);  // the same once the file is chosen
   void start_automatic();
@@ -52,8 +52,8 @@ class Recording : public LiveListener {
   // Writes at most one line per sampling instant.
   void no_communication() override;
 
-  // Asks for another file until the waiting lines are written, rescued or given up by the user. Returns the
-  // sentence that names the rescue file; empty when there is none.
+  // Asks for another file until the waiting lines are written, rescued or given up by the user. Returns a
+  // sentence that names the rescue file or says how many lines are lost; empty when all were written.
   std::string settle_waiting();
 
   // The program ends at once: waiting lines are written to the rescue file.

@@ -21,6 +21,7 @@ constexpr Text one_line = {": {} line", "：{} 行"};
 constexpr Text many_lines = {": {} lines", "：{} 行"};
 constexpr Text lines_lost = {", {} lost", "，遺失 {} 行"};
 constexpr Text lines_wait = {", {} waiting ({})", "，{} 行等待寫入（{}）"};
+constexpr Text lines_given_up = {", {} unwritten and lost ({})", "，{} 行未寫入而遺失（{}）"};
 constexpr Text header_waits = {", not written yet ({})", "，尚未寫入（{}）"};
 
 constexpr Text columns_changed = {", the columns have changed", "，欄位已改變"};
@@ -34,6 +35,8 @@ constexpr Text giving_up = {
     "{} could not be kept in the working folder or the temporary folder either, and will be lost.\n\nTry "
     "again?",
     "{} 行記錄也無法保存到工作資料夾或暫存資料夾，放棄即會遺失。\n\n是否再試一次？"};
+constexpr Text lost = {"{} lost, because no file could be written ({})",
+                       "遺失 {} 行記錄：所有檔案均無法寫入（{}）"};
 constexpr Text rescued = {"Recorded lines that could not be written are kept in {}", "未寫入的記錄保存於 {}"};
 
 bool runs(RecordingState state) {
@@ -65,7 +68,7 @@ Message question(const std::string& text, Language language) {
 
 std::string recording_status_text(const RecordingStatus& status, const DataFile& file, Language language) {
   const std::string name = file.path().substr(file.path().find_last_of("/\\") + 1);
-  const bool has_lines = file.lines_written() + file.lines_waiting() > 0;
+  const bool has_lines = file.lines_written() + file.lines_waiting() + file.lines_given_up() > 0;
   const bool has_ended = status.state == RecordingState::no_file && has_lines;
   const Text& state = has_ended ? ended : state_texts[static_cast<std::size_t>(status.state)];
   std::string text = state.with(language, {name});
@@ -75,6 +78,9 @@ std::string recording_status_text(const RecordingStatus& status, const DataFile&
     text += written_text(file.lines_written(), language);
   if (status.lost_lines > 0 && has_lines)
     text += lines_lost.with(language, {std::to_string(status.lost_lines)});
+  if (file.lines_given_up() > 0)
+    text += lines_given_up.with(
+        language, {std::to_string(file.lines_given_up()), write_failure_text(file.failure(), language)});
   const bool matters = status.state != RecordingState::no_file || file.lines_waiting() > 0;
   if (matters && file.failure() != FileFailure::none) text += waiting_text(file, language);
   if (status.columns_changed) text += columns_changed.in(language);
@@ -91,6 +97,11 @@ Message question_for_another_file(const DataFile& file, Language language) {
 
 Message question_before_giving_up(const DataFile& file, Language language) {
   return question(giving_up.with(language, {recorded_lines(file.lines_waiting(), language)}), language);
+}
+
+std::string lost_sentence(const DataFile& file, Language language) {
+  return lost.with(language, {recorded_lines(file.lines_waiting(), language),
+                              write_failure_text(file.failure(), language)});
 }
 
 std::string rescued_sentence(const std::string& path, Language language) {

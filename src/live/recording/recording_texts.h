@@ -27,9 +27,11 @@ std::string recording_status_text(const RecordingStatus& status, const DataFile&
 // Asks whether to write the waiting lines to another file.
 Message question_for_another_file(const DataFile& file, Language language);
 
-// Asks whether to try again when the rescue files cannot be written either; otherwise the lines are lost with
-// the end of the program or the next data file.
+// Asks whether to try again when the rescue files cannot be written either; otherwise the lines are lost.
 Message question_before_giving_up(const DataFile& file, Language language);
+
+// Says how many of the waiting lines are lost when they are given up, and why.
+std::string lost_sentence(const DataFile& file, Language language);
 
 // Says which file holds rescued lines.
 std::string rescued_sentence(const std::string& path, Language language);

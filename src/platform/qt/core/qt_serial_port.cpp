@@ -98,6 +98,8 @@ bool QtSerialPort::present(int number) const {
   return !device.empty() && probe_device(device) != PortRefusal::missing;
 }
 
+std::string QtSerialPort::lock_file(int number) const { return lock_file_of(table_.device(number)); }
+
 // A full output buffer gives a resource error although the device is there, so hung_up decides instead. The
 // event loop sends later what could not be sent yet.
 void QtSerialPort::send(std::string_view bytes) {

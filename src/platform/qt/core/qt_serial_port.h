@@ -26,6 +26,7 @@ class QtSerialPort : public SerialPort {
   std::size_t received_count() override;
   std::string device_name(int number) const override { return table_.device(number); }
   bool present(int number) const override;
+  std::string lock_file(int number) const override;
 
  private:
   PortRefusal try_open();

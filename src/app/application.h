@@ -13,12 +13,12 @@
 
 namespace halden {
 
-class Desk {
+class Application {
  public:
-  // All outlive the desk. Connects the menu entries and buttons that no other room connects.
-  Desk(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live);
-  Desk(const Desk&) = delete;
-  Desk& operator=(const Desk&) = delete;
+  // All outlive this. Connects the menu entries and buttons that no other room connects.
+  Application(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live);
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
 
   // The start-up procedure; it ends with the main window shown. Call through dispatch().
   void start_up();

@@ -1,4 +1,4 @@
-#include "app/desk.h"
+#include "app/application.h"
 
 #include <array>
 #include <filesystem>
@@ -47,7 +47,8 @@ std::string manual_path(const std::string& program_folder, std::string_view manu
 
 }  // namespace
 
-Desk::Desk(const Platform& platform, const StartOptions& options, Shared& shared, Link& link, Live& live)
+Application::Application(const Platform& platform, const StartOptions& options, Shared& shared, Link& link,
+                         Live& live)
     : platform_(platform),
       options_(options),
       shared_(shared),
@@ -60,7 +61,7 @@ Desk::Desk(const Platform& platform, const StartOptions& options, Shared& shared
   connect();
 }
 
-void Desk::connect() {
+void Application::connect() {
   meter_rec_.on_click("quit", [this] { exit(); });
   meter_rec_.on_click("Command3D1", [this] { print_main_window(); });
   meter_rec_.on_click("HelpAbout", [this] {
@@ -83,7 +84,7 @@ void Desk::connect() {
 }
 
 // A step that fails does not stop the next one.
-void Desk::start_up() {
+void Application::start_up() {
   shared_.notice.set_text("Text1", "");
   live_.sample_clock.show_date();
   link_.polling.stop_polling();
@@ -101,7 +102,7 @@ void Desk::start_up() {
   live_.recording.tell_rescued();
 }
 
-void Desk::choose_language(Language language) {
+void Application::choose_language(Language language) {
   link_.exchange.run([&] {
     link_.state.language = language;
     shared_.windows.apply_captions(language);
@@ -111,12 +112,12 @@ void Desk::choose_language(Language language) {
   });
 }
 
-void Desk::show_language() {
+void Application::show_language() {
   for (const Language language : languages)
     meter_rec_.set_checked(entry_of(language), language == link_.state.language);
 }
 
-void Desk::exit() {
+void Application::exit() {
   if (live_.recording.runs())
     live_.recording.end_recording();
   else
@@ -124,7 +125,7 @@ void Desk::exit() {
   platform_.shell.end_program();
 }
 
-void Desk::print_main_window() {
+void Application::print_main_window() {
   platform_.printer.set_orientation(Orientation::landscape);
   platform_.printer.print_window(meter_rec_.name());
   const PrintFailure failure = platform_.printer.finish();
