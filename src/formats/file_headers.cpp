@@ -3,6 +3,7 @@
 #include <array>
 
 #include "formats/record_field.h"
+#include "readings/wave_texts.h"
 
 namespace halden {
 
@@ -15,12 +16,6 @@ constexpr int sample_count = 1024;
 std::string_view wiring_text(Wiring wiring_system) {
   constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
   return is_known(wiring_system) ? texts[table_index(wiring_system)] : "????,";
-}
-
-std::string_view channel_name(std::int16_t harmonic_channel) {
-  constexpr std::array<std::string_view, 6> names = {"V1", "I1", "V2", "I2", "V3", "I3"};
-  const bool known = harmonic_channel >= 0 && harmonic_channel < static_cast<int>(names.size());
-  return known ? names[static_cast<std::size_t>(harmonic_channel)] : std::string_view();
 }
 
 // The five settings, each after `separator`, a blank or a comma.
@@ -42,7 +37,7 @@ std::string settings_part(std::string_view separator, const SettingTexts& settin
 std::string source_part(std::string_view separator, const WaveSource& source) {
   std::string part(separator);
   part += "INPUT=";
-  part += channel_name(source.harmonic_channel);
+  part += input_name(source.harmonic_channel);
   part += separator;
   part += "SYS=";
   part += wiring_text(source.wiring_system);

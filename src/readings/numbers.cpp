@@ -63,6 +63,14 @@ double leading_number(std::string_view text) {
   return negative && value != 0.0 ? -value : value;
 }
 
+std::optional<double> field_number(std::string_view field) {
+  std::string_view digits = without_blanks(field);
+  if (!digits.empty() && (digits[0] == '-' || digits[0] == '+')) digits = without_blanks(digits.substr(1));
+  digits = digits.substr(0, digits.find_last_not_of(' ') + 1);
+  if (digits.empty() || !std::all_of(digits.begin(), digits.end(), is_digit)) return std::nullopt;
+  return leading_number(field);
+}
+
 // The addition turns -0 into 0.
 double round_half_even(double value) { return std::nearbyint(value) + 0.0; }
 

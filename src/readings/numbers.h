@@ -14,6 +14,10 @@ namespace halden {
 // -0.
 double leading_number(std::string_view text);
 
+// The number in a field of fixed width: digits with at most one sign before them and blanks around; blanks
+// may stand between sign and digits. Nothing for any other text.
+std::optional<double> field_number(std::string_view field);
+
 // To the nearest whole number, halves to the even one; never -0.
 double round_half_even(double value);
 

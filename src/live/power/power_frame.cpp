@@ -25,12 +25,6 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool is_sign(char c) { return c == '-' || c == '+'; }
 
-std::string_view without_blanks(std::string_view text) {
-  const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-  text.remove_prefix(first);
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
 struct Field {
   std::size_t at;
   char symbol;
@@ -131,10 +125,7 @@ bool is_whole_run(std::span<const PowerGroup> run, std::size_t next) {
 
 std::optional<double> power_field_value(std::string_view field) {
   if (is_sign(field[0]) || is_digit(field[0]) || is_letter(field[0])) return std::nullopt;
-  std::string_view digits = without_blanks(field.substr(1));
-  if (!digits.empty() && is_sign(digits.front())) digits = without_blanks(digits.substr(1));
-  if (digits.empty() || !std::all_of(digits.begin(), digits.end(), is_digit)) return std::nullopt;
-  return leading_number(field.substr(1));
+  return field_number(field.substr(1));
 }
 
 bool PowerFrameText::whole() const {
