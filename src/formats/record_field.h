@@ -23,7 +23,8 @@ bool loses_sign(std::string_view text);
 // One line of a data file, without its line end.
 struct RecordLine {
   std::string text;
-  bool sign_cut = false;  // a field has lost its minus sign
+  bool sign_cut = false;        // a field has lost its minus sign
+  std::string_view refusal{};  // said to the user instead of recording the line
 };
 
 // "mm-dd-yyyy"

@@ -35,5 +35,8 @@ inline constexpr std::size_t reply_buffer_limit = 64 * 1024;
 inline std::string& live_buffer(LinkState& state) {
   return state.display_mode == waveform_view ? state.wave_buffer : state.poll_buffer;
 }
+inline const std::string& live_buffer(const LinkState& state) {
+  return state.display_mode == waveform_view ? state.wave_buffer : state.poll_buffer;
+}
 
 }  // namespace halden

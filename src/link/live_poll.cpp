@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/shell.h"
+#include "platform/timer.h"
 
 namespace halden {
 
@@ -18,6 +19,10 @@ constexpr int missed_polls_before_request = 3;  // the next missed tick repeats 
 constexpr int lost_after = 16;
 constexpr int give_up_after = 20;
 constexpr double arriving_pause_s = 0.2;
+
+// A harmonics or waveform frame takes more than two seconds. While its bytes arrive a tick is not missed; more
+// bytes than this without a frame among them are no frame.
+constexpr std::size_t longest_frame_and_rest = 2 * waveform_frame_length;
 
 bool holds_frame_marks(const std::string& buffer) {
   return buffer.find('B') != std::string::npos && buffer.find('E') != std::string::npos;
@@ -38,6 +43,9 @@ bool frame_is_complete(const LinkState& state) {
 
 void LivePoll::tick() {
   const bool arrived = waits_.drain(live_buffer(state_)) > 0;
+  const bool inside_frame = !frame_is_complete(state_) && inside_long_frame(arrived);
+  look_sooner(inside_frame);
+  if (inside_frame) return;
   if (!frame_is_complete(state_)) return count_missed_poll(Repeat::due);
   waits_.drain(live_buffer(state_));
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
@@ -57,10 +65,30 @@ void LivePoll::tick() {
     case FrameOutcome::damaged:
       count_missed_poll(Repeat::done);
       break;
+    case FrameOutcome::discarded:
+      begin_anew();
+      break;
     case FrameOutcome::incomplete:
-      count_missed_poll(arrived ? Repeat::not_inside_a_frame : Repeat::due);
+      if (!inside_long_frame(arrived)) count_missed_poll(arrived ? Repeat::not_inside_a_frame : Repeat::due);
       break;
   }
+}
+
+bool LivePoll::inside_long_frame(bool arrived) const {
+  return arrived && state_.display_mode != power_view && live_buffer(state_).size() <= longest_frame_and_rest;
+}
+
+// The ticks of the waveform view are a second apart; a frame is shown soon after its last byte all the same.
+void LivePoll::look_sooner(bool arriving) {
+  if (state_.display_mode == waveform_view)
+    platform_.timer2.set_period_ms(arriving ? frame_period_ms : waveform_period_ms);
+}
+
+void LivePoll::begin_anew() {
+  waits_.discard();
+  live_buffer(state_).clear();
+  state_.missed_polls = 0;
+  polling_.send_live_request();
 }
 
 void LivePoll::count_missed_poll(Repeat repeat) {

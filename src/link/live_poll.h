@@ -15,6 +15,7 @@ enum class FrameOutcome {
   complete,            // a whole frame is on the screen, and the next one is requested
   not_shown,           // the same, but the view does not show it
   damaged,             // a frame that has a value missing; the next one is requested
+  discarded,           // a frame that cannot be used: what was received is thrown away, and a new one requested
   incomplete,          // no frame, or one that is still arriving
   other_mode,          // a frame of the meter's other mode
   other_mode_arriving  // the same, not whole yet
@@ -50,6 +51,9 @@ class LivePoll {
   // Whether a missed tick repeats the request. `done`: the view has sent it already. `not_inside_a_frame`:
   // bytes still arrive, and a request would start their frame anew.
   enum class Repeat { due, done, not_inside_a_frame };
+  bool inside_long_frame(bool arrived) const;
+  void look_sooner(bool arriving);
+  void begin_anew();
   void count_missed_poll(Repeat repeat);
 
   Platform platform_;

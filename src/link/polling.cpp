@@ -8,8 +8,6 @@ namespace halden {
 
 namespace {
 
-constexpr int frame_period_ms = 250;
-constexpr int waveform_period_ms = 1000;
 constexpr double settle_s = 1.0;
 
 }  // namespace

@@ -10,6 +10,10 @@
 
 namespace halden {
 
+// The live timer's period.
+inline constexpr int frame_period_ms = 250;
+inline constexpr int waveform_period_ms = 1000;
+
 class Polling {
  public:
   Polling(const Platform& platform, Waits& waits, LinkState& state)

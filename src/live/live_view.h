@@ -18,6 +18,15 @@ struct Misfit {
   std::size_t phases_sent = 0;  // groups for this many phases; 0 when the number fits
 };
 
+// What a view records. Records of another source do not belong under the same header.
+struct RecordSource {
+  RecordKind kind = RecordKind::power;
+  int channel = 0;  // of harmonics and waveforms: V1, I1, V2, I2, V3, I3
+  int option = 0;   // of harmonics: 0 percentages, 1 phase angles
+
+  bool operator==(const RecordSource&) const = default;
+};
+
 class LiveView {
  public:
   virtual ~LiveView() = default;
@@ -29,12 +38,13 @@ class LiveView {
   virtual Misfit misfit() const = 0;
 
   // ---- its data file ----
-  virtual RecordKind record_kind() const = 0;
+  // That of the newest frame.
+  virtual RecordSource source() const = 0;
 
   // The header lines of a new file, each with its line end.
   virtual std::string header() = 0;
 
-  // Exactly what is shown; empty when there is nothing to record.
+  // Exactly what is shown.
   virtual RecordLine record() const = 0;
 };
 

@@ -51,6 +51,10 @@ double SampleClock::sample_time_s() const { return leading_number(window_[sample
 
 const std::string& SampleClock::sampling_instant() const { return window_[sample_clock_label].text; }
 
+const std::string& SampleClock::instant_date_text() const {
+  return instant_date_ ? instant_date_text_ : window_[date_label].text;
+}
+
 bool SampleClock::sampling_instant_reached(double sample_time_s) {
   ++sample_tick_count_;
   if (sample_tick_count_ < sample_time_s) return false;
@@ -65,6 +69,7 @@ void SampleClock::mark_sampling_instant(const Moment& now, double sample_time_s)
   window_.set_visible("hold", false);
   window_.set_text(sample_clock_label, time_of_day_text(now_s));
   instant_date_ = now.date;
+  instant_date_text_ = window_[date_label].text;
 }
 
 // The next tick falls on a whole second.

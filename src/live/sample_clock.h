@@ -33,6 +33,9 @@ class SampleClock {
   const std::string& sampling_instant() const;
   Date instant_date() const { return instant_date_.value_or(platform_.clock.today()); }
 
+  // The same date as the date label shows it.
+  const std::string& instant_date_text() const;
+
   // Whether the label has changed since remember_instant was last called.
   bool new_instant() const { return sampling_instant() != last_sample_time_; }
   void remember_instant() { last_sample_time_ = sampling_instant(); }
@@ -57,6 +60,7 @@ class SampleClock {
   std::string last_sample_time_;
   std::int16_t sample_tick_count_ = 0;  // seconds since the last sampling instant
   std::optional<Date> instant_date_;
+  std::string instant_date_text_;
   Date shown_date_{0, 0, 0};
 };
 

@@ -41,7 +41,7 @@ class PowerView : public LiveView {
 
   FrameOutcome take_frame() override;
   Misfit misfit() const override { return {other_mode_, monitor_.other_phase_count()}; }
-  RecordKind record_kind() const override { return RecordKind::power; }
+  RecordSource source() const override { return {}; }
 
   // For an unknown wiring system the columns are those of the last header.
   std::string header() override;

@@ -64,7 +64,7 @@ void Recording::tell_rescued() {
 
 std::string Recording::create_data_file() {
   std::string fate = settle_waiting();
-  FileQuestion question = file_question(views_.shown().record_kind());
+  FileQuestion question = file_question(views_.shown().source().kind);
   question.suggested_name = suggested_name(now_of(platform_.clock));
   const std::optional<std::string> chosen = platform_.dialogs.save_file(question);
   if (!chosen || chosen->empty())
@@ -82,8 +82,8 @@ void Recording::begin_data_file(const std::string& path) {
   header_wiring_ = views_.status.wiring_system;
   window_.set_text("FileName", window_["FileName"].text + " = " + path);
   LiveView* const view = views_.to_record();
-  kind_ = view != nullptr ? view->record_kind() : RecordKind::harmonics;
-  if (kind_ == RecordKind::waveform) raise_short_sampling_time();
+  source_ = view != nullptr ? view->source() : RecordSource{RecordKind::harmonics};
+  if (source_.kind == RecordKind::waveform) raise_short_sampling_time();
   file_.begin(path, view != nullptr ? view->header() : std::string());
   data_file_ready_ = 1;
   window_.set_enabled("FileStart", true);
@@ -160,7 +160,7 @@ RecordingStatus Recording::status() const {
   status.lost_lines = lost_lines_;
   status.columns_changed = columns_changed_;
   status.sign_cut = sign_cut_;
-  status.other_kind = runs() && views_.shown().record_kind() != kind_;
+  status.other_source = runs() && views_.shown().source() != source_;
   return status;
 }
 
@@ -171,14 +171,18 @@ void Recording::frame_shown() {
   }
   if (!runs() || sample_clock_.sampling_instant() == no_sampling_instant) return;
   if (manual_recording_ != 1 && sample_clock_.new_instant()) record_pending_ = 1;
-  if (record_pending_ != 1 || views_.shown().record_kind() != kind_) return;
+  if (record_pending_ != 1 || views_.shown().source() != source_) return;
+  record_pending_ = 0;
   const RecordLine record = views_.shown().record();
+  if (!record.refusal.empty()) {
+    platform_.dialogs.tell({std::string(record.refusal), "", Icon::none});
+    return;
+  }
   file_.append_line(record.text);
   sign_cut_ = sign_cut_ || record.sign_cut;
   columns_changed_ =
-      columns_changed_ || (kind_ == RecordKind::power && views_.status.wiring_system != header_wiring_);
+      columns_changed_ || (source_.kind == RecordKind::power && views_.status.wiring_system != header_wiring_);
   ++records_;
-  record_pending_ = 0;
 }
 
 void Recording::no_communication() {
@@ -204,10 +208,10 @@ std::string Recording::settle_waiting() {
   const Language language = link_.language;
   while (file_.lines_waiting() > 0 && !file_.write_waiting()) {
     if (platform_.dialogs.confirm(question_for_another_file(file_, language))) {
-      if (const auto other = platform_.dialogs.save_file(file_question(kind_)))
+      if (const auto other = platform_.dialogs.save_file(file_question(source_.kind)))
         file_.write_waiting_to(*other);
     } else {
-      if (const auto path = rescue_.save(file_, kind_)) return rescued_sentence(*path, language);
+      if (const auto path = rescue_.save(file_, source_.kind)) return rescued_sentence(*path, language);
       if (platform_.dialogs.confirm(question_before_giving_up(file_, language))) continue;
       const std::string lost = lost_sentence(file_, language);
       file_.give_up_waiting();
@@ -218,7 +222,7 @@ std::string Recording::settle_waiting() {
 }
 
 void Recording::rescue_waiting() {
-  if (file_.lines_waiting() > 0 && !file_.write_waiting()) rescue_.save(file_, kind_);
+  if (file_.lines_waiting() > 0 && !file_.write_waiting()) rescue_.save(file_, source_.kind);
 }
 
 }  // namespace halden

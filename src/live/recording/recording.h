@@ -89,7 +89,7 @@ class Recording : public LiveListener {
   std::int16_t data_file_ready_ = 0;
   std::int16_t manual_recording_ = 0;
   std::int16_t record_pending_ = 0;
-  RecordKind kind_ = RecordKind::power;
+  RecordSource source_;                   // of the data file
   bool sign_cut_ = false;                 // in a line of this file
   bool columns_changed_ = false;          // a line of this file has other columns than its header
   Wiring header_wiring_ = Wiring::w3p4w;  // whose columns the header line names

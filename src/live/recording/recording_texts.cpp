@@ -25,7 +25,7 @@ constexpr Text lines_given_up = {", {} unwritten and lost ({})", "，{} 行未�
 constexpr Text header_waits = {", not written yet ({})", "，尚未寫入（{}）"};
 
 constexpr Text columns_changed = {", the columns have changed", "，欄位已改變"};
-constexpr Text other_kind = {", readings of another kind are not recorded", "，不同種類的讀值未記錄"};
+constexpr Text other_source = {", readings of another kind or input are not recorded", "，不同種類或輸入的讀值未記錄"};
 constexpr Text sign_cut = {", a minus sign was cut off", "，負號被截去"};
 
 constexpr Text title = {"End Recording", "停止記錄"};
@@ -84,7 +84,7 @@ std::string recording_status_text(const RecordingStatus& status, const DataFile&
   const bool matters = status.state != RecordingState::no_file || file.lines_waiting() > 0;
   if (matters && file.failure() != FileFailure::none) text += waiting_text(file, language);
   if (status.columns_changed) text += columns_changed.in(language);
-  if (status.other_kind) text += other_kind.in(language);
+  if (status.other_source) text += other_source.in(language);
   if (status.sign_cut) text += sign_cut.in(language);
   return text;
 }

@@ -16,7 +16,7 @@ struct RecordingStatus {
   RecordingState state = RecordingState::no_file;
   std::size_t lost_lines = 0;    // of the lines, those that say that the meter did not answer
   bool columns_changed = false;  // a line was recorded with another wiring system than that of the header
-  bool other_kind = false;       // the view that runs shows readings of another kind than the file's
+  bool other_source = false;     // the view that runs shows another kind, input or option than the file's
   bool sign_cut = false;         // a field of a record has lost its minus sign
 };
 
