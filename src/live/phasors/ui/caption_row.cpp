@@ -1,26 +1,17 @@
 #include "live/phasors/ui/caption_row.h"
 
-#include <QPainter>
 #include <cmath>
 
+#include "screen/ui/card.h"
 #include "screen/ui/fonts.h"
 
 namespace halden {
 
 namespace {
 
-constexpr int corner = 5;
 constexpr int side_margin = 7;
 
 }  // namespace
-
-void paint_card(QWidget& widget, const Theme& theme) {
-  QPainter painter(&widget);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(theme.line);
-  painter.setBrush(theme.panel);
-  painter.drawRoundedRect(QRectF(widget.rect()).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
-}
 
 CaptionRow::CaptionRow(const QString& label_name, const QString& value_name, Frame frame, const Theme& theme,
                        QWidget* parent)

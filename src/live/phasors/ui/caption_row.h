@@ -9,9 +9,6 @@
 
 namespace halden {
 
-// A rounded area in the colour of panels, with a thin line around it.
-void paint_card(QWidget& widget, const Theme& theme);
-
 enum class Frame { none, card };
 
 class CaptionRow : public QWidget {

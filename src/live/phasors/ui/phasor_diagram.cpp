@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "live/phasors/ui/caption_row.h"
+#include "screen/ui/card.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/mirror.h"
 

@@ -1,0 +1,145 @@
+#include "chart/ui/chart_sets.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/statistics.h"
+#include "screen/ui/mirror.h"
+
+namespace halden {
+
+namespace {
+
+// The part of the room between two points that bars take.
+constexpr double bars_part = 0.66;
+
+constexpr int fill_opacity = 40;
+constexpr int disc = 5;  // pixels
+
+// In pixels: drawn, not drawn, and so on. Flat ends, because square ones would close the gaps on paper.
+QPen pen_of(StatisticKind kind, const QColor& colour) {
+  QPen pen(colour, 1, Qt::SolidLine, Qt::FlatCap);
+  if (kind == StatisticKind::mean) pen.setDashPattern({8, 4});
+  if (kind == StatisticKind::extreme) pen.setDashPattern({2, 3});
+  if (kind == StatisticKind::deviation) pen.setDashPattern({8, 3, 2, 3});
+  return pen;
+}
+
+QColor colour_of(const DataSet& set, std::size_t index, const Theme& theme) {
+  if (index > 0 && theme.phase[0] == theme.accent) return theme.quiet;  // black and white
+  if (set.phase && *set.phase < theme.phase.size()) return theme.phase[*set.phase];
+  return index == 0 ? theme.accent : theme.quiet;
+}
+
+// Bars of no phase have the accent colour themselves, and that of the third phase is a blue too.
+QColor colour_of_marked_bar(const QColor& others, const Theme& theme) {
+  constexpr int hue_distance = 30;
+  if (others == theme.text) return theme.quiet;  // black and white
+  return std::abs(others.hue() - theme.accent.hue()) < hue_distance ? theme.text : theme.accent;
+}
+
+QCPBars* make_bars(QCustomPlot& plot, const QColor& colour) {
+  auto* const bars = new QCPBars(plot.xAxis, plot.yAxis);
+  bars->setWidthType(QCPBars::wtAbsolute);
+  bars->setPen(Qt::NoPen);
+  bars->setBrush(colour);
+  return bars;
+}
+
+void name(QCPAbstractPlottable& drawn, const std::string& name) {
+  drawn.setName(to_qt(name));
+  drawn.addToLegend();
+}
+
+}  // namespace
+
+void ChartSets::set_chart(const Chart& chart, const Theme& theme) {
+  plot_.clearPlottables();
+  sets_.clear();
+  marked_ = chart.marked;
+  for (std::size_t index = 0; index < chart.sets.size(); ++index)
+    if (chart.sets[index].points) add_set(chart, index, theme);
+  add_statistics(chart, theme.text);
+}
+
+void ChartSets::add_set(const Chart& chart, std::size_t index, const Theme& theme) {
+  const DataSet& shown = chart.sets[index];
+  const auto count = static_cast<double>(chart.sets.size());
+  Drawn set{shown.points, colour_of(shown, index, theme)};
+  if (chart.kind == ChartKind::bars)
+    add_bars(set, (static_cast<double>(index) - (count - 1) / 2) / count, theme);
+  else
+    add_line(set, chart.colours == ChartColours::colour);
+  sets_.push_back(set);
+  if (chart.sets.size() < 2) return;
+  set.bars != nullptr ? name(*set.bars, shown.name) : name(*set.line, shown.name);
+}
+
+// Between two lines the area may be filled lightly: they are the largest and the smallest values of the same
+// thing.
+void ChartSets::add_line(Drawn& set, bool filled) {
+  set.line = plot_.addGraph();
+  set.line->setAdaptiveSampling(false);  // the points are thinned already
+  if (sets_.empty() || !filled) return;
+  QColor fill = sets_[0].colour;
+  fill.setAlpha(fill_opacity);
+  sets_[0].line->setBrush(fill);
+  sets_[0].line->setChannelFillGraph(set.line);
+}
+
+void ChartSets::add_bars(Drawn& set, double place, const Theme& theme) {
+  set.offset = place * bars_part;
+  set.bars = make_bars(plot_, set.colour);
+  set.marked_bar = make_bars(plot_, colour_of_marked_bar(set.colour, theme));
+}
+
+// From one end of the axis to the other.
+void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
+  const Range x = x_range(chart);
+  for (const StatisticLine& line : statistic_lines(chart)) {
+    QCPGraph* const graph = plot_.addGraph();
+    graph->setPen(pen_of(line.kind, colour));
+    graph->setAntialiased(line.kind == StatisticKind::best_fit);
+    graph->setData({x.low, x.high}, {line.at(x.low), line.at(x.high)}, true);
+    name(*graph, line.text);
+  }
+}
+
+void ChartSets::fill(const Range& x, int width) {
+  for (const Drawn& set : sets_) set.bars != nullptr ? fill_bars(set, x, width) : fill_line(set, x, width);
+}
+
+std::vector<DrawnPoint> ChartSets::points_of(const Drawn& set, const Range& x, int width) const {
+  const double columns = std::max(1.0, width * plot_.bufferDevicePixelRatio());
+  return drawn_points(*set.points, x, static_cast<std::size_t>(columns));
+}
+
+// Dense lines are drawn with the thinnest pen and without antialiasing: wider ones take many times as long.
+void ChartSets::fill_line(const Drawn& set, const Range& x, int width) {
+  const std::vector<DrawnPoint> points = points_of(set, x, width);
+  QVector<QCPGraphData> data;
+  data.reserve(static_cast<int>(points.size()));
+  for (const DrawnPoint& point : points) data.append({point.x, point.y});
+  set.line->data()->set(data, true);
+  const bool dense = points.size() > static_cast<std::size_t>(std::max(width, 0));
+  set.line->setPen(QPen(set.colour, dense ? 0 : 1));
+  set.line->setAntialiased(!dense);
+  if (points.size() == 1)  // a line of one point would be invisible
+    set.line->setScatterStyle({QCPScatterStyle::ssDisc, set.colour, disc});
+}
+
+// All bars have the same whole number of pixels.
+void ChartSets::fill_bars(const Drawn& set, const Range& x, int width) {
+  const double room = width / x.span() * bars_part / static_cast<double>(sets_.size());
+  QVector<QCPBarsData> data, marked;
+  for (const DrawnPoint& point : points_of(set, x, width)) {
+    if (std::isnan(point.y)) continue;
+    const bool is_marked = marked_ && point.x == static_cast<double>(*marked_);
+    (is_marked ? marked : data).append({point.x + set.offset, point.y});
+  }
+  for (QCPBars* const bars : {set.bars, set.marked_bar}) bars->setWidth(std::max(1.0, std::floor(room)));
+  set.bars->data()->set(data, true);
+  set.marked_bar->data()->set(marked, true);
+}
+
+}  // namespace halden
