@@ -17,11 +17,6 @@ namespace {
 constexpr double tag_wait_s = 0.3;
 constexpr int most_waits = 10;  // a frame takes 2.1 s
 
-std::string hertz_text(int order, std::string_view hz) {
-  if (hz == "50Hz") return format_pattern(order * 50, "###0");
-  return hz == "60Hz" ? format_pattern(order * 60, "###0") : std::string("AUTO");
-}
-
 }  // namespace
 
 SpectrumView::SpectrumView(const Platform& platform, Link& link, HarmonicsOptions& options,
@@ -39,8 +34,21 @@ void SpectrumView::connect() {
     show_cursor();
     show_chart();
   });
+  const auto connect_switch = [this](std::string_view name, auto change) {
+    window_.on_click(name, [this, change] {
+      change(options_);
+      show_options(options_, window_["HScroll1"].value, window_);
+      show_cursor();
+      show_chart();
+    });
+  };
+  connect_switch("chart_percent", [](HarmonicsOptions& options) { options.harmonic_option = 0; });
+  connect_switch("chart_angle", [](HarmonicsOptions& options) { options.harmonic_option = 1; });
+  connect_switch("chart_50", [](HarmonicsOptions& options) { options.harmonic_count = fifty_orders; });
+  connect_switch("chart_99", [](HarmonicsOptions& options) { options.harmonic_count = all_orders; });
+  connect_switch("chart_without_largest",
+                 [](HarmonicsOptions& options) { options.without_largest = !options.without_largest; });
   link_.query.on_status_read([this] { sent_power_frames_ = false; });
-  options_.on_changed([this] { show_chart(); });
 }
 
 FrameOutcome SpectrumView::take_frame() {
@@ -61,7 +69,7 @@ FrameOutcome SpectrumView::take_frame() {
   summary_.show(frame.fields);
   show_chart();
   show_cursor();
-  window_.set_text("har_hz_value", hertz_text(window_["HScroll1"].value, summary_.texts().hz));
+  window_.set_text("har_hz_value", hertz_text(marked_order(), summary_.texts().hz));
   return FrameOutcome::complete;
 }
 
@@ -86,14 +94,17 @@ FrameOutcome SpectrumView::discard(SpectrumFault fault) {
 void SpectrumView::show_chart() {
   if (!has_frame_ || link_.state.display_mode != harmonics_view) return;
   const SpectrumOfInput spectrum = {values_, channel_, summary_.texts().fundamental, summary_.texts().hz};
-  const auto marked = static_cast<std::size_t>(window_["HScroll1"].value);
   window_.set_chart("Harmo_Graph1", std::make_shared<const Chart>(spectrum_chart(
-                                        spectrum, options_.shown(), marked, link_.state.language)));
+                                        spectrum, options_, marked_order(), link_.state.language)));
   window_.set_text("chart_reference", reference_text(values_, link_.state.language));
 }
 
+std::size_t SpectrumView::marked_order() const {
+  return static_cast<std::size_t>(std::clamp<int>(window_["HScroll1"].value, 0, all_orders));
+}
+
 void SpectrumView::show_cursor() {
-  const auto order = static_cast<std::size_t>(std::clamp(window_["HScroll1"].value, 0, 99));
+  const std::size_t order = marked_order();
   window_.set_text("har_index_value", format_pattern(static_cast<double>(order), "#0"));
   window_.set_text("har_percent_value", format_float(values_.percent[order], "#0.0"));
   window_.set_text("har_angle_value", format_float(values_.angle[order], "#0.0"));

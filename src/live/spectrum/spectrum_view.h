@@ -43,6 +43,7 @@ class SpectrumView : public LiveView, public LiveListener {
   FrameOutcome discard(SpectrumFault fault);
   void show_chart();
   void show_cursor();
+  std::size_t marked_order() const;
   bool holds_power_frame() const;
 
   Link& link_;
