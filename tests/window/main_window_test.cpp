@@ -402,15 +402,19 @@ double luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
+double contrast(const QColor& ink, const QColor& ground) {
+  const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
+  return (bright + 0.05) / (dark + 0.05);
+}
+
 TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
   for (const Look look : {Look::light, Look::dark, Look::paper}) {
     const Theme& now = theme(look);
+    EXPECT_GE(contrast(now.grid, now.panel), 3) << "the circles of the phasors were faint";
     for (const QColor& ink :
          {now.text, now.quiet, now.accent, now.warning, now.phase[0], now.phase[1], now.phase[2]})
-      for (const QColor& ground : {now.background, now.panel}) {
-        const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
-        EXPECT_GE((bright + 0.05) / (dark + 0.05), 4.5) << ink.name().toStdString();
-      }
+      for (const QColor& ground : {now.background, now.panel})
+        EXPECT_GE(contrast(ink, ground), 4.5) << ink.name().toStdString();
     for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
   }
 }

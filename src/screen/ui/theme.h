@@ -17,6 +17,7 @@ struct Theme {
   QColor background;
   QColor panel;
   QColor line;
+  QColor grid;  // circles and scales of diagrams; at least 3:1 to the panel
   QColor text;
   QColor quiet;
   QColor accent;
