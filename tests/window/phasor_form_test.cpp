@@ -23,7 +23,11 @@ TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
   for (const char* name : {"VUR_label", "VUR_value"}) values.set_visible(name, false);
   values.set_text("In_label", "In");
   values.set_text("v1_vector_label", "V1 < 230.1V, 0.0 >");
+  values.apply_captions(Language::chinese);
+  values.set_text(status_hint, "Print sent to PDF");
   form.show_changes();
+  EXPECT_EQ(spoken(form, widget(status_hint)), "訊息: Print sent to PDF");
+  EXPECT_EQ(nameless_in_focus(form), "");
   EXPECT_FALSE(widget("VUR_value")->parentWidget()->isVisible());
   EXPECT_EQ(widget("In_value")->accessibleName(), QStringLiteral("In"));
   EXPECT_EQ(widget("phasor_diagram")->accessibleDescription(), QStringLiteral("V1 < 230.1V, 0.0 >"));

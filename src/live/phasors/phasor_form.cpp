@@ -38,6 +38,7 @@ constexpr std::array<PhasorButton, 5> buttons = {{{"v_only", "V123"},
 
 constexpr std::array captions = {Caption{voltage_legend, {"Voltage", "電壓"}},
                                  Caption{current_legend, {"Current", "電流"}}};
+constexpr std::array accessible_names = {Caption{status_hint, {"Message", "訊息"}}};
 
 constexpr float margin = 160;
 constexpr float column_width = 2040;  // of buttons and pairs, left of the diagram
@@ -63,7 +64,7 @@ void put_diagram(Window& window) {
 
 void put_legend(Window& window) {
   constexpr float height = 280;
-  constexpr float width = 1100;
+  constexpr float width = 1300;
   constexpr float left = phasor_diagram_left + margin;
   constexpr float top = phasor_diagram_top + phasor_diagram_height - margin - height;
   put(window, voltage_legend, {left, top, width, height}, captions[0].text.english);
@@ -130,6 +131,7 @@ Window make_phasor_form() {
   Window window("PhasorForm");
   window.set_caption("PHASOR DIAGRAM");
   window.set_captions(captions);
+  window.set_accessible_names(accessible_names);
   put(window, "print_phasor", {}, "&Print");
   put_buttons(window);
   put_diagram(window);

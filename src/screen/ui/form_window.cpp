@@ -46,7 +46,7 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
   menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
   QWidget* const content = design.build(*this);
   setCentralWidget(content);
-  content->setFocus();  // otherwise a button would have the keyboard focus at the start
+  setFocus();  // otherwise a button would have the keyboard focus at the start
   setMinimumSize(design.smallest);
   resize(design.start.boundedTo(screen()->availableSize() - window_frame).expandedTo(design.smallest));
   mirror_.show_changes();

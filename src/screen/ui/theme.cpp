@@ -67,6 +67,9 @@ QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 72px; padding: 4px 10px; }
 QDialogButtonBox QPushButton:focus { padding: 3px 9px; }
 
+QProgressBar { background: @line@; border: none; }
+QProgressBar::chunk { background: @accent@; }
+
 QScrollBar:horizontal { background: @background@; height: 18px; border: 1px solid @line@; border-radius: 4px; }
 QScrollBar::handle:horizontal { background: @edge@; min-width: 28px; border-radius: 3px; margin: 2px; }
 QScrollBar::handle:horizontal:hover { background: @accent@; }

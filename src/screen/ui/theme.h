@@ -21,7 +21,7 @@ struct Theme {
   QColor text;
   QColor quiet;
   QColor accent;
-  QColor warning;  // differs from the colours of all phases
+  QColor warning;  // and of a running recording; differs from the colours of all phases
   std::array<QColor, 3> phase;
 };
 
