@@ -56,7 +56,7 @@ Desk::Desk(const Platform& platform, const StartOptions& options, Shared& shared
       live_(live),
       configuration_(platform.files, options.work_folder),
       status_line_(platform, link, live.monitor, live.views, live.recording, live.phasors, shared.meter_rec),
-      port_choice_(platform, link, configuration_, status_line_, shared.meter_rec) {
+      port_choice_(platform, link, configuration_, status_line_, shared.meter_rec, shared.notice) {
   connect();
 }
 
@@ -106,6 +106,7 @@ void Desk::choose_language(Language language) {
     link_.state.language = language;
     shared_.windows.apply_captions(language);
     show_language();
+    port_choice_.describe_ports();
     meter_rec_.set_text(status_hint, not_kept_hint(configuration_.write_language(language), language));
     return Afterwards::read_status;
   });
