@@ -135,8 +135,6 @@ struct PhasorTest : testing::Test, Journey {
       state += form()[name].visible ? '1' : '0';
     return state;
   }
-
-  // The buttons that are marked.
   std::string chosen() const {
     std::string names;
     for (const PhasorButton& button : phasor_buttons())
