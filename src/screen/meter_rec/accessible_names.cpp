@@ -9,13 +9,13 @@ namespace halden {
 
 namespace {
 
-struct SettingTexts {
+struct ButtonAndBox {
   Text button;
   Text box;
 };
 
 // In the order of Setting.
-constexpr std::array<SettingTexts, meter_settings.size()> of_settings = {
+constexpr std::array<ButtonAndBox, meter_settings.size()> of_settings = {
     {{{"Send CT", "傳送 CT"}, {"CT, ratio of the current transformers", "CT，比流器變比"}},
      {{"Send PT", "傳送 PT"}, {"PT, ratio of the voltage transformers", "PT，比壓器變比"}},
      {{"Send MD", "傳送 MD"}, {"MD, demand period in minutes", "MD，需量週期（分鐘）"}},
@@ -29,7 +29,7 @@ constexpr std::array of_others = {Caption{"PQA_mode", {"Mode of the meter", "電
 std::vector<Caption> make_names() {
   std::vector<Caption> names(of_others.begin(), of_others.end());
   for (const SettingNames& setting : meter_settings) {
-    const SettingTexts& texts = of_settings[static_cast<std::size_t>(setting.setting)];
+    const ButtonAndBox& texts = of_settings[static_cast<std::size_t>(setting.setting)];
     names.push_back({setting.button, texts.button});
     names.push_back({setting.box, texts.box});
   }
