@@ -57,7 +57,7 @@ Application::Application(const Platform& platform, const StartOptions& options, 
       live_(live),
       configuration_(platform.files, options.work_folder),
       status_line_(platform, link, live.monitor, live.views, live.recording, live.phasors, shared.meter_rec),
-      port_choice_(platform, link, configuration_, status_line_, shared.meter_rec) {
+      port_choice_(platform, link, configuration_, status_line_, shared.meter_rec, shared.notice) {
   connect();
 }
 
@@ -107,6 +107,7 @@ void Application::choose_language(Language language) {
     link_.state.language = language;
     shared_.windows.apply_captions(language);
     show_language();
+    port_choice_.describe_ports();
     meter_rec_.set_text(status_hint, not_kept_hint(configuration_.write_language(language), language));
     return Afterwards::read_status;
   });

@@ -6,7 +6,9 @@
 #include "platform/dialogs.h"
 #include "readings/numbers.h"
 #include "screen/failure_texts.h"
+#include "screen/meter_rec/menus.h"
 #include "screen/meter_rec/panels.h"
+#include "screen/windows.h"
 
 namespace halden {
 
@@ -15,6 +17,9 @@ namespace {
 constexpr double after_open_s = 1.0;
 constexpr double open_turn_s = 0.05;
 constexpr double open_limit_s = 2.0;
+
+constexpr Text present_device = {"{}, present", "{}，已接上"};
+constexpr Text missing_device = {"{}, not there", "{}，未接上"};
 
 }  // namespace
 
@@ -94,6 +99,7 @@ void PortChoice::show_chosen(int number) {
   for (int port = first_port_number; port <= last_port_number; ++port)
     window_.set_checked(element("port_number", port), port == number);
   status_line_.set_port(number);
+  notice_.set_text(notice_port, "COM " + std::to_string(number) + ", " + platform_.port.device_name(number));
   window_.set_text(status_hint, "");
 }
 
@@ -106,8 +112,10 @@ void PortChoice::wait_until_open() {
 void PortChoice::describe_ports() {
   for (int port = first_port_number; port <= last_port_number; ++port) {
     const bool present = platform_.port.present(port);
-    window_.set_tooltip(element("port_number", port),
-                        platform_.port.device_name(port) + (present ? " (present)" : " (not there)"));
+    const std::string entry = element("port_number", port);
+    window_.set_tooltip(entry, (present ? present_device : missing_device)
+                                   .with(link_.state.language, {platform_.port.device_name(port)}));
+    window_.set_tag(entry, present ? present_tag : "");
   }
 }
 

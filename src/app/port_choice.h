@@ -14,14 +14,15 @@ namespace halden {
 
 class PortChoice {
  public:
-  // All outlive this. Connects the COM menu of the main window.
+  // All outlive this. Connects the COM menu of the main window. The notice names the port that is opened.
   PortChoice(const Platform& platform, Link& link, Configuration& configuration, StatusLine& status_line,
-             Window& meter_rec)
+             Window& meter_rec, Window& notice)
       : platform_(platform),
         link_(link),
         configuration_(configuration),
         status_line_(status_line),
-        window_(meter_rec) {
+        window_(meter_rec),
+        notice_(notice) {
     connect();
   }
   PortChoice(const PortChoice&) = delete;
@@ -35,7 +36,8 @@ class PortChoice {
   // The COM menu: opens port `number`; when that fails the port that was open before is opened again.
   void choose(int number);
 
-  // Writes the device behind each COM entry, and whether it is there, into the entry's tooltip.
+  // Writes the device behind each COM entry, and whether it is there, into the entry's tooltip, and marks
+  // those that are there.
   void describe_ports();
 
  private:
@@ -53,6 +55,7 @@ class PortChoice {
   Configuration& configuration_;
   StatusLine& status_line_;
   Window& window_;
+  Window& notice_;
   int number_ = 0;  // of the port that is open; 0 when none
 };
 

@@ -1,5 +1,6 @@
 #include "link/status_query.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -11,6 +12,7 @@
 #include "platform/serial_port.h"
 #include "readings/patterns.h"
 #include "screen/meter_rec/settings.h"
+#include "screen/windows.h"
 
 namespace halden {
 
@@ -19,6 +21,8 @@ namespace {
 constexpr double quiet_s = 3.0;
 constexpr double before_request_s = 1.0;
 constexpr double reply_s = 5.0;
+constexpr double whole_query_s = quiet_s + before_request_s + reply_s;
+constexpr int whole_progress = 100;
 
 // Field numbers in the reply, from 1; those of the settings are in meter_settings.
 constexpr int mode_field = 1;
@@ -91,6 +95,9 @@ void StatusQuery::show_splash() {
 }
 
 void StatusQuery::ask() {
+  began_s_ = platform_.clock.monotonic_s();
+  notice_.set_range(notice_progress, 0, whole_progress);
+  show_progress();
   show_splash();
   let_events_run(platform_.clock);
   waits_.timed_wait(quiet_s, Yield::no);
@@ -103,6 +110,15 @@ void StatusQuery::ask() {
   let_events_run(platform_.clock);
   let_events_run(platform_.clock);
   waits_.collect(reply_s, state_.reply_buffer);
+  show_progress();
+  began_s_.reset();
+}
+
+// A wait that begins anew at midnight takes longer; the progress stops at its end then.
+void StatusQuery::show_progress() {
+  if (!began_s_) return;
+  const double part = (platform_.clock.monotonic_s() - *began_s_) / whole_query_s;
+  notice_.set_value(notice_progress, static_cast<int>(std::min(part, 1.0) * whole_progress));
 }
 
 void StatusQuery::report_failure() {

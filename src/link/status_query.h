@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -35,6 +36,9 @@ class StatusQuery {
   // A reply that is too short resumes polling, tells the user and leaves the status as it was.
   void query_meter_status();
 
+  // Brings the notice's progress up to date: the part of a query's 9 seconds that is over.
+  void show_progress();
+
   // Whether the last query got a reply.
   bool succeeded() const { return succeeded_; }
 
@@ -56,6 +60,7 @@ class StatusQuery {
   Window& notice_;
   const LabelColumns& label_column_left_;
   bool succeeded_ = false;
+  std::optional<double> began_s_;  // of the query that runs, monotonic
   std::vector<std::function<void()>> status_read_;
 };
 

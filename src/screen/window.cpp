@@ -54,6 +54,10 @@ void Window::set_tooltip(std::string_view name, std::string_view tooltip) {
   change(controls_[index_of(name)].second.tooltip, tooltip);
 }
 
+void Window::set_accessible_name(std::string_view name, std::string_view accessible_name) {
+  change(controls_[index_of(name)].second.accessible_name, accessible_name);
+}
+
 void Window::set_description(std::string_view name, std::string_view description) {
   change(controls_[index_of(name)].second.description, description);
 }
@@ -82,6 +86,7 @@ void Window::set_chart(std::string_view name, std::shared_ptr<const Chart> chart
 void Window::apply_captions(Language language) {
   for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
   for (const Caption& tooltip : tooltips_) set_tooltip(tooltip.control, tooltip.text.in(language));
+  for (const Caption& name : accessible_names_) set_accessible_name(name.control, name.text.in(language));
 }
 
 void Window::restore_caption(std::string_view control, Language language) {

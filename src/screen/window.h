@@ -45,8 +45,9 @@ struct Control : Place {
   bool old = false;  // of a reading: it is no longer current
   std::string tag;
   std::string tooltip;
-  std::string description;  // for assistive technology, beside the text
-  int value = 0;            // of a scroll bar, with its range
+  std::string accessible_name;  // what assistive technology calls it, where that is not its text
+  std::string description;      // for assistive technology, beside the text
+  int value = 0;                // of a scroll bar, with its range
   int minimum = 0;
   int maximum = 0;
   // Constant and compared by pointer, so that 100,000 entries cost nothing to compare: to change them, make
@@ -57,7 +58,7 @@ struct Control : Place {
   bool operator==(const Control&) const = default;
 };
 
-// A control and its caption, or its tooltip, in both languages.
+// A control and its caption, its tooltip or its accessible name in both languages.
 struct Caption {
   std::string_view control;
   Text text;
@@ -92,6 +93,7 @@ class Window {
   void set_old(std::string_view name, bool old);
   void set_tag(std::string_view name, std::string_view tag);
   void set_tooltip(std::string_view name, std::string_view tooltip);
+  void set_accessible_name(std::string_view name, std::string_view accessible_name);
   void set_description(std::string_view name, std::string_view description);
   void set_place(std::string_view name, const Place& place);
   void set_value(std::string_view name, int value);
@@ -99,9 +101,10 @@ class Window {
   void set_lines(std::string_view name, std::shared_ptr<const Lines> lines);
   void set_chart(std::string_view name, std::shared_ptr<const Chart> chart);
 
-  // The captions and tooltips that depend on the language. The tables outlive the window.
+  // The captions, tooltips and accessible names that depend on the language. The tables outlive the window.
   void set_captions(std::span<const Caption> captions) { captions_ = captions; }
   void set_tooltips(std::span<const Caption> tooltips) { tooltips_ = tooltips; }
+  void set_accessible_names(std::span<const Caption> names) { accessible_names_ = names; }
   void apply_captions(Language language);
   void restore_caption(std::string_view control, Language language);
 
@@ -160,6 +163,7 @@ class Window {
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
   std::span<const Caption> captions_;
   std::span<const Caption> tooltips_;
+  std::span<const Caption> accessible_names_;
   Handlers presses_;
   Handlers clicks_;
   Handlers changes_;

@@ -1,7 +1,9 @@
 #include "screen/windows.h"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace halden {
 
@@ -17,8 +19,13 @@ void Windows::apply_captions(Language language) {
 }
 
 Window make_notice_window() {
+  static constexpr std::array names = {Caption{recording_mark, {"Recording", "記錄中"}},
+                                       Caption{notice_progress, {"Progress", "進度"}}};
   Window window("CHKSPEED");
   window.add("Text1", {});
+  for (const std::string_view name : {notice_port, notice_progress, recording_mark})
+    window.add(std::string(name), {});
+  window.set_accessible_names(names);
   return window;
 }
 

@@ -26,6 +26,14 @@ class Windows {
   std::vector<Window*> windows_;
 };
 
+// The mark that shows the notice of a running recording.
+inline constexpr std::string_view recording_mark = "recording_mark";
+
+// The parts of the notice beside its message: the port ("COM 3, /dev/ttyUSB2"), and how much of the wait is
+// over, in the range of the control; without a range it is unknown.
+inline constexpr std::string_view notice_port = "notice_port";
+inline constexpr std::string_view notice_progress = "notice_progress";
+
 // The small notice window CHKSPEED, with its message field Text1. There is only one: it shows the text
 // written last. Without a caption it is the notice of a running recording.
 Window make_notice_window();

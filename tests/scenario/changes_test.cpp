@@ -28,6 +28,7 @@ TEST_F(Changes, TheLanguageIsKeptAndTheCaptionsOfTheMeterFollow) {
             "讀取記錄器設定|記錄器設定|清除所有記錄|下載諧波記錄|下載驟升驟降記錄|下載電力記錄|下載視窗記錄|"
             "下載所有檔案|");
   EXPECT_TRUE(window()["sel_language_1"].checked);
+  EXPECT_EQ(window()["port_number_1"].tooltip, "simulated meter，已接上");
   click("sel_language_0");
   EXPECT_EQ(stored("language.pha"), "0\r\n");
   EXPECT_EQ(text("zmenu"), "File");
@@ -57,6 +58,9 @@ TEST_F(Changes, ARefusedChoiceLeavesTheOldPortAsItWas) {
   port.refuse(9, PortRefusal::missing);
   click("port_number_9");
   EXPECT_EQ(world.dialogs.message_texts(), Texts{"COM 9 not available"});
+  click("comm_port");
+  EXPECT_EQ(window()["port_number_9"].tooltip, "simulated meter, not there");
+  EXPECT_TRUE(window()["port_number_9"].tag.empty() && window()["port_number_1"].tag == "present");
   EXPECT_EQ(text("status_hint"), "simulated meter is not there. Is the adapter plugged in?");
   EXPECT_EQ(stored("commport.dat"), "1\r\n");
   EXPECT_EQ(text("comm_port"), "COM 1");

@@ -135,6 +135,12 @@ struct PhasorTest : testing::Test, Journey {
       state += form()[name].visible ? '1' : '0';
     return state;
   }
+  std::string chosen() const {
+    std::string names;
+    for (const PhasorButton& button : phasor_buttons())
+      if (form()[button.name].checked) names += button.name;
+    return names;
+  }
 };
 
 // The largest voltage, 200.0 V, reaches 1900 from (7480, 3560), the largest current 1500:
@@ -189,9 +195,14 @@ TEST_F(PhasorTest, WiringAndCommandsDecideWhatIsShown) {
     click(command, "PhasorForm");
     world.run_for(1);
     EXPECT_EQ(visible(), expected) << command;
+    EXPECT_EQ(chosen(), command);
   }
+  click("v_only", "PhasorForm");
+  click("hide_vxy", "PhasorForm");
+  EXPECT_EQ(chosen(), "v_only") << "it shows no line voltages that could be hidden";
   window("PhasorForm").resized();
   EXPECT_EQ(visible(), "111111111111") << "as after loading";
+  EXPECT_EQ(chosen(), "vi_all");
 }
 
 TEST_F(PhasorTest, EachFrameRedrawsOnceWhileTheWindowIsVisible) {

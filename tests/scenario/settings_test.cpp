@@ -1,4 +1,5 @@
 // What reaches the meter when a setting is sent, character by character and to the tenth of a second.
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -138,10 +139,26 @@ TEST_F(SettingsTest, ASettingClickedDuringAnotherOneGoesOutAsItStoodAtTheClick) 
   world.run_for(60);
   EXPECT_EQ(meter.settings().ct_ratio, 40);
   EXPECT_EQ(meter.settings().pt_ratio, 7);
-  EXPECT_EQ(text("status_hint"), "PT is now 7");
+  EXPECT_EQ(text("status_hint"), "CT is now 40. PT is now 7") << "the first result could not be read in time";
+  world.run_for(6);
   type("ct_value", "0");
   click("set_ct");
-  EXPECT_EQ(text("status_hint"), "the meter kept CT 40");
+  EXPECT_EQ(text("status_hint"), "The meter kept CT 40");
+}
+
+TEST_F(SettingsTest, ADoubleClickSendsASettingOnce) {
+  type("ct_value", "40");
+  const double from_s = now_s();
+  click_after(0, "set_ct");
+  world.user_closes(0.3, [this] {
+    window().press("set_ct");
+    click_after(0, "set_ct");
+  });
+  world.run_for(60);
+  const auto times_sent = [&] { return std::ranges::count(received(from_s), 'C'); };
+  EXPECT_EQ(times_sent(), 1);
+  click("set_ct");
+  EXPECT_EQ(times_sent(), 2) << "a click afterwards is a new one";
 }
 
 TEST(SettingsAtMidnight, AWaitBeginsAnewAndNothingIsLost) {

@@ -41,6 +41,9 @@ TEST_F(StartUp, TheStoredPortIsOpenedAskedAndPolledBehindTheSplash) {
     EXPECT_TRUE(splash->visible());
     EXPECT_EQ(splash->caption(), "Status");
     EXPECT_EQ((*splash)["Text1"].text, "Working, please wait");
+    EXPECT_EQ((*splash)["notice_port"].text, "COM 12, simulated meter");
+    program().link.query.show_progress();
+    EXPECT_EQ((*splash)["notice_progress"].value, 38) << "3.5 of 9 s";
     EXPECT_FALSE(window().visible());
   });
   start_on_port(12);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QMenu>
@@ -55,6 +56,32 @@ struct FormTest : testing::Test {
   int closes = 0;
   FormWindow form;
 };
+
+// Whether assistive technology, which starts at the window, finds the object; the interface it finds.
+inline QAccessibleInterface* in_tree(QAccessibleInterface* from, const QObject* object) {
+  if (from == nullptr || from->object() == object) return from;
+  for (int child = 0; child < from->childCount(); ++child)
+    if (QAccessibleInterface* const found = in_tree(from->child(child), object)) return found;
+  return nullptr;
+}
+
+// Name and description, as assistive technology finds them.
+inline std::string spoken(QWidget& window, const QWidget* widget) {
+  QAccessibleInterface* const found = in_tree(QAccessible::queryAccessibleInterface(&window), widget);
+  if (found == nullptr) return "not in the tree";
+  return from_qt(found->text(QAccessible::Name) + QStringLiteral(": ") +
+                 found->text(QAccessible::Description));
+}
+
+// The object names of widgets that take the focus and have no name.
+inline std::string nameless_in_focus(QWidget& window) {
+  std::string names;
+  for (QWidget* widget : window.findChildren<QWidget*>())
+    if (widget->focusPolicy() != Qt::NoFocus &&
+        QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+      names += from_qt(widget->objectName()) + " ";
+  return names;
+}
 
 inline void expect_fits(const QWidget* shown, const std::string& where) {
   ASSERT_NE(shown, nullptr) << where;

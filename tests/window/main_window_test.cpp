@@ -1,7 +1,6 @@
 // The main window on the screen, with its notice, status line and colours: every control shows its values,
 // passes on what the user does, and is clipped nowhere.
 
-#include <QAccessible>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QHelpEvent>
@@ -9,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -23,12 +23,15 @@
 #include "app/ui/desktop_program.h"
 #include "app/ui/meter_rec.h"
 #include "app/ui/notice_window.h"
+#include "app/ui/recording_mark.h"
 #include "app/ui/status_row.h"
 #include "form_fixture.h"
 #include "platform/virtual/virtual_world.h"
 #include "screen/meter_rec/columns.h"
 #include "screen/meter_rec/main_window.h"
+#include "screen/meter_rec/menus.h"
 #include "screen/meter_rec/panels.h"
+#include "screen/ui/menu_corner.h"
 #include "screen/windows.h"
 #include "simulator/simulated_port.h"
 
@@ -57,10 +60,14 @@ struct MeterRecTest : FormTest {
 };
 
 TEST_F(MeterRecTest, ValuesShowUnderTheirQuantity) {
-  const std::array<const char*, 3> rows[] = {
-      {"V12_value", "398.4V", "線電壓"}, {"d0_v_value", "0.21%", "d0% (V, ZERO)"},
-      {"RMS_value", "230.1V", "RMS"},    {"power_system", "三相四線", "System"},
-      {"Label1_3", "12:30:44", "Time"},  {"ct_value", "100", "CT"}};
+  const std::array<const char*, 3> rows[] = {{"V12_value", "398.4V", "線電壓"},
+                                             {"d0_v_value", "0.21%", "d0% (V, ZERO)"},
+                                             {"RMS_value", "230.1V", "RMS"},
+                                             {"power_system", "三相四線", "System"},
+                                             {"Label1_3", "12:30:44", "Time"},
+                                             {"ct_value", "100", "CT, ratio of the current transformers"},
+                                             {"PQA_mode", "Power Mode", "Mode of the meter"}};
+  values.apply_captions(Language::english);
   values.set_text("V12_label", "線電壓");
   for (const auto& [control, text, quantity] : rows) values.set_text(control, text);
   form.show_changes();
@@ -70,6 +77,25 @@ TEST_F(MeterRecTest, ValuesShowUnderTheirQuantity) {
     EXPECT_EQ(from_qt(reading->text(QAccessible::Value)), text) << control;
   }
   EXPECT_EQ(widget("V12_label")->property("text"), QStringLiteral("線電壓"));
+  EXPECT_EQ(widget("set_ct")->accessibleName(), QStringLiteral("Send CT")) << "the box was called CT as well";
+  EXPECT_EQ(nameless_in_focus(form), "");
+  EXPECT_EQ(form.focusWidget(), &form) << "a container without a name had the focus at the start";
+}
+
+// The mark was in the corner of the menu bar, where assistive technology finds nothing.
+TEST_F(MeterRecTest, TheRecordingMarkIsFoundInsideTheWindowAndHasNoColourOfAPhase) {
+  Window said = make_notice_window();
+  said.apply_captions(Language::english);
+  auto* const mark = new RecordingMark(said, theme(Look::light));
+  new MenuCorner(form, *mark);
+  said.set_text("Text1", "Recording (12:30:44)");
+  said.show();
+  mark->show_changes();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(spoken(form, mark), "Recording: Recording (12:30:44)");
+  EXPECT_TRUE(form.menuBar()->geometry().contains(mark->geometry().center()));
+  const QImage picture = mark->grab().toImage();
+  EXPECT_EQ(picture.pixelColor(9, picture.height() / 2), theme(Look::light).warning);
 }
 
 TEST_F(MeterRecTest, PanelsMoveAndHideWithTheirColumn) {
@@ -112,6 +138,7 @@ TEST_F(MeterRecTest, ChartCoversThePowerPanelsWhileItIsShown) {
 TEST_F(MeterRecTest, MenusShowTheirEntries) {
   values.set_text("comm_port", "COM 12");
   values.set_tooltip("port_number_16", "/dev/rfcomm3");
+  values.set_tag("port_number_16", present_tag);
   form.show_changes();
   const auto entries = [](const QWidget& menu) {
     std::string all;
@@ -126,6 +153,8 @@ TEST_F(MeterRecTest, MenusShowTheirEntries) {
   EXPECT_EQ(entries(*menu("Option_Menu")), "&Sample Rate COM 12 Baud Rate (9600) Language ");
   EXPECT_EQ(menu("comm_port")->actions().back()->toolTip(), QStringLiteral("/dev/rfcomm3"));
   EXPECT_TRUE(menu("comm_port")->toolTipsVisible());
+  EXPECT_FALSE(action("port_number_16")->icon().isNull());
+  EXPECT_TRUE(action("port_number_15")->icon().isNull());
 }
 
 TEST_F(MeterRecTest, WhatTheUserDoesIsToldAndLeftToTheLogic) {
@@ -319,10 +348,15 @@ TEST_F(MeterRecTest, NoticeSaysWhatTheValuesSayAndLeavesTheUserAlone) {
   EXPECT_FALSE(notice.isVisible());
   said.set_caption("Status");
   said.set_text("Text1", "Working");
+  said.set_text(notice_port, "COM 3, /dev/ttyUSB2");
+  said.set_range(notice_progress, 0, 100);
+  said.set_value(notice_progress, 38);
   said.show();
   notice.show_changes();
   EXPECT_EQ(notice.windowTitle(), QStringLiteral("Status"));
   EXPECT_EQ(notice.findChild<QLineEdit*>(QStringLiteral("Text1"))->text(), QStringLiteral("Working"));
+  EXPECT_EQ(notice.findChild<QLabel*>(to_qt(notice_port))->text(), QStringLiteral("COM 3, /dev/ttyUSB2"));
+  EXPECT_EQ(notice.findChild<QProgressBar*>()->value(), 38);
   EXPECT_TRUE(form.geometry().contains(notice.geometry()));
   EXPECT_FALSE(notice.close());
   EXPECT_TRUE(notice.isVisible());
@@ -414,15 +448,19 @@ double luminance(const QColor& colour) {
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
+double contrast(const QColor& ink, const QColor& ground) {
+  const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
+  return (bright + 0.05) / (dark + 0.05);
+}
+
 TEST(Colours, TextIsReadableInEveryLookAndAWarningIsNoPhase) {
   for (const Look look : {Look::light, Look::dark, Look::paper}) {
     const Theme& now = theme(look);
+    EXPECT_GE(contrast(now.grid, now.panel), 3) << "the circles of the phasors were faint";
     for (const QColor& ink :
          {now.text, now.quiet, now.accent, now.warning, now.phase[0], now.phase[1], now.phase[2]})
-      for (const QColor& ground : {now.background, now.panel}) {
-        const auto [dark, bright] = std::minmax({luminance(ink), luminance(ground)});
-        EXPECT_GE((bright + 0.05) / (dark + 0.05), 4.5) << ink.name().toStdString();
-      }
+      for (const QColor& ground : {now.background, now.panel})
+        EXPECT_GE(contrast(ink, ground), 4.5) << ink.name().toStdString();
     for (const QColor& phase : now.phase) EXPECT_NE(now.warning, phase);
   }
 }

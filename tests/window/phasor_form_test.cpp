@@ -23,12 +23,19 @@ TEST_F(PhasorFormTest, ShowsItsValuesAndTellsWhatTheUserDoes) {
   for (const char* name : {"VUR_label", "VUR_value"}) values.set_visible(name, false);
   values.set_text("In_label", "In");
   values.set_text("v1_vector_label", "V1 < 230.1V, 0.0 >");
+  values.apply_captions(Language::chinese);
+  values.set_text(status_hint, "Print sent to PDF");
   form.show_changes();
+  EXPECT_EQ(spoken(form, widget(status_hint)), "訊息: Print sent to PDF");
+  EXPECT_EQ(nameless_in_focus(form), "");
   EXPECT_FALSE(widget("VUR_value")->parentWidget()->isVisible());
   EXPECT_EQ(widget("In_value")->accessibleName(), QStringLiteral("In"));
   EXPECT_EQ(widget("phasor_diagram")->accessibleDescription(), QStringLiteral("V1 < 230.1V, 0.0 >"));
   EXPECT_EQ(form.paper_image().deviceIndependentSize().toSize(), form.size());
+  values.set_checked("v_only", true);
+  form.show_changes();
   for (const PhasorButton& button : phasor_buttons()) static_cast<QPushButton*>(widget(button.name))->click();
+  EXPECT_TRUE(static_cast<QPushButton*>(widget("v_only"))->isChecked()) << "a click alone marks nothing";
   form.findChild<QAction*>(QStringLiteral("print_phasor"))->trigger();
   EXPECT_EQ(clicks,
             (std::vector<std::string>{"v_only", "i_only", "vi_all", "vxy", "hide_vxy", "print_phasor"}));
@@ -75,6 +82,20 @@ TEST_F(PhasorFormTest, ALabelBehindAnotherOneIsListedInTheCorner) {
     (label.place.right() < diagram->width() / 10.0 ? in_corner : in_place) += from_qt(label.text) + " ";
   EXPECT_EQ(in_place, "v1 i2 V3 ");
   EXPECT_EQ(in_corner, "i1 ");
+}
+
+// Lines of line voltages ran through the labels, and other labels through the text of a near one.
+TEST_F(PhasorFormTest, NoLineRunsThroughALabel) {
+  const auto* const diagram = static_cast<PhasorDiagram*>(widget("phasor_diagram"));
+  const auto text_of_label = [&](float line_y) {
+    values.set_text("v1_vector_label", "V1 < 230.1V, 0.0 >");
+    values.set_place("v1_vector_label", {9530, 3560, 2500, 280});
+    values.set_place("v12_vector", {phasor_center_x, line_y, 5000, 0});
+    form.show_changes();
+    return widget("phasor_diagram")->grab(diagram->labels().front().place.toAlignedRect()).toImage();
+  };
+  const QImage clear = text_of_label(2000);
+  EXPECT_EQ(text_of_label(3700), clear);
 }
 
 // The page is 12800 x 8400: in a window that is too wide the diagram is as high as the window lets it, and

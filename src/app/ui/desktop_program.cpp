@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QMenuBar>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -26,6 +25,7 @@
 #include "platform/qt/desktop/qt_shell.h"
 #include "platform/qt/desktop/wait_cursor.h"
 #include "screen/ui/fonts.h"
+#include "screen/ui/menu_corner.h"
 #include "simulator/demo_port.h"
 #include "simulator/meter.h"
 #include "simulator/simulated_port.h"
@@ -117,8 +117,7 @@ class DesktopProgram {
     outside_.dialogs.set_parent(&main_window_);
     for (const auto& form : forms_)
       outside_.printer.add_window(form->window().name(), [form = form.get()] { return form->paper_image(); });
-    recording_mark_->setFixedHeight(main_window_.menuBar()->sizeHint().height());
-    main_window_.menuBar()->setCornerWidget(recording_mark_);
+    new MenuCorner(main_window_, *recording_mark_);
     if (shows_demo_panel()) demo_panel_.place_beside(main_window_);
     connect_mirrors();
   }
@@ -144,6 +143,7 @@ class DesktopProgram {
 
   void connect_mirrors() {
     world().add_mirror([this] { program_.application.refresh_status_line(); });
+    world().add_mirror([this] { program_.link.query.show_progress(); });
     for (const auto& form : forms_) {
       world().add_mirror([form = form.get()] { form->show_changes(); });
       world().add_mirror([this, form = form.get()] {
@@ -187,7 +187,7 @@ class DesktopProgram {
   std::vector<std::unique_ptr<FormWindow>> forms_;
   FormWindow& main_window_;
   NoticeWindow notice_;
-  RecordingMark* recording_mark_;  // owned by the menu bar
+  RecordingMark* recording_mark_;  // owned by the main window
   DemoPanel demo_panel_;
   BoxLanguage box_language_;
   SignalWatch signals_;

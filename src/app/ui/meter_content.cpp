@@ -98,8 +98,8 @@ void MeterContent::build_text(const DesignedControl& designed) {
 void MeterContent::build_reading(const DesignedControl& designed) {
   auto* const field = new ReadingField(to_qt(designed.name), Units::like_the_number, form_.theme(), this);
   set_role(*field, role_of_reading(designed));
-  mirror_.tie(designed.name, *field);
   name_after(designed.label.empty() ? designed.name : designed.label, *field);
+  mirror_.tie(designed.name, *field);
   put(designed.name, *field);
   watch_double_clicks(designed, *field);
   readings_.push_back(field);
@@ -129,7 +129,6 @@ void MeterContent::build_edit_box(const DesignedControl& designed) {
     if (!field->isReadOnly()) form_.click(button);
   });
   mirror_.tie_edit_box(designed.name, *field);
-  name_after(designed.label, *field);
   put(designed.name, *field);
   form_widgets_.push_back(field);
 }
@@ -153,10 +152,12 @@ void MeterContent::build_chart(const DesignedControl& designed) {
   build_backdrop(designed);
   auto* const chart = new QWidget(this);
   chart->setObjectName(to_qt(designed.name));
-  chart->setAccessibleName(tr("chart"));
   chart->setAutoFillBackground(true);
   chart->setBackgroundRole(QPalette::Base);
-  mirror_.tie(designed.name, [chart](const Control& now) { chart->setVisible(now.visible); });
+  mirror_.tie(designed.name, [chart](const Control& now) {
+    chart->setVisible(now.visible);
+    chart->setAccessibleName(to_qt(now.accessible_name));
+  });
   put(designed.name, *chart);
 }
 

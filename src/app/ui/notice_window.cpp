@@ -2,61 +2,29 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QProgressBar>
 #include <QScreen>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "app/ui/recording_mark.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/value_panel.h"
+#include "screen/windows.h"
 
 namespace halden {
 
 namespace {
 
-constexpr QSize notice_size(380, 116);
+constexpr QSize notice_size(380, 140);
 constexpr int caption_pixels = 13;
 constexpr int message_pixels = 19;
+constexpr int message_height = 30;
 constexpr int accent_width = 4;
 
 constexpr Qt::WindowFlags notice_flags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::CustomizeWindowHint;
 
-constexpr int bar_height = 4;
-constexpr int step_ms = 120;
-constexpr int steps_across = 12;  // from one end to the other
-constexpr int piece_share = 4;    // the piece is a quarter of the bar
-
-// A thin bar with a moving piece, which shows that the program still works during a long wait. It moves only
-// while it is visible.
-class BusyBar : public QWidget {
- public:
-  explicit BusyBar(const Theme& theme) : theme_(theme) {
-    setFixedHeight(bar_height);
-    steps_.setInterval(step_ms);
-    connect(&steps_, &QTimer::timeout, this, [this] {
-      step_ = (step_ + 1) % (2 * steps_across);
-      update();
-    });
-  }
-
- protected:
-  void showEvent(QShowEvent*) override { steps_.start(); }
-  void hideEvent(QHideEvent*) override { steps_.stop(); }
-
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), theme_.line);
-    const int piece = width() / piece_share;
-    const int position = step_ < steps_across ? step_ : 2 * steps_across - step_;
-    painter.fillRect(QRect((width() - piece) * position / steps_across, 0, piece, height()), theme_.accent);
-  }
-
- private:
-  Theme theme_;
-  QTimer steps_;
-  int step_ = 0;
-};
+constexpr int bar_height = 6;
 
 }  // namespace
 
@@ -79,14 +47,40 @@ void NoticeWindow::build() {
   set_role(*caption_, Role::quiet);
   static_cast<ReadingField*>(message_)->set_size(message_pixels);
   message_->setFocusPolicy(Qt::NoFocus);
+  message_->setFixedHeight(message_height);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(24, 18, 20, 18);
   column->addWidget(caption_);
   column->addWidget(message_);
+  column->addWidget(build_port());
   column->addSpacing(6);
-  column->addWidget(new BusyBar(theme_));
+  column->addWidget(build_bar());
   mirror_.tie("Text1", *message_);
   setFixedSize(notice_size);
+}
+
+QWidget* NoticeWindow::build_port() {
+  auto* const port = new QLabel(this);
+  port->setObjectName(to_qt(notice_port));
+  port->setFont(with_pixel_size(text_font(), caption_pixels));
+  port->setTextFormat(Qt::PlainText);
+  set_role(*port, Role::quiet);
+  mirror_.tie(std::string(notice_port), *port);
+  return port;
+}
+
+QWidget* NoticeWindow::build_bar() {
+  auto* const bar = new QProgressBar(this);
+  bar->setObjectName(to_qt(notice_progress));
+  bar->setTextVisible(false);
+  bar->setFixedHeight(bar_height);
+  mirror_.tie(std::string(notice_progress), [bar](const Control& now) {
+    bar->setAccessibleName(to_qt(now.accessible_name));
+    bar->setRange(now.minimum, now.maximum);
+    bar->setValue(now.value);
+    bar->setVisible(now.maximum > now.minimum);
+  });
+  return bar;
 }
 
 void NoticeWindow::show_changes() {

@@ -1,4 +1,5 @@
-// The small notice window CHKSPEED on the screen: says what the program is busy with. It takes no focus,
+// The small notice window CHKSPEED on the screen: says what the program is busy with, on which port, and how
+// much of the wait is over. It takes no focus,
 // cannot be closed, and does not block the other windows. The recording mark shows the notice of a recording.
 #pragma once
 
@@ -26,6 +27,8 @@ class NoticeWindow : public QWidget {
 
  private:
   void build();
+  QWidget* build_port();
+  QWidget* build_bar();
   void centre();
 
   Window& window_;

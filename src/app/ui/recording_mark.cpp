@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "screen/ui/fonts.h"
+#include "screen/windows.h"
 
 namespace halden {
 
@@ -21,13 +22,18 @@ bool is_lasting_notice(const Window& notice) { return notice.caption().empty(); 
 
 RecordingMark::RecordingMark(Window& notice, const Theme& theme)
     : window_(notice), theme_(theme), mirror_(notice), text_(new QLabel(this)) {
-  setObjectName(QStringLiteral("recording_mark"));
+  setObjectName(to_qt(recording_mark));
   text_->setFont(with_pixel_size(text_font(), text_pixels));
   text_->setTextFormat(Qt::PlainText);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(text_left, 0, right_margin, 0);
   row->addWidget(text_);
-  mirror_.tie("Text1", [this](const Control& now) { text_->setText(to_qt(now.text)); });
+  mirror_.tie("Text1", [this](const Control& now) {
+    text_->setText(to_qt(now.text));
+    setAccessibleDescription(to_qt(now.text));
+  });
+  mirror_.tie(std::string(recording_mark),
+              [this](const Control& now) { setAccessibleName(to_qt(now.accessible_name)); });
   setVisible(false);
 }
 
@@ -40,7 +46,7 @@ void RecordingMark::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(theme_.phase[0]);
+  painter.setBrush(theme_.warning);
   painter.drawEllipse(QRectF(dot_left, (height() - dot_size) / 2.0, dot_size, dot_size));
 }
 

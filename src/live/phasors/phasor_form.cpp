@@ -36,6 +36,10 @@ constexpr std::array<PhasorButton, 5> buttons = {{{"v_only", "V123"},
                                                   {"vxy", "Vxy"},
                                                   {"hide_vxy", "Hide Vxy"}}};
 
+constexpr std::array captions = {Caption{voltage_legend, {"Voltage", "電壓"}},
+                                 Caption{current_legend, {"Current", "電流"}}};
+constexpr std::array accessible_names = {Caption{status_hint, {"Message", "訊息"}}};
+
 constexpr float margin = 160;
 constexpr float column_width = 2040;  // of buttons and pairs, left of the diagram
 
@@ -56,6 +60,15 @@ void put_diagram(Window& window) {
     if (!vector.marker.empty()) put(window, vector.marker, marker);
     put(window, vector.label, label);
   }
+}
+
+void put_legend(Window& window) {
+  constexpr float height = 280;
+  constexpr float width = 1300;
+  constexpr float left = phasor_diagram_left + margin;
+  constexpr float top = phasor_diagram_top + phasor_diagram_height - margin - height;
+  put(window, voltage_legend, {left, top, width, height}, captions[0].text.english);
+  put(window, current_legend, {left + width, top, width, height}, captions[1].text.english);
 }
 
 void put_buttons(Window& window) {
@@ -117,9 +130,12 @@ std::span<const Panel, 8> phasor_panels() {
 Window make_phasor_form() {
   Window window("PhasorForm");
   window.set_caption("PHASOR DIAGRAM");
+  window.set_captions(captions);
+  window.set_accessible_names(accessible_names);
   put(window, "print_phasor", {}, "&Print");
   put_buttons(window);
   put_diagram(window);
+  put_legend(window);
   put_pairs(window);
   put_panels(window);
   put(window, "Text1", {});

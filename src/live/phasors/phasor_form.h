@@ -39,6 +39,10 @@ inline constexpr std::string_view widest_vector_label = "V12 < 000.0KV, -000.0 >
 inline constexpr std::string_view phasor_outer_circle = "Shape1";
 inline constexpr std::string_view phasor_inner_circle = "Shape2";
 
+// What the markers mean, in a corner of the diagram that no vector and no label reaches.
+inline constexpr std::string_view voltage_legend = "voltage_legend";
+inline constexpr std::string_view current_legend = "current_legend";
+
 // The tag of a label whose text ends at its right edge; all others begin at their left edge.
 inline constexpr std::string_view right_end_tag = "right";
 

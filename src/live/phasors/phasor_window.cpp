@@ -92,6 +92,7 @@ void PhasorWindow::show_vectors() {
   show(voltage_vectors(), phases);
   show(current_vectors(), phases);
   show(line_vectors(), three_phase ? phase_count : 0);
+  mark_chosen("vi_all");
   show_unbalance(three_phase);
   if (three_phase) form_.set_text("In_label", status_.wiring_system == Wiring::w3p3w ? "Ing" : "In");
 }
@@ -117,12 +118,14 @@ void PhasorWindow::v_only() {
   show_vectors();
   show(current_vectors(), 0);
   show(line_vectors(), 0);
+  mark_chosen("v_only");
 }
 
 void PhasorWindow::i_only() {
   show_vectors();
   show(voltage_vectors(), 0);
   show(line_vectors(), 0);
+  mark_chosen("i_only");
 }
 
 void PhasorWindow::vi_all() { show_vectors(); }
@@ -132,9 +135,18 @@ void PhasorWindow::vxy() {
   show(line_vectors(), phase_count);
   show(voltage_vectors(), 0);
   show(current_vectors(), 0);
+  mark_chosen("vxy");
 }
 
-void PhasorWindow::hide_vxy() { show(line_vectors(), 0); }
+// Where no line voltage is shown nothing is hidden, and the view stays the chosen one.
+void PhasorWindow::hide_vxy() {
+  if (form_[line_vectors().front().line].visible) mark_chosen("hide_vxy");
+  show(line_vectors(), 0);
+}
+
+void PhasorWindow::mark_chosen(std::string_view button) {
+  for (const PhasorButton& each : phasor_buttons()) form_.set_checked(each.name, each.name == button);
+}
 
 // Prints an image of the window in landscape; an old hint is cleared first, so that it is not printed.
 void PhasorWindow::print() {

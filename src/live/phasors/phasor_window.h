@@ -50,6 +50,7 @@ class PhasorWindow : public PowerFrameListener {
   void vi_all();
   void vxy();
   void hide_vxy();
+  void mark_chosen(std::string_view button);
 
   void place_vectors();
   void show_vectors();

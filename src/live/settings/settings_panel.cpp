@@ -19,8 +19,12 @@ constexpr double ct_extra_wait_s = 0.2;  // after the last character
 constexpr double end_wait_s = 0.2;
 constexpr std::string_view command_end = "\r";
 
+// A result stays in the status line at least this long; when another setting follows, in front of its texts.
+constexpr double reading_time_s = 5.0;
+
 constexpr Text is_now = {"{} is now {}", "{} 現為 {}"};
-constexpr Text was_kept = {"the meter kept {} {}", "電表保留 {} {}"};
+constexpr Text was_kept = {"The meter kept {} {}", "電表保留 {} {}"};
+constexpr Text and_then = {"{}. {}", "{}。{}"};
 constexpr Text sending = {"Sending {} to the meter...", "正在傳送 {} 至電表…"};
 
 // "1" for 50 Hz, "2" for 60 Hz, "0" for automatic.
@@ -58,13 +62,17 @@ void SettingsPanel::connect() {
 void SettingsPanel::click(const SettingNames& names) {
   const auto& pressed = pressed_[static_cast<std::size_t>(names.setting)];
   const std::string text = pressed.value_or(window_[names.box].text);
+  if (being_sent_ == std::pair(names.setting, text)) return;
   link_.gate.run(std::string(names.button), [this, &names, text] { set(names.setting, text); });
 }
 
 void SettingsPanel::set(Setting setting, const std::string& text) {
   const SettingNames& names = names_of(setting);
+  unread_ = unread_result();
+  being_sent_ = {setting, text};
   const Afterwards afterwards = link_.exchange.run([&] { return send(names, text); });
-  window_.set_text(status_hint, "");
+  being_sent_.reset();
+  window_.set_text(status_hint, unread_);
   if (afterwards != Afterwards::read_status) return;
   if (link_.query.succeeded()) tell_result(names, text);
   power_.reset_kwh();
@@ -74,8 +82,19 @@ void SettingsPanel::set(Setting setting, const std::string& text) {
 void SettingsPanel::tell_result(const SettingNames& names, const std::string& text) {
   const std::string& held = window_[names.box].text;
   const bool taken = setting_value(names.setting, held) == setting_value(names.setting, text);
+  tell((taken ? is_now : was_kept).with(link_.state.language, {names.caption, held}));
+  result_ = window_[status_hint].text;
+  result_s_ = platform_.clock.monotonic_s();
+}
+
+std::string SettingsPanel::unread_result() const {
+  const bool shown = window_[status_hint].text == result_;
+  return shown && platform_.clock.monotonic_s() - result_s_ < reading_time_s ? result_ : std::string();
+}
+
+void SettingsPanel::tell(const std::string& sentence) {
   window_.set_text(status_hint,
-                   (taken ? is_now : was_kept).with(link_.state.language, {names.caption, held}));
+                   unread_.empty() ? sentence : and_then.with(link_.state.language, {unread_, sentence}));
 }
 
 Afterwards SettingsPanel::send(const SettingNames& names, const std::string& text) {
@@ -97,7 +116,7 @@ Afterwards SettingsPanel::send(const SettingNames& names, const std::string& tex
 
 // The program takes no input for several seconds: the status line says why.
 void SettingsPanel::tell_sending(const SettingNames& names) {
-  window_.set_text(status_hint, sending.with(link_.state.language, {names.caption}));
+  tell(sending.with(link_.state.language, {names.caption}));
 }
 
 void SettingsPanel::send_value(Setting setting, const std::string& text) {

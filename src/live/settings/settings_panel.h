@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "link/link.h"
 #include "live/power/power_view.h"
@@ -44,6 +45,8 @@ class SettingsPanel {
   void click(const SettingNames& names);
   Afterwards send(const SettingNames& names, const std::string& text);
   void tell_result(const SettingNames& names, const std::string& text);
+  std::string unread_result() const;
+  void tell(const std::string& sentence);
   void send_value(Setting setting, const std::string& text);
   void tell_sending(const SettingNames& names);
 
@@ -54,6 +57,12 @@ class SettingsPanel {
   // By setting: what stood in its box when its button was clicked. The click itself may have to wait for the
   // end of another exchange, which fills the boxes.
   std::array<std::optional<std::string>, meter_settings.size()> pressed_;
+  // What is being sent: the second click of a double click asks for the same again.
+  std::optional<std::pair<Setting, std::string>> being_sent_;
+  // What the status line said last about settings, and when (monotonic).
+  std::string result_;
+  double result_s_ = 0;
+  std::string unread_;  // the result that stays in front of what is told about the next setting
 };
 
 // The number a text stands for: for the frequency 50, 60, or 0 for automatic.

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "screen/meter_rec/accessible_names.h"
 #include "screen/meter_rec/columns.h"
 #include "screen/meter_rec/menus.h"
 #include "screen/meter_rec/panels.h"
@@ -206,6 +207,7 @@ Designer design_main_window() {
   designer.window.set_caption("Halden");
   designer.window.set_captions(captions);
   designer.window.set_tooltips(main_window_tooltips());
+  designer.window.set_accessible_names(main_window_accessible_names());
   design_strip(designer);
   design_phases(designer);
   design_system(designer);

@@ -11,6 +11,9 @@ namespace halden {
 // disabled.
 enum class Entry { enabled, disabled };
 
+// The tag of a COM entry whose device is there.
+inline constexpr std::string_view present_tag = "present";
+
 struct MenuEntry {
   std::string_view parent;  // empty for the menu bar
   std::string name;         // an element of an item array is called "port_number_7"

@@ -46,7 +46,7 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
   menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
   QWidget* const content = design.build(*this);
   setCentralWidget(content);
-  content->setFocus();  // otherwise a button would have the keyboard focus at the start
+  setFocus();  // otherwise a button would have the keyboard focus at the start
   setMinimumSize(design.smallest);
   resize(design.start.boundedTo(screen()->availableSize() - window_frame).expandedTo(design.smallest));
   mirror_.show_changes();
@@ -65,10 +65,14 @@ void FormWindow::click(std::string control) {
   input_.run_input([&values = window_, control = std::move(control)] { values.click(control); });
 }
 
+// Qt toggles the mark of a checkable button; that is undone, because the values decide which are marked.
 void FormWindow::tie_button(const std::string& control, QPushButton& button) {
   button.setObjectName(to_qt(control));
   mirror_.tie(control, button);
-  connect(&button, &QPushButton::clicked, this, [this, control] { click(control); });
+  connect(&button, &QPushButton::clicked, this, [this, control, &button](bool now_checked) {
+    if (button.isCheckable()) button.setChecked(!now_checked);
+    click(control);
+  });
 }
 
 void FormWindow::add_shortcut(const char* keys, const std::string& control) {

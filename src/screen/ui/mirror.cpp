@@ -21,6 +21,7 @@ void show_on_widget(QWidget& widget, const Control& control) {
   if (widget.isEnabledTo(widget.parentWidget()) != control.enabled) widget.setEnabled(control.enabled);
   const QString tooltip = to_qt(control.tooltip);
   if (widget.toolTip() != tooltip) widget.setToolTip(tooltip);
+  if (!control.accessible_name.empty()) widget.setAccessibleName(to_qt(control.accessible_name));
 }
 
 void show_on_field(QLineEdit& field, const Control& control) {

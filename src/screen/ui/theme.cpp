@@ -10,17 +10,15 @@ namespace halden {
 namespace {
 
 Theme make_light() {
-  return {QColor("#EEF0F2"), QColor("#FFFFFF"),
-          QColor("#D3D8DD"), QColor("#15181B"),
-          QColor("#5B646D"), QColor("#0B62B8"),
-          QColor("#A8005C"), {QColor("#C2410C"), QColor("#047857"), QColor("#1D4ED8")}};
+  return {QColor("#EEF0F2"), QColor("#FFFFFF"), QColor("#D3D8DD"),
+          QColor("#868C93"), QColor("#15181B"), QColor("#5B646D"),
+          QColor("#0B62B8"), QColor("#A8005C"), {QColor("#C2410C"), QColor("#047857"), QColor("#1D4ED8")}};
 }
 
 Theme make_dark() {
-  return {QColor("#14171A"), QColor("#1D2126"),
-          QColor("#2C3238"), QColor("#F1F3F5"),
-          QColor("#98A2AD"), QColor("#5FB0F5"),
-          QColor("#FFD447"), {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
+  return {QColor("#14171A"), QColor("#1D2126"), QColor("#2C3238"),
+          QColor("#737B84"), QColor("#F1F3F5"), QColor("#98A2AD"),
+          QColor("#5FB0F5"), QColor("#FFD447"), {QColor("#FF9A5C"), QColor("#4CD3A2"), QColor("#7FB2FF")}};
 }
 
 Theme make_paper() {
@@ -63,11 +61,15 @@ QPushButton {
 QPushButton:hover { border-color: @accent@; }
 QPushButton:focus { border: 2px solid @accent@; padding: 0 5px; }
 QPushButton:pressed, QPushButton:checked { background: @accent@; color: @panel@; }
+QPushButton:checked:focus { border-color: @text@; }
 QPushButton:disabled { color: @disabled@; background: @background@; border-color: @line@; }
 
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 72px; padding: 4px 10px; }
 QDialogButtonBox QPushButton:focus { padding: 3px 9px; }
+
+QProgressBar { background: @line@; border: none; }
+QProgressBar::chunk { background: @accent@; }
 
 QScrollBar:horizontal { background: @background@; height: 18px; border: 1px solid @line@; border-radius: 4px; }
 QScrollBar::handle:horizontal { background: @edge@; min-width: 28px; border-radius: 3px; margin: 2px; }

@@ -17,10 +17,11 @@ struct Theme {
   QColor background;
   QColor panel;
   QColor line;
+  QColor grid;  // circles and scales of diagrams; at least 3:1 to the panel
   QColor text;
   QColor quiet;
   QColor accent;
-  QColor warning;  // differs from the colours of all phases
+  QColor warning;  // and of a running recording; differs from the colours of all phases
   std::array<QColor, 3> phase;
 };
 

@@ -1,7 +1,6 @@
 #include "live/phasors/ui/phasor_diagram.h"
 
 #include <QPainter>
-#include <QStaticText>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -22,10 +21,15 @@ constexpr double voltage_width = 3.2;
 constexpr double current_width = 1.8;
 constexpr double line_voltage_width = 1.4;
 
-constexpr float circle_opacity = 0.4F;
+constexpr double circle_width = 1.3;
 
 // The distance of a label from its point, in 1/1440 inch, so that it does not begin on the vector.
 constexpr float label_padding = 110;
+
+// The clear background of a label: how far it extends beside the text, and the part of the line's height that
+// may hold ink.
+constexpr double label_margin = 3;
+constexpr double inked_line_height = 0.76;
 
 // One mark on the outer circle every 30 degrees.
 constexpr int directions = 12;
@@ -102,13 +106,13 @@ void PhasorDiagram::paintEvent(QPaintEvent*) {
   draw_circles(painter);
   for (const VectorKind kind : back_to_front()) draw_lines(painter, kind);
   for (const VectorKind kind : back_to_front()) draw_markers(painter, kind);
+  draw_legend(painter, VectorKind::voltage, voltage_legend);
+  draw_legend(painter, VectorKind::current, current_legend);
   draw_labels(painter);
 }
 
 void PhasorDiagram::draw_circles(QPainter& painter) const {
-  QColor quiet = theme_.quiet;
-  quiet.setAlphaF(circle_opacity);
-  painter.setPen(QPen(quiet, pen_width(1)));
+  painter.setPen(QPen(theme_.grid, pen_width(circle_width)));
   painter.setBrush(Qt::NoBrush);
   const QRectF outer = to_pixels(window_[phasor_outer_circle]);
   const QPointF centre = outer.center();
@@ -132,21 +136,37 @@ void PhasorDiagram::draw_lines(QPainter& painter, VectorKind kind) const {
   }
 }
 
-// A thin outline in the panel's colour separates markers at the same place.
 void PhasorDiagram::draw_markers(QPainter& painter, VectorKind kind) const {
-  for (const PhasorVector& vector : phasor_vectors()) {
-    if (vector.kind != kind || vector.marker.empty() || !window_[vector.marker].visible) continue;
-    const QRectF place = to_pixels(window_[vector.marker]);
-    if (kind == VectorKind::voltage) {
-      painter.setPen(QPen(theme_.panel, pen_width(1)));
-      painter.setBrush(colour_of(vector));
-      painter.drawEllipse(place);
-    } else {
-      painter.setPen(QPen(colour_of(vector), pen_width(current_width)));
-      painter.setBrush(theme_.panel);
-      painter.drawRect(place);
-    }
+  for (const PhasorVector& vector : phasor_vectors())
+    if (vector.kind == kind && !vector.marker.empty() && window_[vector.marker].visible)
+      draw_marker(painter, kind, to_pixels(window_[vector.marker]), colour_of(vector));
+}
+
+// A thin outline in the panel's colour separates markers at the same place.
+void PhasorDiagram::draw_marker(QPainter& painter, VectorKind kind, const QRectF& place,
+                                const QColor& colour) const {
+  if (kind == VectorKind::voltage) {
+    painter.setPen(QPen(theme_.panel, pen_width(1)));
+    painter.setBrush(colour);
+    painter.drawEllipse(place);
+  } else {
+    painter.setPen(QPen(colour, pen_width(current_width)));
+    painter.setBrush(theme_.panel);
+    painter.drawRect(place);
   }
+}
+
+// A marker with its meaning beside it.
+void PhasorDiagram::draw_legend(QPainter& painter, VectorKind kind, std::string_view control) const {
+  const Control& legend = window_[control];
+  const QRectF place = to_pixels(legend);
+  const double size = static_cast<double>(window_[phasor_vectors().front().marker].width) * scale();
+  QRectF marker(0, 0, size, size);
+  marker.moveCenter(QPointF(place.left() + size, place.center().y()));
+  draw_marker(painter, kind, marker, theme_.quiet);
+  painter.setFont(label_font_);
+  painter.setPen(theme_.quiet);
+  painter.drawText(place.adjusted(2.5 * size, 0, 0, 0), Qt::AlignVCenter, to_qt(legend.text));
 }
 
 void PhasorDiagram::resizeEvent(QResizeEvent*) {
@@ -197,33 +217,21 @@ std::vector<DiagramLabel> PhasorDiagram::drawn_labels() const {
   return drawn;
 }
 
+// The places of all texts are cleared before the first text is drawn, so that none clears a part of another.
 void PhasorDiagram::draw_labels(QPainter& painter) const {
   painter.setFont(label_font_);
   const std::vector<DiagramLabel> drawn = drawn_labels();
-  for (auto label = drawn.rbegin(); label != drawn.rend(); ++label) draw_label(painter, *label);
-}
-
-// A border in the panel's colour keeps the text readable where it covers lines. The text is laid out once for
-// all its copies.
-void PhasorDiagram::draw_label(QPainter& painter, const DiagramLabel& label) const {
-  QStaticText text(label.text);
-  text.setTextFormat(Qt::PlainText);
-  text.prepare(painter.transform(), painter.font());
-  QRectF place(QPointF(), text.size());
-  place.moveCenter(label.place.center());
-  if (label.side == Qt::AlignRight)
-    place.moveRight(label.place.right());
-  else
-    place.moveLeft(label.place.left());
-  const double halo = pen_width(1.6);
-  painter.setPen(theme_.panel);
-  constexpr int halo_copies = 8;
-  for (int k = 0; k < halo_copies; ++k) {
-    const double turn = full_turn * k / halo_copies;
-    painter.drawStaticText(place.topLeft() + QPointF(std::cos(turn), std::sin(turn)) * halo, text);
+  QRectF ground(0, 0, 0, QFontMetricsF(label_font_).height() * inked_line_height);
+  for (const DiagramLabel& label : drawn) {
+    ground.setWidth(label.place.width() + 2 * pen_width(label_margin));
+    ground.moveCenter(label.place.center());
+    painter.fillRect(ground.toAlignedRect(), theme_.panel);
   }
-  painter.setPen(label.colour);
-  painter.drawStaticText(place.topLeft(), text);
+  for (const DiagramLabel& label : drawn) {
+    painter.setPen(label.colour);
+    painter.drawText(label.place, static_cast<int>(label.side | Qt::AlignVCenter | Qt::TextSingleLine),
+                     label.text);
+  }
 }
 
 }  // namespace halden

@@ -1,10 +1,11 @@
 // Draws the vectors of the phasor window at the places its values give: two circles, lines, markers at their
-// tips, and labels. Voltages are thick lines with a disc, currents thin ones with a square, line voltages
-// dashed.
+// tips, and labels above all of them. Voltages are thick lines with a disc, currents thin ones with a square,
+// line voltages dashed.
 #pragma once
 
 #include <QFont>
 #include <QWidget>
+#include <string_view>
 #include <vector>
 
 #include "live/phasors/phasor_form.h"
@@ -55,8 +56,9 @@ class PhasorDiagram : public QWidget {
   void draw_circles(QPainter& painter) const;
   void draw_lines(QPainter& painter, VectorKind kind) const;
   void draw_markers(QPainter& painter, VectorKind kind) const;
+  void draw_marker(QPainter& painter, VectorKind kind, const QRectF& place, const QColor& colour) const;
+  void draw_legend(QPainter& painter, VectorKind kind, std::string_view control) const;
   void draw_labels(QPainter& painter) const;
-  void draw_label(QPainter& painter, const DiagramLabel& label) const;
 
   const Window& window_;
   Theme theme_;

@@ -8,6 +8,7 @@
 
 #include "live/phasors/phasor_form.h"
 #include "live/phasors/ui/phasor_page.h"
+#include "screen/ui/menu_corner.h"
 
 namespace halden {
 
@@ -40,8 +41,8 @@ class KeptProportions : public QWidget {
 };
 
 // What became of a print, at the end of the menu bar. The tooltip holds a long path in full.
-QLabel* build_hint(FormWindow& form) {
-  auto* const hint = new QLabel(form.menuBar());
+void build_hint(FormWindow& form) {
+  auto* const hint = new QLabel(&form);
   hint->setObjectName(to_qt(status_hint));
   hint->setFont(form.menuBar()->font());
   hint->setTextFormat(Qt::PlainText);
@@ -51,8 +52,11 @@ QLabel* build_hint(FormWindow& form) {
   form.mirror().tie(std::string(status_hint), [hint](const Control& now) {
     hint->setText(to_qt(now.text));
     hint->setToolTip(to_qt(now.text));
+    hint->setAccessibleName(to_qt(now.accessible_name));
+    hint->setAccessibleDescription(to_qt(now.text));
   });
-  return hint;
+  new MenuCorner(form, *hint);
+  form.keep_off_paper(*hint);
 }
 
 void build_menu_bar(FormWindow& form) {
@@ -61,9 +65,7 @@ void build_menu_bar(FormWindow& form) {
   print->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
   form.mirror().tie(print_entry, *print);
   QObject::connect(print, &QAction::triggered, &form, [&form] { form.click(print_entry); });
-  QLabel* const hint = build_hint(form);
-  form.menuBar()->setCornerWidget(hint);
-  hint->setFixedHeight(form.menuBar()->sizeHint().height());
+  build_hint(form);
 }
 
 QWidget* build(FormWindow& form) {
