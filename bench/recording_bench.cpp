@@ -26,7 +26,7 @@ void record_line(benchmark::State& state) {
   StartOptions options;
   options.first_port = first_port_number;
   Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
-                   outside.printer, outside.shell, files},
+                   outside.printer, outside.pictures, outside.shell, files},
                   options);
   dispatch([&program] { program.application.start_up(); });
   world.run_for(5);

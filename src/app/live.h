@@ -6,6 +6,7 @@
 #include "app/shared.h"
 #include "link/link.h"
 #include "link/live_poll.h"
+#include "live/chart_output.h"
 #include "live/live_monitor.h"
 #include "live/live_view.h"
 #include "live/phasors/phasor_window.h"
@@ -13,8 +14,9 @@
 #include "live/recording/recording.h"
 #include "live/sample_clock.h"
 #include "live/settings/settings_panel.h"
-#include "live/unshown_view.h"
+#include "live/spectrum/spectrum_view.h"
 #include "live/view_selection.h"
+#include "live/waveform/waveform_view.h"
 #include "platform/platform.h"
 #include "readings/power_chain.h"
 
@@ -43,10 +45,11 @@ struct Live {
   PhasorWindow phasors{platform, shared.windows, shared.meter_rec, link.state, link.status, chain.raw};
   PowerView power{link, chain, sample_clock, phasors, shared.meter_rec};
   HarmonicsOptions harmonics_options;
-  UnshownView harmonics{RecordKind::harmonics, link, harmonics_options, shared.meter_rec};
-  UnshownView waveform{RecordKind::waveform, link, harmonics_options, shared.meter_rec};
+  SpectrumView harmonics{platform, link, harmonics_options, sample_clock, shared.meter_rec};
+  WaveformView waveform{platform, link, harmonics_options, sample_clock, shared.meter_rec};
   LiveViews views{link.state, link.status, power, harmonics, waveform};
-  ViewSelection selection{link, harmonics_options, shared.meter_rec};
+  ViewSelection selection{platform, link, harmonics_options, shared.meter_rec};
+  ChartOutput chart_output{platform, link.state, shared.meter_rec};
   LiveMonitor monitor{platform.clock, views, sample_clock};
   LivePoll poll{platform, link.waits, link.polling, link.state, shared.meter_rec, monitor};
   Rescue rescue;

@@ -14,6 +14,7 @@
 #include "app/configuration.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/pictures.h"
 #include "platform/printer.h"
 #include "platform/shell.h"
 
@@ -46,6 +47,13 @@ class NoPrinter : public Printer {
   void new_page() override {}
   void print_window(const std::string&) override {}
   PrintFailure finish() override { return PrintFailure::no_printer; }
+};
+
+class NoPictures : public Pictures {
+ public:
+  void copy_chart(const Chart&) override {}
+  void copy_text(const std::string&) override {}
+  FileFailure save_chart(const Chart&, const std::string&) override { return FileFailure::failed; }
 };
 
 class SilentShell : public Shell {

@@ -9,6 +9,7 @@ class Timer;
 class SerialPort;
 class Dialogs;
 class Printer;
+class Pictures;
 class Shell;
 class Files;
 
@@ -19,6 +20,7 @@ struct Platform {
   SerialPort& port;
   Dialogs& dialogs;
   Printer& printer;
+  Pictures& pictures;
   Shell& shell;
   Files& files;
 };

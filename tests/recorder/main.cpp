@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
   options.first_port = 1;
   const halden::Platform outside = world.platform(port);
   halden::Program program({outside.clock, outside.timer1, outside.timer2, outside.port, outside.dialogs,
-                           outside.printer, outside.shell, files},
+                           outside.printer, outside.pictures, outside.shell, files},
                           options);
   halden::dispatch([&] { program.application.start_up(); });
   world.dialogs.file_answers = {argv[1]};

@@ -12,6 +12,7 @@
 #include "app/ui/demo_panel.h"
 #include "app/ui/forms.h"
 #include "app/ui/notice_window.h"
+#include "app/ui/qt_pictures.h"
 #include "app/ui/recording_mark.h"
 #include "app/ui/signal_watch.h"
 #include "app/ui/unattended_dialogs.h"
@@ -69,6 +70,7 @@ struct Outside {
             options.demo ? static_cast<SerialPort&>(demo_port) : real_port,
             options.screenshot.empty() ? static_cast<Dialogs&>(dialogs) : unattended,
             printer,
+            pictures,
             shell,
             files};
   }
@@ -86,6 +88,7 @@ struct Outside {
   QtPrinter printer;
   QtShell shell{world};
   QtFiles files;
+  QtPictures pictures{files};
   WaitCursor wait_cursor{world};
 };
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "chart/ui/chart_view.h"
 #include "screen/meter_rec/columns.h"
 #include "screen/meter_rec/panels.h"
 #include "screen/ui/fonts.h"
@@ -150,15 +151,20 @@ void MeterContent::build_scroll_bar(const DesignedControl& designed) {
 
 void MeterContent::build_chart(const DesignedControl& designed) {
   build_backdrop(designed);
-  auto* const chart = new QWidget(this);
+  auto* const chart = new ChartView(form_.theme(), this);
   chart->setObjectName(to_qt(designed.name));
-  chart->setAutoFillBackground(true);
-  chart->setBackgroundRole(QPalette::Base);
   mirror_.tie(designed.name, [chart](const Control& now) {
     chart->setVisible(now.visible);
-    chart->setAccessibleName(to_qt(now.accessible_name));
+    chart->set_chart(now.chart);
   });
+  connect(chart, &ChartView::point_chosen, this, [this](std::size_t point) { choose_order(point); });
   put(designed.name, *chart);
+}
+
+// A click on a bar moves the order cursor there.
+void MeterContent::choose_order(std::size_t point) {
+  auto* const cursor = findChild<QScrollBar*>(QStringLiteral("HScroll1"));
+  if (cursor->isVisible()) cursor->setValue(static_cast<int>(point));
 }
 
 // Covers the power panels while the chart is shown; the controls of the harmonics view are built later and

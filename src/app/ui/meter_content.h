@@ -36,6 +36,7 @@ class MeterContent : public DesignArea {
   void build_button(const DesignedControl& designed);
   void build_scroll_bar(const DesignedControl& designed);
   void build_chart(const DesignedControl& designed);
+  void choose_order(std::size_t point);
   void build_backdrop(const DesignedControl& chart);
   void build_nothing(const DesignedControl&) {}
 

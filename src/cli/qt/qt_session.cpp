@@ -40,7 +40,7 @@ QtSession::QtSession(const PortArgument& port, Interruption interruption, FileAc
 Platform QtSession::platform(const PortArgument& port, FileAccess access) {
   SerialPort& chosen = port.simulated ? static_cast<SerialPort&>(simulated_port_) : real_port_;
   Files& files = access == FileAccess::disk ? static_cast<Files&>(recorded_files_) : no_files_;
-  return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, shell_, files};
+  return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, pictures_, shell_, files};
 }
 
 int QtSession::run(const std::function<void()>& command) {

@@ -63,6 +63,7 @@ class QtSession : public Session {
   simulator::SimulatedPort simulated_port_{clock_, simulated_meter_};
   RememberingDialogs dialogs_;
   NoPrinter printer_;
+  NoPictures pictures_;
   SilentShell shell_{[this] { done(); }};
   NoFiles no_files_;
   QtFiles disk_;

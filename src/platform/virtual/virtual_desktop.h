@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/pictures.h"
 #include "platform/printer.h"
 #include "platform/shell.h"
 
@@ -80,6 +81,22 @@ class VirtualPrinter : public Printer {
   Orientation orientation_ = Orientation::portrait;
   PrintFont font_;
   std::vector<PrintedPage> pages_;
+};
+
+// Keeps the path of each saved chart, and what was copied last.
+class VirtualPictures : public Pictures {
+ public:
+  void copy_chart(const Chart&) override { ++copied_charts; }
+  void copy_text(const std::string& text) override { copied_text = text; }
+  FileFailure save_chart(const Chart&, const std::string& path) override {
+    saved.push_back(path);
+    return failure;
+  }
+
+  int copied_charts = 0;
+  std::string copied_text;
+  std::vector<std::string> saved;
+  FileFailure failure = FileFailure::none;
 };
 
 class VirtualShell : public Shell {

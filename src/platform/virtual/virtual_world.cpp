@@ -70,7 +70,7 @@ VirtualWorld::VirtualWorld(Date date, double time_of_day_s)
 }
 
 Platform VirtualWorld::platform(SerialPort& port) {
-  return {clock, timer1, timer2, port, dialogs, printer, shell, files};
+  return {clock, timer1, timer2, port, dialogs, printer, pictures, shell, files};
 }
 
 double VirtualWorld::time_of_day_s() const {

@@ -66,6 +66,7 @@ class VirtualWorld {
   VirtualFiles files;
   VirtualDialogs dialogs;
   VirtualPrinter printer;
+  VirtualPictures pictures;
   VirtualShell shell;
 
   Platform platform(SerialPort& port);

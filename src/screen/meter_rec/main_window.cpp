@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,15 @@ constexpr std::array captions = {
     // The headings of the right-hand column.
     Caption{"settings_heading", {"Meter settings", "電表設定"}},
     Caption{"energy_heading", {"Energy and demand", "電能與需量"}},
+    // The switches and buttons above the chart.
+    Caption{"chart_percent", {"Percent", "百分比"}},
+    Caption{"chart_angle", {"Phase angle", "相位角"}},
+    Caption{"chart_50", {"50 orders", "50 次"}},
+    Caption{"chart_99", {"99 orders", "99 次"}},
+    Caption{"chart_without_largest", {"Without largest", "不含最大次"}},
+    Caption{"chart_copy", {"Copy picture", "複製圖片"}},
+    Caption{"chart_copy_points", {"Copy points", "複製數據"}},
+    Caption{"chart_save", {"Save picture", "儲存圖片"}},
 };
 
 struct Box {
@@ -174,9 +184,36 @@ void design_settings(Designer& to) {
   to.place({"reset_kwh", ControlKind::button, -1, {}, {}}, {left, below + 88, width, 32}, "<- Reset");
 }
 
+// In a row above the chart: what it shows on the left, where it can go on the right.
+void design_chart_buttons(Designer& to) {
+  constexpr int top = 64;
+  constexpr int height = 30;
+  const auto row = [&to](int left, auto buttons) {
+    for (const auto& [name, text, width] : buttons) {
+      to.place({name, ControlKind::button, -1, {}, {}}, {left, top, width, height}, text, Shown::no);
+      left += width + gap;
+    }
+    return left;
+  };
+  using Button = std::tuple<const char*, const char*, int>;
+  const int left = row(grid_left, std::array<Button, 5>{{{"chart_percent", "Percent", 84},
+                                                         {"chart_angle", "Phase angle", 104},
+                                                         {"chart_50", "50 orders", 92},
+                                                         {"chart_99", "99 orders", 92},
+                                                         {"chart_without_largest", "Without largest", 134}}});
+  constexpr int output_left = 774;
+  to.place({"chart_reference", ControlKind::text, -1, {}, {}},
+           {left + gap, top, output_left - left - 2 * gap, height}, "", Shown::no);
+  row(output_left, std::array<Button, 3>{{{"chart_copy", "Copy picture", 112},
+                                          {"chart_copy_points", "Copy points", 112},
+                                          {"chart_save", "Save picture", 112}}});
+}
+
 // The harmonics and waveform views cover the power panels while their chart is shown.
 void design_harmonics(Designer& to) {
-  to.place({"Harmo_Graph1", ControlKind::chart, -1, {}, {}}, {grid_left, 64, grid_width, 376}, "", Shown::no);
+  to.place({"Harmo_Graph1", ControlKind::chart, -1, {}, {}}, {grid_left, 100, grid_width, 342}, "",
+           Shown::no);
+  design_chart_buttons(to);
   to.place({"HScroll1", ControlKind::scroll_bar, -1, {}, {}}, {grid_left, 450, grid_width, 22}, "",
            Shown::no);
   int index = 0;

@@ -86,7 +86,37 @@ constexpr std::array of_others = {
     Caption{"get_hz",
             {"Reads the settings of the meter: takes about 10 s and sets energies and demands to 0",
              "讀取電表的設定：約需 10 秒，電能與需量歸零"}},
-    Caption{"reset_kwh", {"Sets energies and demands to 0", "電能與需量歸零"}}};
+    Caption{"reset_kwh", {"Sets energies and demands to 0", "電能與需量歸零"}},
+    Caption{"HScroll1", {"The order whose values stand below", "下方顯示其數值的次數"}},
+    Caption{"har_index_value", {"The order of the cursor", "游標所在的次數"}},
+    Caption{"har_percent_value",
+            {"Magnitude of this order, in percent of the largest one", "此次諧波的大小，以最大次為 100 %"}},
+    Caption{"har_angle_value",
+            {"Phase angle of this order in degrees; 0 below 1 %", "此次諧波的相位角（度）；低於 1 % 為 0"}},
+    Caption{"har_hz_value", {"Frequency of this order in Hz", "此次諧波的頻率（Hz）"}},
+    Caption{"RMS_value", {"Effective value of the input", "輸入的有效值"}},
+    Caption{"PEAK_P_value", {"Highest value of a cycle", "一週期的最高值"}},
+    Caption{"PEAK_N_value", {"Lowest value of a cycle", "一週期的最低值"}},
+    Caption{"CF_value",
+            {"Crest factor: positive peak over effective value; 1.41 of a sine wave",
+             "波峰因數：正峰值除以有效值；正弦波為 1.41"}},
+    Caption{"THD_F_value",
+            {"Total harmonic distortion, in percent of the fundamental", "總諧波失真，以基本波為 100 %"}},
+    Caption{"VI_of_1_value", {"Effective value of the fundamental", "基本波的有效值"}},
+    Caption{"DATE_wave_value", {"Date of the sampling instant", "取樣的日期"}},
+    Caption{"TIME_wave_value", {"Time of the sampling instant", "取樣的時間"}},
+    Caption{"chart_percent",
+            {"Shows the orders in percent of the largest one", "以最大次的百分比顯示各次諧波"}},
+    Caption{"chart_angle", {"Shows the phase angles of the orders", "顯示各次諧波的相位角"}},
+    Caption{"chart_50", {"Shows the orders up to 51", "顯示至第 51 次"}},
+    Caption{"chart_99", {"Shows the orders up to 99", "顯示至第 99 次"}},
+    Caption{
+        "chart_without_largest",
+        {"Leaves out the largest order, so that small ones can be seen", "不顯示最大次，以便觀察較小的次數"}},
+    Caption{"chart_copy", {"Copies the chart as a picture", "將圖表複製為圖片"}},
+    Caption{"chart_copy_points",
+            {"Copies the values of the chart for a spreadsheet", "複製圖表的數值供試算表使用"}},
+    Caption{"chart_save", {"Saves the chart as PNG, SVG or PDF", "將圖表儲存為 PNG、SVG 或 PDF"}}};
 
 void add_in_order(std::vector<Caption>& to, std::span<const Panel> panels, std::span<const Text> texts) {
   for (std::size_t index = 0; index < panels.size(); ++index)

@@ -1,0 +1,30 @@
+// The buttons beside the chart of the main window: copy it, copy its points, save it as a picture.
+#pragma once
+
+#include <string>
+
+#include "link/link_state.h"
+#include "platform/platform.h"
+#include "screen/window.h"
+
+namespace halden {
+
+class ChartOutput {
+ public:
+  // All outlive this. What became of it stands in the status line.
+  ChartOutput(const Platform& platform, const LinkState& link, Window& meter_rec);
+  ChartOutput(const ChartOutput&) = delete;
+  ChartOutput& operator=(const ChartOutput&) = delete;
+
+ private:
+  void copy_picture();
+  void copy_points();
+  void save();
+  void say(const std::string& text) { window_.set_text("status_hint", text); }
+
+  Platform platform_;
+  const LinkState& link_;
+  Window& window_;
+};
+
+}  // namespace halden
