@@ -56,7 +56,8 @@ Application::Application(const Platform& platform, const StartOptions& options, 
       link_(link),
       live_(live),
       configuration_(platform.files, options.work_folder),
-      status_line_(platform, link, live.monitor, live.views, live.recording, live.phasors, shared.meter_rec),
+      status_line_(platform, link, live.monitor, live.views, live.sample_clock, live.recording, live.phasors,
+                   shared.meter_rec),
       port_choice_(platform, link, configuration_, status_line_, shared.meter_rec, shared.notice) {
   connect();
 }

@@ -48,7 +48,7 @@ struct Live {
   SpectrumView harmonics{platform, link, harmonics_options, sample_clock, shared.meter_rec};
   WaveformView waveform{platform, link, harmonics_options, sample_clock, shared.meter_rec};
   LiveViews views{link.state, link.status, power, harmonics, waveform};
-  ViewSelection selection{platform, link, harmonics_options, shared.meter_rec};
+  ViewSelection selection{platform, link, views, harmonics_options, shared.meter_rec};
   ChartOutput chart_output{platform, link.state, shared.meter_rec};
   LiveMonitor monitor{platform.clock, views, sample_clock};
   LivePoll poll{platform, link.waits, link.polling, link.state, shared.meter_rec, monitor};

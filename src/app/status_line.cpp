@@ -9,6 +9,10 @@ namespace halden {
 namespace {
 
 constexpr Text frames_per_second = {"{} frames/s", "{} 筆/秒"};
+constexpr Text slower_than_sampling = {"sampling every {} s, frames every {} s",
+                                       "每 {} 秒取樣，每 {} 秒一筆"};
+constexpr Text one_damaged = {", {} damaged frame", "，{} 筆受損"};
+constexpr Text damaged = {", {} damaged frames", "，{} 筆受損"};
 
 constexpr Text no_port = {"no port", "未開啟連接埠"};
 constexpr Text adapter_gone = {"adapter gone, waiting for it", "轉接器已移除，等待中"};
@@ -68,6 +72,21 @@ StatusLine::LinkField StatusLine::link_field() const {
   return monitor_.has_whole_frame() ? field(linked, "ok") : field(waiting, "idle");
 }
 
+// Where frames take longer than the sampling time, some sampling instants have no record of their own.
+std::string StatusLine::rate_text() const {
+  const Language language = link_.state.language;
+  const FrameRate& rate = monitor_.frame_rate();
+  const double per_second = rate.per_second(platform_.clock.monotonic_s());
+  std::string text = frames_per_second.with(language, {format_pattern(per_second, "#0.0")});
+  const double gap_s = rate.mean_gap_s(), sampling_s = sample_clock_.sample_time_s();
+  if (link_.state.display_mode != power_view && per_second > 0 && gap_s > sampling_s)
+    text = slower_than_sampling.with(language,
+                                     {format_pattern(sampling_s, "#0"), format_pattern(gap_s, "#0.0")});
+  const int count = monitor_.damaged_frames();
+  if (count > 0) text += (count == 1 ? one_damaged : damaged).with(language, {std::to_string(count)});
+  return text;
+}
+
 void StatusLine::refresh() {
   const Language language = link_.state.language;
   const bool open = number_ != 0 && platform_.port.state() != PortState::closed;
@@ -77,8 +96,7 @@ void StatusLine::refresh() {
   const LinkField now = link_field();
   window_.set_text("status_link", now.text);
   window_.set_tag("status_link", now.tag);
-  const double rate = monitor_.frame_rate().per_second(platform_.clock.monotonic_s());
-  window_.set_text("status_rate", frames_per_second.with(language, {format_pattern(rate, "#0.0")}));
+  window_.set_text("status_rate", rate_text());
   window_.set_visible("status_rate", !misfit_text());  // frames come, but none that counts
   window_.set_text("status_recording",
                    recording_status_text(recording_.status(), recording_.file(), language));

@@ -12,6 +12,7 @@
 #include "live/live_view.h"
 #include "live/phasors/phasor_window.h"
 #include "live/recording/recording.h"
+#include "live/sample_clock.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "screen/language.h"
@@ -22,11 +23,13 @@ namespace halden {
 class StatusLine {
  public:
   StatusLine(const Platform& platform, const Link& link, const LiveMonitor& monitor, const LiveViews& views,
-             const Recording& recording, PhasorWindow& phasors, Window& meter_rec)
+             const SampleClock& sample_clock, const Recording& recording, PhasorWindow& phasors,
+             Window& meter_rec)
       : platform_(platform),
         link_(link),
         monitor_(monitor),
         views_(views),
+        sample_clock_(sample_clock),
         recording_(recording),
         phasors_(phasors),
         window_(meter_rec) {}
@@ -44,6 +47,7 @@ class StatusLine {
   };
 
   LinkField link_field() const;
+  std::string rate_text() const;
   std::optional<std::string> misfit_text() const;
   void mark_readings();
 
@@ -51,6 +55,7 @@ class StatusLine {
   const Link& link_;
   const LiveMonitor& monitor_;
   const LiveViews& views_;
+  const SampleClock& sample_clock_;
   const Recording& recording_;
   PhasorWindow& phasors_;
   Window& window_;

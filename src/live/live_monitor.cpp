@@ -1,18 +1,25 @@
 #include "live/live_monitor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace halden {
 
 namespace {
 
 constexpr double current_for_s = 2.0;
+constexpr double long_frame_current_for_s = 9.0;  // such a frame takes 2.2 s
 constexpr double frames_until_old = 4.0;
 
 }  // namespace
 
 FrameOutcome LiveMonitor::take_frame() {
   const FrameOutcome outcome = views_.shown().take_frame();
+  if (std::exchange(view_, views_.state.display_mode) != view_) {
+    damaged_frames_ = 0;
+    frame_rate_ = {};
+  }
+  if (outcome == FrameOutcome::discarded) ++damaged_frames_;
   if (outcome == FrameOutcome::complete || outcome == FrameOutcome::not_shown) {
     frame_rate_.count(clock_.monotonic_s());
     last_whole_ = {clock_.monotonic_s(), clock_.seconds_since_midnight()};
@@ -27,7 +34,9 @@ FrameOutcome LiveMonitor::take_frame() {
 
 std::optional<double> LiveMonitor::old_since_s() const {
   if (!last_whole_) return std::nullopt;
-  const double limit_s = std::max(current_for_s, frames_until_old * frame_rate_.mean_gap_s());
+  const bool long_frames = views_.state.display_mode != power_view;
+  const double least_s = long_frames ? long_frame_current_for_s : current_for_s;
+  const double limit_s = std::max(least_s, frames_until_old * frame_rate_.mean_gap_s());
   if (clock_.monotonic_s() - last_whole_->monotonic_s < limit_s) return std::nullopt;
   return last_whole_->since_midnight_s;
 }

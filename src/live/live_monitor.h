@@ -23,13 +23,17 @@ class LiveMonitor : public LiveFrames {
   FrameOutcome take_frame() override;
   void no_communication() override;
 
+  // Frames of the view that runs that could not be used.
+  int damaged_frames() const { return damaged_frames_; }
+
   const FrameRate& frame_rate() const { return frame_rate_; }
 
   // Whether a whole frame has come since the start.
   bool has_whole_frame() const { return last_whole_.has_value(); }
 
   // When the last whole frame came, in seconds since midnight, once none has been for two seconds or
-  // four frame times: what is on the screen is old. Nothing while it is current, and before the first frame.
+  // four frame times (nine seconds in the harmonics and waveform views): what is on the screen is old.
+  // Nothing while it is current, and before the first frame.
   std::optional<double> old_since_s() const;
 
  private:
@@ -38,6 +42,8 @@ class LiveMonitor : public LiveFrames {
   SampleClock& sample_clock_;
   std::vector<LiveListener*> listeners_;
   FrameRate frame_rate_;
+  std::int16_t view_ = power_view;  // the one the damaged frames belong to
+  int damaged_frames_ = 0;
   struct Moments {
     double monotonic_s, since_midnight_s;
   };

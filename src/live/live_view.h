@@ -31,6 +31,9 @@ class LiveView {
  public:
   virtual ~LiveView() = default;
 
+  // The view has been opened: nothing of an earlier frame is shown any more.
+  virtual void begin() {}
+
   // frame_is_complete is true: removes the frame from the live buffer, shows it and requests the next one.
   virtual FrameOutcome take_frame() = 0;
 

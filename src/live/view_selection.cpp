@@ -45,9 +45,9 @@ std::span<const Panel> summary_without_date() { return wave_summary_panels().fir
 
 }  // namespace
 
-ViewSelection::ViewSelection(const Platform& platform, Link& link, HarmonicsOptions& options,
-                             Window& meter_rec)
-    : platform_(platform), link_(link), options_(options), window_(meter_rec) {
+ViewSelection::ViewSelection(const Platform& platform, Link& link, const LiveViews& views,
+                             HarmonicsOptions& options, Window& meter_rec)
+    : platform_(platform), link_(link), views_(views), options_(options), window_(meter_rec) {
   connect();
 }
 
@@ -132,6 +132,7 @@ void ViewSelection::show_harmonics(const HarmonicsOptions& options) {
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_without_date(), true);
   show_cursor_and_frequency();
+  views_.shown().begin();
 }
 
 void ViewSelection::show_cursor_and_frequency() {
@@ -147,6 +148,7 @@ void ViewSelection::show_waveform() {
   show_graph(window_, Graph::waveform);
   show_panels(window_, harmonic_cursor_panels(), false);
   show_panels(window_, wave_summary_panels(), true);
+  views_.shown().begin();
 }
 
 }  // namespace halden

@@ -6,6 +6,7 @@
 
 #include "link/link.h"
 #include "live/harmonics_options.h"
+#include "live/live_view.h"
 #include "platform/platform.h"
 #include "screen/window.h"
 
@@ -14,7 +15,8 @@ namespace halden {
 class ViewSelection {
  public:
   // All outlive this. Connects the entries of the menus Harmonics and Waveform.
-  ViewSelection(const Platform& platform, Link& link, HarmonicsOptions& options, Window& meter_rec);
+  ViewSelection(const Platform& platform, Link& link, const LiveViews& views, HarmonicsOptions& options,
+                Window& meter_rec);
   ViewSelection(const ViewSelection&) = delete;
   ViewSelection& operator=(const ViewSelection&) = delete;
 
@@ -42,6 +44,7 @@ class ViewSelection {
 
   Platform platform_;
   Link& link_;
+  const LiveViews& views_;
   HarmonicsOptions& options_;
   Window& window_;
 };

@@ -26,4 +26,9 @@ void WaveSummary::show(const WaveFields& fields) {
   }
 }
 
+void WaveSummary::clear() {
+  texts_ = {};
+  for (const Panel& panel : wave_summary_panels()) window_.set_text(panel.value, "");
+}
+
 }  // namespace halden

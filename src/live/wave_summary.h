@@ -17,6 +17,7 @@ class WaveSummary {
       : scaling_(scaling), sample_clock_(sample_clock), window_(meter_rec) {}
 
   void show(const WaveFields& fields);
+  void clear();
 
   const WaveTexts& texts() const { return texts_; }
 

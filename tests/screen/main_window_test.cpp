@@ -26,14 +26,17 @@ TEST(Captions, ChineseIsShownAndEnglishIsDesigned) {
   Window window = make_main_window();
   const Window designed = window;
   window.apply_captions(Language::chinese);
-  EXPECT_EQ(changed_texts(window, designed),
-            "system_label=系統|Label1_0=取樣秒數|Label1_2=時間|Label1_4=日期|phasor_button=向量圖|"
-            "record_button=記錄|Command3D1=列印|settings_heading=電表設定|get_hz=讀取設定|"
-            "energy_heading=電能與需量|reset_kwh=<- 歸零|zmenu=檔案|FileName=建立檔案名稱|FileStart=開始記錄|"
-            "auto_record=自動|manual_record=手動|FileStop=停止記錄|ViewFile=瀏灠檔案|"
-            "OpenPlotFile=電力記錄畫圖|show_plot_harmonics=諧波記錄畫圖|show_plot_waveform=波形記錄畫圖|"
-            "show_plot_hardcopy=視窗記錄畫圖|view_harmonics=諧波|show_wave=波形|loggerPWR=記錄器|"
-            "Option_Menu=選項|");
+  EXPECT_EQ(
+      changed_texts(window, designed),
+      "system_label=系統|Label1_0=取樣秒數|Label1_2=時間|Label1_4=日期|phasor_button=向量圖|"
+      "record_button=記錄|Command3D1=列印|settings_heading=電表設定|get_hz=讀取設定|"
+      "energy_heading=電能與需量|reset_kwh=<- 歸零|chart_percent=百分比|chart_angle=相位角|chart_50=50 次|"
+      "chart_99=99 次|chart_without_largest=不含最大次|chart_copy=複製圖片|chart_copy_points=複製數據|"
+      "chart_save=儲存圖片|zmenu=檔案|FileName=建立檔案名稱|FileStart=開始記錄|"
+      "auto_record=自動|manual_record=手動|FileStop=停止記錄|ViewFile=瀏灠檔案|"
+      "OpenPlotFile=電力記錄畫圖|show_plot_harmonics=諧波記錄畫圖|show_plot_waveform=波形記錄畫圖|"
+      "show_plot_hardcopy=視窗記錄畫圖|view_harmonics=諧波|show_wave=波形|loggerPWR=記錄器|"
+      "Option_Menu=選項|");
   window.apply_captions(Language::english);
   EXPECT_EQ(changed_texts(window, designed), "");
 }

@@ -156,6 +156,7 @@ void MeterContent::build_chart(const DesignedControl& designed) {
   mirror_.tie(designed.name, [chart](const Control& now) {
     chart->setVisible(now.visible);
     chart->set_chart(now.chart);
+    chart->setAccessibleName(now.accessible_name.empty() ? tr("chart") : to_qt(now.accessible_name));
   });
   connect(chart, &ChartView::point_chosen, this, [this](std::size_t point) { choose_order(point); });
   put(designed.name, *chart);

@@ -23,7 +23,6 @@ constexpr Text percent_of = {"Harmonics of {} in percent. Fundamental {}. Larges
                              "{} 的諧波百分比。基本波 {}。最大的次數：{}"};
 constexpr Text angles_of = {"Phase angles of the harmonics of {}. Fundamental {}. Largest orders: {}",
                             "{} 的諧波相位角。基本波 {}。最大的次數：{}"};
-constexpr Text no_frame = {"waiting for the first frame", "等待第一筆資料"};
 
 // "1 (100.0 %), 5 (2.3 %), ..."
 std::string largest_orders(const HarmonicValues& values) {
@@ -58,7 +57,6 @@ Chart spectrum_chart(const SpectrumOfInput& spectrum, const HarmonicsOptions& op
   chart.kind = ChartKind::bars;
   chart.x_title = "Order -->";
   chart.y_title = name;
-  chart.hint = no_frame.in(language);
   chart.description = (angles ? angles_of : percent_of)
                           .with(language, {name, spectrum.fundamental, largest_orders(spectrum.values)});
   chart.sets = {{make_points(bars(spectrum.values, options)), name,

@@ -8,7 +8,9 @@
 #include "formats/wave_files.h"
 #include "live/setting_texts.h"
 #include "live/spectrum/spectrum_chart.h"
+#include "live/waiting_chart.h"
 #include "readings/patterns.h"
+#include "screen/meter_rec/panels.h"
 
 namespace halden {
 
@@ -49,6 +51,14 @@ void SpectrumView::connect() {
   connect_switch("chart_without_largest",
                  [](HarmonicsOptions& options) { options.without_largest = !options.without_largest; });
   link_.query.on_status_read([this] { sent_power_frames_ = false; });
+}
+
+void SpectrumView::begin() {
+  has_frame_ = false;
+  values_ = {};
+  summary_.clear();
+  for (const Panel& panel : harmonic_cursor_panels()) window_.set_text(panel.value, "");
+  show_waiting_chart(window_, link_.state.language);
 }
 
 FrameOutcome SpectrumView::take_frame() {
@@ -104,6 +114,7 @@ std::size_t SpectrumView::marked_order() const {
 }
 
 void SpectrumView::show_cursor() {
+  if (!has_frame_) return;
   const std::size_t order = marked_order();
   window_.set_text("har_index_value", format_pattern(static_cast<double>(order), "#0"));
   window_.set_text("har_percent_value", format_float(values_.percent[order], "#0.0"));

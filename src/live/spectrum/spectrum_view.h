@@ -25,6 +25,7 @@ class SpectrumView : public LiveView, public LiveListener {
   SpectrumView(const SpectrumView&) = delete;
   SpectrumView& operator=(const SpectrumView&) = delete;
 
+  void begin() override;
   FrameOutcome take_frame() override;
   Misfit misfit() const override;
   RecordSource source() const override;

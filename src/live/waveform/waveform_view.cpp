@@ -4,9 +4,17 @@
 #include <utility>
 
 #include "live/setting_texts.h"
+#include "live/waiting_chart.h"
 #include "live/waveform/waveform_chart.h"
 
 namespace halden {
+
+void WaveformView::begin() {
+  frame_.reset();
+  scaled_.clear();
+  summary_.clear();
+  show_waiting_chart(window_, link_.state.language);
+}
 
 // Several frames stand in the buffer when one was late; the newest one that has ended is shown.
 FrameOutcome WaveformView::take_frame() {

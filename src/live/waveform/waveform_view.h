@@ -30,6 +30,7 @@ class WaveformView : public LiveView {
   WaveformView(const WaveformView&) = delete;
   WaveformView& operator=(const WaveformView&) = delete;
 
+  void begin() override;
   FrameOutcome take_frame() override;
   Misfit misfit() const override { return {}; }
   RecordSource source() const override;
