@@ -33,6 +33,7 @@ constexpr double picture_scale = 2;
 ChartView::ChartView(const Theme& theme, QWidget* parent)
     : QWidget(parent), theme_(theme), plot_(new ChartPlot(theme, this)) {
   plot_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  plot_->setFocusPolicy(Qt::NoFocus);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   set_chart(nullptr);
