@@ -44,6 +44,13 @@ void redraw(benchmark::State& state, const Chart& chart) {
 
 void redraw_1024_points(benchmark::State& state) { redraw(state, chart_of(ChartKind::line, 1024)); }
 void redraw_100_bars(benchmark::State& state) { redraw(state, chart_of(ChartKind::bars, 100)); }
+void redraw_an_envelope_of_1800_points(benchmark::State& state) {
+  Chart chart = chart_of(ChartKind::line, 1800);
+  std::vector<double> lower = *chart.sets[0].points;
+  for (double& value : lower) value -= 30;
+  chart.sets.push_back({make_points(std::move(lower)), "", 0});
+  redraw(state, chart);
+}
 void redraw_100000_points(benchmark::State& state) { redraw(state, chart_of(ChartKind::line, 100000)); }
 void redraw_100000_points_and_statistics(benchmark::State& state) {
   Chart chart = chart_of(ChartKind::line, 100000);
@@ -52,6 +59,7 @@ void redraw_100000_points_and_statistics(benchmark::State& state) {
 }
 BENCHMARK(redraw_1024_points)->Unit(benchmark::kMillisecond);
 BENCHMARK(redraw_100_bars)->Unit(benchmark::kMillisecond);
+BENCHMARK(redraw_an_envelope_of_1800_points)->Unit(benchmark::kMillisecond);
 BENCHMARK(redraw_100000_points)->Unit(benchmark::kMillisecond);
 BENCHMARK(redraw_100000_points_and_statistics)->Unit(benchmark::kMillisecond);
 

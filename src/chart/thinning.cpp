@@ -40,6 +40,15 @@ std::size_t to_index(double position, std::size_t count) {
   return static_cast<std::size_t>(std::clamp(position, 0.0, static_cast<double>(count - 1)));
 }
 
+// The value of the line through the points; a gap beyond its ends and beside a gap.
+double value_at(const std::vector<double>& points, double x) {
+  if (!(x >= 0 && x <= static_cast<double>(points.size()) - 1)) return gap;
+  const auto before = static_cast<std::size_t>(x);
+  const double part = x - std::floor(x);
+  const double value = at(points, before).y;
+  return part == 0 ? value : value + part * (at(points, before + 1).y - value);
+}
+
 bool has_value(const Chart& chart, std::size_t index) {
   return std::any_of(chart.sets.begin(), chart.sets.end(), [index](const DataSet& set) {
     return set.points && index < set.points->size() && !is_gap((*set.points)[index]);
@@ -67,6 +76,20 @@ std::vector<DrawnPoint> drawn_points(const std::vector<double>& points, const Ra
     append_extremes(drawn, points, start_of(k), start_of(k + 1),
                     x.low + (static_cast<double>(k) + place_in_column) * column);
   drawn.push_back(at(points, last));
+  return drawn;
+}
+
+std::vector<DrawnPoint> band_points(const std::vector<double>& one, const std::vector<double>& other,
+                                    const Range& x, std::size_t columns) {
+  std::vector<DrawnPoint> drawn;
+  drawn.reserve(2 * columns);
+  for (std::size_t k = 0; k < columns; ++k) {
+    const double position =
+        x.low + (static_cast<double>(k) + place_in_column) * x.span() / static_cast<double>(columns);
+    const DrawnPoint a{position, value_at(one, position)}, b{position, value_at(other, position)};
+    drawn.push_back(k % 2 == 0 ? a : b);
+    drawn.push_back(k % 2 == 0 ? b : a);
+  }
   return drawn;
 }
 

@@ -164,6 +164,11 @@ TEST(Thinning, EveryColumnKeepsItsExtremes) {
   EXPECT_NEAR(highest->x, 54321, 100);
 }
 
+TEST(Thinning, ABandIsOneStrokePerColumn) {
+  EXPECT_EQ(text_of(band_points({0, 40, 0}, {8, 8, 8, gap}, {0, 4}, 4)),
+            "0:10 0:8 1:8 1:30 2:gap 2:gap 3:gap 3:gap ");
+}
+
 TEST(Thinning, TheCursorFindsTheNearestValue) {
   const Chart chart = chart_of(ChartKind::line, {gap, 1, 2, gap});
   for (const auto& [x, expected] :

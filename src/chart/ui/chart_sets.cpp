@@ -13,7 +13,9 @@ namespace {
 // The part of the room between two points that bars take.
 constexpr double bars_part = 0.66;
 
-constexpr int fill_opacity = 40;
+// Of the colour of the first line in the area between two lines.
+constexpr double band_part = 0.15;
+
 constexpr int disc = 5;  // pixels
 
 // In pixels: drawn, not drawn, and so on. Flat ends, because square ones would close the gaps on paper.
@@ -46,6 +48,28 @@ QCPBars* make_bars(QCustomPlot& plot, const QColor& colour) {
   return bars;
 }
 
+QColor mix(const QColor& colour, double part, const QColor& ground) {
+  const auto channel = [part](int a, int b) {
+    return static_cast<int>(std::lround(a * part + b * (1 - part)));
+  };
+  return QColor(channel(colour.red(), ground.red()), channel(colour.green(), ground.green()),
+                channel(colour.blue(), ground.blue()));
+}
+
+QVector<QCPGraphData> to_graph(const std::vector<DrawnPoint>& points) {
+  QVector<QCPGraphData> data;
+  data.reserve(static_cast<int>(points.size()));
+  for (const DrawnPoint& point : points) data.append({point.x, point.y});
+  return data;
+}
+
+// Its points are thinned already.
+QCPGraph* make_line(QCustomPlot& plot) {
+  QCPGraph* const line = plot.addGraph();
+  line->setAdaptiveSampling(false);
+  return line;
+}
+
 void name(QCPAbstractPlottable& drawn, const std::string& name) {
   drawn.setName(to_qt(name));
   drawn.addToLegend();
@@ -56,7 +80,10 @@ void name(QCPAbstractPlottable& drawn, const std::string& name) {
 void ChartSets::set_chart(const Chart& chart, const Theme& theme) {
   plot_.clearPlottables();
   sets_.clear();
+  band_ = nullptr;
   marked_ = chart.marked;
+  if (chart.kind == ChartKind::line && chart.sets.size() == 2 && chart.colours == ChartColours::colour)
+    add_band(mix(colour_of(chart.sets[0], 0, theme), band_part, theme.panel));
   for (std::size_t index = 0; index < chart.sets.size(); ++index)
     if (chart.sets[index].points) add_set(chart, index, theme);
   add_statistics(chart, theme.text);
@@ -69,22 +96,17 @@ void ChartSets::add_set(const Chart& chart, std::size_t index, const Theme& them
   if (chart.kind == ChartKind::bars)
     add_bars(set, (static_cast<double>(index) - (count - 1) / 2) / count, theme);
   else
-    add_line(set, chart.colours == ChartColours::colour);
+    set.line = make_line(plot_);
   sets_.push_back(set);
   if (chart.sets.size() < 2) return;
   set.bars != nullptr ? name(*set.bars, shown.name) : name(*set.line, shown.name);
 }
 
-// Between two lines the area may be filled lightly: they are the largest and the smallest values of the same
-// thing.
-void ChartSets::add_line(Drawn& set, bool filled) {
-  set.line = plot_.addGraph();
-  set.line->setAdaptiveSampling(false);  // the points are thinned already
-  if (sets_.empty() || !filled) return;
-  QColor fill = sets_[0].colour;
-  fill.setAlpha(fill_opacity);
-  sets_[0].line->setBrush(fill);
-  sets_[0].line->setChannelFillGraph(set.line);
+// Two lines are the largest and the smallest values of the same thing; the area between them is light.
+void ChartSets::add_band(const QColor& colour) {
+  band_ = make_line(plot_);
+  band_->setPen(QPen(colour, 0));
+  band_->setAntialiased(false);
 }
 
 void ChartSets::add_bars(Drawn& set, double place, const Theme& theme) {
@@ -107,20 +129,19 @@ void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
 
 void ChartSets::fill(const Range& x, int width) {
   for (const Drawn& set : sets_) set.bars != nullptr ? fill_bars(set, x, width) : fill_line(set, x, width);
+  if (band_ == nullptr || sets_.size() < 2) return;
+  const auto points = band_points(*sets_[0].points, *sets_[1].points, x, columns_of(width));
+  band_->data()->set(to_graph(points), true);
 }
 
-std::vector<DrawnPoint> ChartSets::points_of(const Drawn& set, const Range& x, int width) const {
-  const double columns = std::max(1.0, width * plot_.bufferDevicePixelRatio());
-  return drawn_points(*set.points, x, static_cast<std::size_t>(columns));
+std::size_t ChartSets::columns_of(int width) const {
+  return static_cast<std::size_t>(std::max(1.0, width * plot_.bufferDevicePixelRatio()));
 }
 
 // Dense lines are drawn with the thinnest pen and without antialiasing: wider ones take many times as long.
 void ChartSets::fill_line(const Drawn& set, const Range& x, int width) {
-  const std::vector<DrawnPoint> points = points_of(set, x, width);
-  QVector<QCPGraphData> data;
-  data.reserve(static_cast<int>(points.size()));
-  for (const DrawnPoint& point : points) data.append({point.x, point.y});
-  set.line->data()->set(data, true);
+  const std::vector<DrawnPoint> points = drawn_points(*set.points, x, columns_of(width));
+  set.line->data()->set(to_graph(points), true);
   const bool dense = points.size() > static_cast<std::size_t>(std::max(width, 0));
   set.line->setPen(QPen(set.colour, dense ? 0 : 1));
   set.line->setAntialiased(!dense);
@@ -132,7 +153,7 @@ void ChartSets::fill_line(const Drawn& set, const Range& x, int width) {
 void ChartSets::fill_bars(const Drawn& set, const Range& x, int width) {
   const double room = width / x.span() * bars_part / static_cast<double>(sets_.size());
   QVector<QCPBarsData> data, marked;
-  for (const DrawnPoint& point : points_of(set, x, width)) {
+  for (const DrawnPoint& point : drawn_points(*set.points, x, columns_of(width))) {
     if (std::isnan(point.y)) continue;
     const bool is_marked = marked_ && point.x == static_cast<double>(*marked_);
     (is_marked ? marked : data).append({point.x + set.offset, point.y});

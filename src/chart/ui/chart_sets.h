@@ -37,15 +37,16 @@ class ChartSets {
   };
 
   void add_set(const Chart& chart, std::size_t index, const Theme& theme);
-  void add_line(Drawn& set, bool filled);
+  void add_band(const QColor& colour);
   void add_bars(Drawn& set, double place, const Theme& theme);
   void add_statistics(const Chart& chart, const QColor& colour);
   void fill_line(const Drawn& set, const Range& x, int width);
   void fill_bars(const Drawn& set, const Range& x, int width);
-  std::vector<DrawnPoint> points_of(const Drawn& set, const Range& x, int width) const;
+  std::size_t columns_of(int width) const;
 
   QCustomPlot& plot_;
   std::vector<Drawn> sets_;
+  QCPGraph* band_ = nullptr;  // between two lines
   std::optional<std::size_t> marked_;
 };
 

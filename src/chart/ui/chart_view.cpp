@@ -134,7 +134,7 @@ void ChartView::wheelEvent(QWheelEvent* event) {
   const QPointF about = to_chart(event->position());
   const bool over_y_axis = about.x() < shown_.x.low;
   if (over_y_axis || event->modifiers().testFlag(Qt::ControlModifier))
-    zoom_y(factor, about.y());
+    zoom_y(factor, chart_->kind == ChartKind::bars ? 0 : about.y());  // bars keep their foot
   else
     zoom_x(factor, about.x());
   event->accept();
@@ -183,7 +183,8 @@ void ChartView::move_cursor(double points) {
   if (!point) return;
   cursor_ = point;
   const double x = static_cast<double>(*point);
-  const double by = std::min(x - shown_.x.low, 0.0) + std::max(x - shown_.x.high, 0.0);
+  const double room = -whole_.x.low;  // half of a bar
+  const double by = std::min(x - room - shown_.x.low, 0.0) + std::max(x + room - shown_.x.high, 0.0);
   if (zoomed_x_) zoomed_x_ = moved(shown_.x, whole_.x, by);
   draw();
   Q_EMIT point_chosen(*point);
