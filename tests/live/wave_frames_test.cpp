@@ -204,6 +204,9 @@ TEST(WaveformFrame, EveryFaultHasItsKind) {
     EXPECT_TRUE(whole(read_waveform_frame(samples + std::string(10 - blank.size(), '\0') + fields)));
     EXPECT_FALSE(whole(read_waveform_frame(samples + std::string(11 - blank.size(), '\0') + fields)));
     EXPECT_FALSE(whole(read_waveform_frame(samples + "xx" + fields)));
+    // Nothing is lost where the first blank stands at the end instead.
+    EXPECT_TRUE(whole(read_waveform_frame(
+        samples + fields.substr(blank.size(), fields.size() - blank.size() - 1) + blank + "E")));
   }
 }
 
