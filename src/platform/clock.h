@@ -33,7 +33,8 @@ class Clock {
 
   virtual Date today() const = 0;
 
-  // Today's date in the desktop's short form ("11/22/2026", "22.11.2026", ...). UTF-8.
+  // Today's date in digits, in the order of the desktop's short form ("11/22/2026", "22.11.2026", ...): ten
+  // ASCII characters without a blank.
   virtual std::string short_date() const = 0;
 
   // One turn of a wait that has at most `at_most_s` seconds left. Returns after a few milliseconds, never

@@ -51,10 +51,11 @@ bool switch_on_flag(std::string_view name, Faults& faults) {
     std::string_view name;
     bool Faults::*member;
   };
-  constexpr std::array<Flag, 6> flags = {{{"silence", &Faults::silence},
+  constexpr std::array<Flag, 7> flags = {{{"silence", &Faults::silence},
                                           {"garbage", &Faults::garbage},
                                           {"doubled", &Faults::doubled},
                                           {"noise", &Faults::noise},
+                                          {"restarts", &Faults::restarts},
                                           {"stream", &Faults::endless_stream},
                                           {"unplugged", &Faults::unplugged}}};
   for (const Flag& flag : flags)

@@ -21,6 +21,7 @@ struct Faults {
   bool doubled = false;                  // every reply is sent twice
   std::size_t drop_every = 0;            // every n-th byte of a reply is lost
   bool noise = false;                    // bytes 0x00 and 0x80..0xFF mixed in
+  bool restarts = false;                 // a request drops the rest of the reply that is being sent
   bool endless_stream = false;           // 960 bytes a second without a frame in them; no request is answered
   bool unplugged = false;                // nothing gets in or out
   std::optional<std::string> status_reply;     // sent instead of the status reply
@@ -34,9 +35,9 @@ std::string with_faults(std::string reply, const Faults& faults);
 // no frame mark.
 char meaningless_byte(std::uint64_t position);
 
-// Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "stream", "unplugged", or with
-// a number "cut=BYTES", "drop=EVERY", "late=SECONDS", "split=BYTES:SECONDS". False when the text is none of
-// these.
+// Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "restarts", "stream",
+// "unplugged", or with a number "cut=BYTES", "drop=EVERY", "late=SECONDS", "split=BYTES:SECONDS". False when
+// the text is none of these.
 bool switch_on(std::string_view fault, Faults& faults);
 
 }  // namespace halden::simulator

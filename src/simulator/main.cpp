@@ -39,8 +39,8 @@ void describe(CLI::App& app, Options& options) {
       ->check(CLI::IsMember({"power", "harmonics"}));
   app.add_option(
          "--fault", options.faults,
-         "silence, garbage, doubled, noise, stream, unplugged, cut=BYTES, drop=EVERY, late=SECONDS or "
-         "split=BYTES:SECONDS (repeatable)")
+         "silence, garbage, doubled, noise, restarts, stream, unplugged, cut=BYTES, drop=EVERY, late=SECONDS "
+         "or split=BYTES:SECONDS (repeatable)")
       ->check([](const std::string& fault) {
         simulator::Faults ignored;
         return simulator::switch_on(fault, ignored) ? std::string() : "unknown fault: " + fault;

@@ -58,9 +58,11 @@ void Meter::log_byte(char byte, double now_s) {
 }
 
 void Meter::answer(char request, double now_s) {
-  if (faults_.silence || faults_.endless_stream || !replies_.has_room()) return;
+  if (faults_.silence || faults_.endless_stream) return;
+  if (!faults_.restarts && !replies_.has_room()) return;
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
+  if (faults_.restarts) replies_.stop();
   if (request != '?' && on_frame) on_frame(now_s, reply);
   replies_.send({with_faults(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
                  faults_.split_after, faults_.split_pause_s});

@@ -9,7 +9,8 @@
 //   any other byte    ignored
 //
 // A reply starts a latency after its request and follows the reply still being sent. While one reply is
-// being sent, at most one further request is kept, because the memory of the meter is small.
+// being sent, at most one further request is kept, because the memory of the meter is small. A
+// meter with the fault "restarts" starts anew instead.
 //
 // Times are monotonic seconds given by the caller, from any starting point; they never go back.
 #pragma once

@@ -40,6 +40,11 @@ void SendQueue::send(Transmission reply) {
   queue_.push_back(std::move(reply));
 }
 
+void SendQueue::stop() {
+  queue_.clear();
+  collected_ = 0;
+}
+
 void SendQueue::catch_up(double now_s) {
   while (!queue_.empty()) {
     const Transmission& first = queue_.front();

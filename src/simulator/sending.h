@@ -36,6 +36,9 @@ class SendQueue {
   // Whether a further request would be kept.
   bool has_room() const { return queue_.size() < 2; }
 
+  // Drops what has not arrived yet.
+  void stop();
+
   // Starts the reply at its start_s, but not before the one in front has been sent. Empty replies are
   // dropped.
   void send(Transmission reply);

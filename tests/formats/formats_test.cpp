@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 #include "formats/file_headers.h"
 #include "formats/record_field.h"
+#include "formats/wave_files.h"
 #include "platform/virtual/virtual_files.h"
 
 namespace halden {
@@ -93,6 +95,40 @@ TEST(FileHeaders, TellHowTheMeterWasSet) {
   const std::string samples = waveform_column_line();
   EXPECT_EQ(samples.substr(0, 16), "DATE, TIME 0 1 2");
   EXPECT_EQ(samples.substr(samples.size() - 52), " 1021 1022 1023 OPTION RMS PEAK+ PEAK- HZ THD-F VI_1");
+}
+
+TEST(WaveRecords, AHarmonicsRecordHas109Fields) {
+  WaveTexts texts = {"230.1V", "  OL ", "-325.4V", "1.41", "3.2%", "230.0V", "50Hz"};
+  std::array<float, harmonic_orders> values{};
+  values[1] = 100.0F;
+  values[3] = -144.2301F;
+  values[99] = 0.95F;  // rounds up, as a decimal number does
+  const RecordLine record = harmonics_record("2024-03-15", "12:30:44", texts, values);
+  EXPECT_EQ(record.text.size(), 1199u);
+  EXPECT_EQ(record.text.substr(0, 143),
+            "2024-03-15,  12:30:44,    230.1V,       OL ,   -325.4V,      3.2%,    230.0V,      50Hz,"
+            "   0 to 99,       0.0,     100.0,       0.0,    -144.2,");
+  EXPECT_EQ(record.text.substr(1177), "       0.0,       1.0,");
+  EXPECT_FALSE(record.sign_cut);
+  texts.peak_minus = "-1234.5678V";
+  EXPECT_TRUE(harmonics_record("2024-03-15", "12:30:44", texts, values).sign_cut);
+}
+
+TEST(WaveRecords, AWaveformRecordGrowsByTheSignsOfItsSamples) {
+  std::array<std::int16_t, waveform_samples> samples{};
+  samples[0] = 12;
+  samples[1023] = 32767;
+  const std::string fields[] = {"    0", " 2301", " 3254", "   -1", "    1", "   32", " 2300"};
+  std::string record = waveform_record("2024-03-15", "12:30:44", samples, fields).text;
+  EXPECT_EQ(record.size(), 6219u);
+  EXPECT_EQ(record.substr(0, 36), "2024-03-15   12:30:44 B 00012 00000 ");
+  EXPECT_EQ(record.substr(6162), "32767 O=    0R= 2301P= 3254N=   -1H=    1T=   32V= 2300 E");
+  samples[0] = -45;
+  samples[1023] = -32768;
+  record = waveform_record("15.03.2024", "9:05:00", samples, fields).text;
+  EXPECT_EQ(record.size(), 6221u);
+  EXPECT_EQ(record.substr(0, 37), "15.03.2024    9:05:00 B -00045 00000 ");
+  EXPECT_EQ(record.substr(6162, 9), " -32768 O");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/program_end.h"
+#include "platform/qt/core/numeric_date.h"
 #include "platform/qt/core/qt_clock.h"
 #include "platform/qt/core/qt_timer.h"
 #include "platform/qt/core/qt_world.h"
@@ -211,7 +212,7 @@ TEST_F(QtWaitTest, AProgramThatEndsBeforeTheLoopStartsLeavesItAtOnce) {
 }
 
 // The time is read again when a second, and perhaps a day, ended meanwhile.
-TEST_F(QtWaitTest, TheDateIsThatOfTheComputerAndItsYearHasFourDigits) {
+TEST_F(QtWaitTest, TheDateIsThatOfTheComputer) {
   std::time_t now = 0;
   Date today;
   std::string text;
@@ -224,13 +225,32 @@ TEST_F(QtWaitTest, TheDateIsThatOfTheComputerAndItsYearHasFourDigits) {
   } while (std::time(nullptr) != now);
   const std::tm local = *std::localtime(&now);
   EXPECT_EQ(today, (Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}));
+  EXPECT_EQ(text.size(), 10U) << text;
+  EXPECT_EQ(text.find_first_not_of("0123456789/-."), std::string::npos) << text;
   EXPECT_NE(text.find(std::to_string(today.year)), std::string::npos) << text;
   EXPECT_NEAR(seconds, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec, 1.0);
-  const std::pair<const char*, const char*> rows[] = {
-      {"M/d/yy", "M/d/yyyy"},       {"yy-MM-dd", "yyyy-MM-dd"}, {"yyyy/M/d", "yyyy/M/d"}, {"", ""},
-      {"d 'yy' yy", "d 'yy' yyyy"}, {"d ''yy", "d ''yyyy"}};
-  for (const auto& [format, expected] : rows)
-    EXPECT_EQ(with_four_digit_year(QLatin1String(format)).toStdString(), expected);
+}
+
+// Under the C locale it was "15 Mar 2024", and a record's field of ten characters lost the 1.
+TEST(NumericDate, HasTenCharactersInTheOrderOfTheDesktop) {
+  const std::pair<const char*, const char*> rows[] = {{"M/d/yy", "03/05/2024"},
+                                                      {"dd.MM.yyyy", "05.03.2024"},
+                                                      {"d. M. yyyy", "05.03.2024"},
+                                                      {"yyyy. MM. dd.", "2024.03.05"},
+                                                      {"yyyy/M/d", "2024/03/05"},
+                                                      {"dd-MM-yy", "05-03-2024"},
+                                                      {"d MMM yyyy", "2024-03-05"},
+                                                      {"d MMMM, yy", "2024-03-05"},
+                                                      {"d\u200f/M\u200f/yyyy", "05/03/2024"},
+                                                      {"yyyy\u5e74M\u6708d\u65e5", "2024-03-05"},
+                                                      {"d.MM.yy '\u0433.'", "05.03.2024"},
+                                                      {"'d/M' d-M-y", "05-03-2024"},
+                                                      {"d ''M'' y", "05-03-2024"},
+                                                      {"ddd, M/d/y", "03/05/2024"},
+                                                      {"M/d", "2024-03-05"},
+                                                      {"", "2024-03-05"}};
+  for (const auto& [format, text] : rows) EXPECT_EQ(numeric_date({2024, 3, 5}, format), text) << format;
+  EXPECT_EQ(numeric_date({2026, 11, 23}, "M/d/yy"), "11/23/2026");
 }
 
 }  // namespace

@@ -38,6 +38,16 @@ TEST(LeadingNumber, StaysFinite) {
   EXPECT_EQ(leading_number(std::string(400, '0') + "7"), 7.0);
 }
 
+TEST(FieldNumber, TakesTheWholeFieldOrNothing) {
+  const std::pair<std::string_view, double> numbers[] = {{"  2301", 2301}, {"2301  ", 2301}, {"-00045", -45},
+                                                         {"+    7", 7},    {"- 12  ", -12},  {"0", 0}};
+  for (const auto& [field, number] : numbers) EXPECT_EQ(field_number(field), number) << field;
+  for (const char* field :
+       {"", "      ", "-", "12 345", "1.5", "--5", "5-", "23O1", " x2301", "1e3", "nan", "12\xb2"})
+    EXPECT_FALSE(field_number(field)) << field;
+  EXPECT_FALSE(field_number(std::string_view("12\0", 3)));
+}
+
 TEST(Rounding, HalvesGoToTheEvenNumber) {
   const std::pair<double, double> cases[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},    {-1.5, -2},
                                              {-2.5, -2}, {2.4999, 2}, {2.5001, 3}, {-0.51, -1}};

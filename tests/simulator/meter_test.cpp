@@ -214,6 +214,19 @@ TEST(Faults, SpoilAndDelayTheReply) {
   EXPECT_EQ(late.output_waiting(0.54), 10U);
 }
 
+// Every frame begins 20 ms after its request. A byte that asks for nothing restarts nothing.
+TEST(Faults, AMeterThatRestartsEndsNoFrameInsideWhichARequestComes) {
+  Meter meter;
+  ASSERT_TRUE(switch_on("restarts", meter.faults()));
+  const std::string head = answer(meter, " ").substr(0, 6);
+  for (const double now_s : {100.0, 100.1, 100.2}) meter.receive(" ", now_s);  // 76 of 159 bytes each time
+  meter.receive("Wx", 100.25);
+  EXPECT_EQ(meter.output_waiting(100.3), 3 * 76U);
+  const std::string output = meter.take_output(160.0);
+  ASSERT_EQ(output.size(), 2 * 76U + 159U);
+  for (const std::size_t begin : {0U, 76U, 152U}) EXPECT_EQ(output.substr(begin, 6), head) << begin;
+}
+
 TEST(Faults, AnEndlessStreamNeedsNoRequestAndNoMemory) {
   Meter meter;
   meter.faults().endless_stream = true;

@@ -112,11 +112,11 @@ SpectrumFrame read_spectrum_frame(std::string_view text) {
 }
 
 FramePlace newest_spectrum_frame(std::string_view received) {
-  const std::size_t end = received.find_last_of('E');
-  if (end == std::string_view::npos) return {};
-  const std::size_t begin = received.substr(0, end).find_last_of('B');
+  const std::size_t last = received.find_last_of('E');
+  if (last == std::string_view::npos) return {};
+  const std::size_t begin = received.substr(0, last).find_last_of('B');
   if (begin == std::string_view::npos) return {};
-  return {begin, end + 1};
+  return {begin, received.find('E', begin) + 1};
 }
 
 }  // namespace halden

@@ -80,14 +80,13 @@ WaveformFrame read_waveform_frame(std::string_view bytes) {
   }
   for (std::size_t i = 0; i < waveform_samples; ++i)
     frame.samples[i] = sample_at(bytes, first_sample + 2 * i);
+  // The fields of the next frame must not stand in for missing ones.
+  const std::size_t last = bytes.find('E', samples_end);
+  const bool ended = last != std::string_view::npos;
+  if (ended) bytes = bytes.substr(0, frame.end = last + 1);
   const TagPlaces tags = find_tags(bytes, frame.fault);
+  if (!frame.fault.damaged && !ended) frame.fault = {true, 0, true};
   if (frame.fault.damaged) return frame;
-  const std::size_t last = bytes.find('E', tags.back() + tag_length + field_width);
-  if (last == std::string_view::npos) {
-    frame.fault = {true, 0, true};
-    return frame;
-  }
-  frame.end = last + 1;
   for (std::size_t k = 0; k < tags.size(); ++k)
     frame.characters[k] = bytes.substr(tags[k] + tag_length, field_width);
   frame.fault.damaged = !samples_fill_their_place(bytes, tags, frame.end) || !read_numbers(frame);

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/program_end.h"
+#include "platform/qt/core/numeric_date.h"
 #include "platform/qt/core/qt_world.h"
 #include "platform/qt/core/steady_time.h"
 
@@ -42,9 +43,7 @@ Date QtClock::today() const {
 }
 
 std::string QtClock::short_date() const {
-  const QLocale locale = QLocale::system();
-  const QString format = with_four_digit_year(locale.dateFormat(QLocale::ShortFormat));
-  return locale.toString(QDate::currentDate(), format).toStdString();
+  return numeric_date(today(), QLocale::system().dateFormat(QLocale::ShortFormat).toStdString());
 }
 
 void QtClock::pause(Yield yield, double at_most_s) {
@@ -70,21 +69,6 @@ void QtClock::run_later(std::function<void()> handler) {
 
 void QtClock::throw_when_ending() const {
   if (world_.ending()) throw ProgramEnded{};
-}
-
-QString with_four_digit_year(const QString& format) {
-  QString result;
-  bool quoted = false;
-  for (qsizetype i = 0; i < format.size();) {
-    const QChar c = format[i];
-    qsizetype run = 1;
-    while (i + run < format.size() && format[i + run] == c) ++run;
-    if (c == QLatin1Char('\'') && run % 2 == 1) quoted = !quoted;
-    const bool two_digit_year = c == QLatin1Char('y') && run == 2 && !quoted;
-    result += QString(two_digit_year ? 4 : run, c);
-    i += run;
-  }
-  return result;
 }
 
 }  // namespace halden

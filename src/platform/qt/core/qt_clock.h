@@ -2,8 +2,6 @@
 // windows.
 #pragma once
 
-#include <QString>
-
 #include "platform/clock.h"
 
 namespace halden {
@@ -26,9 +24,5 @@ class QtClock : public Clock {
 
   QtWorld& world_;
 };
-
-// A date format of the desktop ("M/d/yy") with the year in four digits ("M/d/yyyy"). Quoted text stays as it
-// is.
-QString with_four_digit_year(const QString& format);
 
 }  // namespace halden
