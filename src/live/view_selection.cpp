@@ -13,6 +13,7 @@ namespace halden {
 namespace {
 
 constexpr double settle_s = 1.0;
+constexpr float chart_gap = 8 * units_per_pixel;  // between the chart and what stands below it
 
 constexpr HarmonicsOptions percent_of_fifty = {fifty_orders, 0};
 
@@ -38,6 +39,10 @@ void show_graph(Window& window, Graph graph) {
   for (const std::string_view name :
        {"HScroll1", "chart_percent", "chart_angle", "chart_50", "chart_99", "chart_without_largest"})
     window.set_visible(name, graph == Graph::spectrum);
+  const Place& below = window[graph == Graph::spectrum ? "HScroll1" : "RMS_value"];
+  Place chart = window["Harmo_Graph1"];
+  chart.height = below.top - chart_gap - chart.top;
+  window.set_place("Harmo_Graph1", chart);
 }
 
 // All of the summary but date and time, which appear with the first frame.
