@@ -19,6 +19,7 @@ namespace halden {
 namespace {
 
 constexpr int card_margin = 6;
+constexpr QSize smallest_view(200, 140);
 constexpr double wheel_step = 120;
 constexpr double zoom_of_a_step = 0.8;
 
@@ -33,6 +34,7 @@ constexpr double picture_scale = 2;
 ChartView::ChartView(const Theme& theme, QWidget* parent)
     : QWidget(parent), theme_(theme), plot_(new ChartPlot(theme, this)) {
   plot_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  setMinimumSize(smallest_view);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   set_chart(nullptr);
