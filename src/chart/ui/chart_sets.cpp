@@ -70,7 +70,7 @@ QCPGraph* make_line(QCustomPlot& plot) {
   return line;
 }
 
-void name(QCPAbstractPlottable& drawn, const std::string& name) {
+void add_to_legend(QCPAbstractPlottable& drawn, const std::string& name) {
   drawn.setName(to_qt(name));
   drawn.addToLegend();
 }
@@ -99,7 +99,7 @@ void ChartSets::add_set(const Chart& chart, std::size_t index, const Theme& them
     set.line = make_line(plot_);
   sets_.push_back(set);
   if (chart.sets.size() < 2) return;
-  set.bars != nullptr ? name(*set.bars, shown.name) : name(*set.line, shown.name);
+  set.bars != nullptr ? add_to_legend(*set.bars, shown.name) : add_to_legend(*set.line, shown.name);
 }
 
 // Two lines are the largest and the smallest values of the same thing; the area between them is light.
@@ -123,7 +123,7 @@ void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
     graph->setPen(pen_of(line.kind, colour));
     graph->setAntialiased(line.kind == StatisticKind::best_fit);
     graph->setData({x.low, x.high}, {line.at(x.low), line.at(x.high)}, true);
-    name(*graph, line.text);
+    add_to_legend(*graph, line.text);
   }
 }
 

@@ -19,6 +19,7 @@ namespace halden {
 namespace {
 
 constexpr int card_margin = 6;
+constexpr QSize smallest_view(200, 140);
 constexpr double wheel_step = 120;
 constexpr double zoom_of_a_step = 0.8;
 
@@ -34,6 +35,7 @@ ChartView::ChartView(const Theme& theme, QWidget* parent)
     : QWidget(parent), theme_(theme), plot_(new ChartPlot(theme, this)) {
   plot_->setAttribute(Qt::WA_TransparentForMouseEvents);
   plot_->setFocusPolicy(Qt::NoFocus);
+  setMinimumSize(smallest_view);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   set_chart(nullptr);
