@@ -481,7 +481,7 @@ TEST(BoxLanguage, ButtonsOfBoxesFollowTheLanguageAlsoWhileABoxIsOpen) {
 }
 
 QImage picture_of(const char* text) {
-  ElidedLabel label;
+  ElidedLabel label(0);
   label.setText(QLatin1String(text));
   label.resize(120, 30);
   return label.grab().toImage();

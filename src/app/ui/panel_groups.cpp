@@ -67,7 +67,7 @@ int PanelGroups::fit_group(Kind kind, double scale, int largest) {
 void PanelGroups::fit_captions(const Group& group, double scale) {
   int pixels = std::max(static_cast<int>(std::lround(design_caption_pixels * scale)), usual_smallest_caption);
   for (const Member& member : group) {
-    const QSize room(ValuePanel::caption_room(member.panel->width()), member.panel->height());
+    const QSize room = ValuePanel::caption_room(member.panel->size());
     if (!member.panel->isHidden())
       pixels = largest_size(text_font(), member.panel->caption().text(), room, smallest_caption, pixels);
   }

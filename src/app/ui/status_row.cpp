@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,13 @@ constexpr int light_size = 11;
 constexpr int side_margin = 16;
 constexpr int gap = 24;
 
+// What a field keeps in a window of 640 pixels. The state of the link comes first: it alone tells the cause
+// of a lost one.
+constexpr int least_of_port = 70;
+constexpr int least_of_link = 180;
+constexpr int least_of_rate = 70;
+constexpr int least_of_recording = 110;
+
 QColor colour_of(LinkMark mark, const Theme& theme) {
   if (mark == LinkMark::linked) return theme.phase[1];
   return mark == LinkMark::lost ? theme.warning : theme.quiet;
@@ -27,13 +35,15 @@ QColor colour_of(LinkMark mark, const Theme& theme) {
 
 }  // namespace
 
-ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+ElidedLabel::ElidedLabel(int least_width, QWidget* parent) : QLabel(parent), least_width_(least_width) {
   setTextFormat(Qt::PlainText);
   setFont(with_pixel_size(text_font(), text_pixels));
   set_role(*this, Role::quiet);
 }
 
-QSize ElidedLabel::minimumSizeHint() const { return QSize(0, QLabel::minimumSizeHint().height()); }
+QSize ElidedLabel::minimumSizeHint() const {
+  return QSize(std::min(least_width_, width_of(font(), text())), QLabel::minimumSizeHint().height());
+}
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -86,18 +96,18 @@ StatusRow::StatusRow(Mirror& mirror, const Theme& theme) : light_(new LinkLight(
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(side_margin, 1, side_margin, 0);
   row->setSpacing(0);
-  add_field("status_port", mirror, 0);
+  add_field("status_port", mirror, least_of_port);
   row->addWidget(light_);
   row->addSpacing(6);
-  add_field("status_link", mirror, 0);
+  add_field("status_link", mirror, least_of_link);
   mirror.tie("status_link", [light = light_](const Control& now) { light->set_mark(link_mark(now.tag)); });
-  add_field("status_rate", mirror, 0);
-  add_field("status_recording", mirror, 0);
-  add_field("status_hint", mirror, 1)->setAlignment(Qt::AlignRight);
+  add_field("status_rate", mirror, least_of_rate);
+  add_field("status_recording", mirror, least_of_recording);
+  add_field("status_hint", mirror, 0, 1)->setAlignment(Qt::AlignRight);
 }
 
-ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int stretch) {
-  auto* const field = new ElidedLabel;
+ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int least_width, int stretch) {
+  auto* const field = new ElidedLabel(least_width);
   field->setObjectName(QLatin1String(name));
   auto* const row = static_cast<QHBoxLayout*>(layout());
   row->addWidget(field, stretch);
@@ -105,6 +115,7 @@ ElidedLabel* StatusRow::add_field(const char* name, Mirror& mirror, int stretch)
   mirror.tie(name, [field](const Control& now) {
     field->setVisible(now.visible);
     field->setText(to_qt(now.text));
+    field->updateGeometry();
   });
   return field;
 }

@@ -18,13 +18,17 @@ class ElidedLabel : public QLabel {
   Q_OBJECT
 
  public:
-  explicit ElidedLabel(QWidget* parent = nullptr);
+  // Where the row is too short, it gives up its room down to `least_width` pixels.
+  explicit ElidedLabel(int least_width, QWidget* parent = nullptr);
 
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
+
+ private:
+  int least_width_;
 };
 
 // The state of the link, as a mark that differs in shape as well as in colour: a full disc (linked), a ring
@@ -60,7 +64,7 @@ class StatusRow : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  ElidedLabel* add_field(const char* name, Mirror& mirror, int stretch);
+  ElidedLabel* add_field(const char* name, Mirror& mirror, int least_width, int stretch = 0);
 
   LinkLight* light_;
   Theme theme_;

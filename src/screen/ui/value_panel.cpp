@@ -15,9 +15,12 @@ namespace {
 constexpr int bar_width = 4;
 constexpr int corner = 5;
 constexpr int side_margin = 6;  // between the frame (or its bar) and caption and digits
-constexpr int top_margin = 5;
 constexpr int caption_gap = 2;
-constexpr int bottom_margin = 8;
+
+// Low panels, in small windows, have smaller margins and captions.
+constexpr double largest_caption_part = 0.36;  // of the height
+int top_margin(int height) { return std::min(5, height / 12); }
+int bottom_margin(int height) { return std::min(8, height / 9); }
 
 // What a reading that is over range begins with: "OL", "OL %".
 constexpr QLatin1String over_range_mark("OL");
@@ -110,7 +113,10 @@ ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std
   value_->setAlignment(Qt::AlignRight | Qt::AlignBottom);
 }
 
-int ValuePanel::caption_room(int panel_width) { return panel_width - bar_width - 2 * side_margin; }
+QSize ValuePanel::caption_room(QSize panel) {
+  return QSize(panel.width() - bar_width - 2 * side_margin,
+               static_cast<int>(panel.height() * largest_caption_part));
+}
 
 void ValuePanel::set_caption_font(const QFont& font) {
   caption_->setFont(font);
@@ -125,10 +131,11 @@ void ValuePanel::resizeEvent(QResizeEvent* event) {
 // Where the panel is wide and low, the digits stand beside the caption instead of below it.
 void ValuePanel::arrange() {
   const int left = bar_width + side_margin;
-  const int room = caption_room(width());
+  const int room = caption_room(size()).width();
+  const int top = top_margin(height());
   const int caption = caption_height(caption_->font());
-  caption_->setGeometry(left, top_margin, room, caption);
-  value_->setGeometry(left, top_margin, room, height() - top_margin - bottom_margin);
+  caption_->setGeometry(left, top, room, caption);
+  value_->setGeometry(left, top, room, height() - top - bottom_margin(height()));
   value_->keep_free(
       QSize(width_of(caption_->font(), caption_->text()) + 2 * side_margin, caption + caption_gap));
 }

@@ -63,7 +63,7 @@ class ValuePanel : public QWidget {
   QLabel& caption() { return *caption_; }
   ReadingField& value() { return *value_; }
 
-  static int caption_room(int panel_width);
+  static QSize caption_room(QSize panel);
 
   void set_caption_font(const QFont& font);
 
