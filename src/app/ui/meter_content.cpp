@@ -174,6 +174,9 @@ void MeterContent::build_backdrop(const DesignedControl& chart) {
   auto* const backdrop = new QWidget(this);
   backdrop->setObjectName(QStringLiteral("harmonics_backdrop"));
   backdrop->setAutoFillBackground(true);
+  QPalette palette = backdrop->palette();  // that of the application is not the one of paper
+  palette.setColor(QPalette::Window, form_.theme().background);
+  backdrop->setPalette(palette);
   constexpr float top = 60 * units_per_pixel;
   put_at({0, top, panels_right * units_per_pixel, design_height - top}, *backdrop);
   mirror_.tie(chart.name, [backdrop](const Control& now) { backdrop->setVisible(now.visible); });

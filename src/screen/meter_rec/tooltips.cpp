@@ -113,6 +113,9 @@ constexpr std::array of_others = {
     Caption{
         "chart_without_largest",
         {"Leaves out the largest order, so that small ones can be seen", "不顯示最大次，以便觀察較小的次數"}},
+    Caption{"chart_reference",
+            {"In the chart the wheel zooms, dragging moves, a double click shows the whole",
+             "在圖表中，滾輪縮放，拖曳移動，按兩下顯示全部"}},
     Caption{"chart_copy", {"Copies the chart as a picture", "將圖表複製為圖片"}},
     Caption{"chart_copy_points",
             {"Copies the values of the chart for a spreadsheet", "複製圖表的數值供試算表使用"}},
