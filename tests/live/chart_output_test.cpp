@@ -22,7 +22,7 @@ struct ChartOutputTest : testing::Test {
   const std::string& hint() { return window["status_hint"].text; }
 
   VirtualWorld world;
-  ScriptedPort port;
+  ScriptedPort port{world};
   Window window = make_main_window();
   LinkState link;
   ChartOutput output{world.platform(port), link, window};
