@@ -87,7 +87,7 @@ inline void expect_fits(const QWidget* shown, const std::string& where) {
   ASSERT_NE(shown, nullptr) << where;
   if (!shown->isVisible()) return;
   if (const auto* const field = qobject_cast<const ReadingField*>(shown)) {
-    const QSize size = reading_size(field->reading(), field->font().pixelSize());
+    const QSize size = reading_size(field->reading(), ReadingFonts(field->font().pixelSize()));
     EXPECT_LE(size.width(), field->width()) << where;
     EXPECT_LE(size.height(), field->height()) << where;
     return;

@@ -33,8 +33,8 @@ TEST(ReadingText, GrowsToTheRoomAndNotBeyond) {
   const ReadingText reading = split_reading(QStringLiteral("-00.00KVAR"));
   for (const QSize room : {QSize(60, 40), QSize(141, 70), QSize(600, 50)}) {
     const int pixels = largest_reading(reading, room, 6, 400);
-    const QSize size = reading_size(reading, pixels);
-    const QSize larger = reading_size(reading, pixels + 1);
+    const QSize size = reading_size(reading, ReadingFonts(pixels));
+    const QSize larger = reading_size(reading, ReadingFonts(pixels + 1));
     EXPECT_TRUE(size.width() <= room.width() && size.height() <= room.height()) << room.width();
     EXPECT_TRUE(larger.width() > room.width() || larger.height() > room.height()) << room.width();
   }
@@ -48,9 +48,9 @@ TEST(ReadingText, StandsBesideACaptionWhereThatLeavesMoreRoom) {
   field.keep_free(QSize(60, 20));
   const ReadingText digit = split_reading(QStringLiteral("8"));
   EXPECT_GE(field.largest_for(digit, 6, 400), 60);
-  EXPECT_LE(reading_size(digit, field.largest_for(digit, 6, 400)).width(), 40);
+  EXPECT_LE(reading_size(digit, ReadingFonts(field.largest_for(digit, 6, 400))).width(), 40);
   field.keep_free(QSize(90, 20));
-  EXPECT_LE(reading_size(digit, field.largest_for(digit, 6, 400)).height(), 40);
+  EXPECT_LE(reading_size(digit, ReadingFonts(field.largest_for(digit, 6, 400))).height(), 40);
 }
 
 }  // namespace

@@ -16,21 +16,18 @@ constexpr double unit_part = 0.45;  // the size of the unit against that of the 
 constexpr int smallest_unit = 10;
 constexpr double gap_part = 0.08;  // between number and unit, against the size of the number
 
-QFont number_font(int pixels) { return with_pixel_size(reading_font(), pixels); }
+// Digits and capital letters have no descenders, so the height above the baseline is enough for them. Round
+// digits reach a little beyond it on both sides.
+constexpr double overshoot_part = 0.03;
 
 QFont unit_font(int pixels) {
   const int unit = static_cast<int>(std::lround(pixels * unit_part));
   return with_pixel_size(text_font(), std::clamp(unit, std::min(smallest_unit, pixels), pixels));
 }
 
-double gap_before(const QString& unit, int pixels) { return unit.isEmpty() ? 0 : pixels * gap_part; }
-
-// Digits and capital letters have no descenders, so the height above the baseline is enough for them. Round
-// digits reach a little beyond it on both sides.
-constexpr double overshoot_part = 0.03;
-
-double height_of(int pixels) {
-  return QFontMetricsF(number_font(pixels)).capHeight() + 2 * overshoot_part * pixels;
+double width_before_unit(const ReadingText& text, const ReadingFonts& fonts) {
+  const double number = QFontMetricsF(fonts.number).horizontalAdvance(text.number);
+  return text.unit.isEmpty() ? number : number + fonts.gap;
 }
 
 }  // namespace
@@ -43,22 +40,28 @@ ReadingText split_reading(const QString& text) {
   return {match.captured(1), match.captured(2)};
 }
 
-QSize reading_size(const ReadingText& text, int pixels) {
-  const double width = QFontMetricsF(number_font(pixels)).horizontalAdvance(text.number) +
-                       gap_before(text.unit, pixels) +
-                       QFontMetricsF(unit_font(pixels)).horizontalAdvance(text.unit);
-  return QSize(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height_of(pixels))));
+ReadingFonts::ReadingFonts(int number_pixels)
+    : pixels(number_pixels),
+      number(with_pixel_size(reading_font(), number_pixels)),
+      unit(unit_font(number_pixels)),
+      gap(number_pixels * gap_part),
+      height(QFontMetricsF(number).capHeight() + 2 * overshoot_part * number_pixels) {}
+
+QSize reading_size(const ReadingText& text, const ReadingFonts& fonts) {
+  double width = width_before_unit(text, fonts);
+  if (!text.unit.isEmpty()) width += QFontMetricsF(fonts.unit).horizontalAdvance(text.unit);
+  return QSize(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(fonts.height)));
 }
 
 // Widths are proportional to the size except for rounding and the smallest unit, so an estimate from one
 // large size is close.
 int largest_reading(const ReadingText& text, QSize room, int smallest, int largest) {
   constexpr int probe = 64;
-  const QSize at_probe = reading_size(text, probe);
+  const QSize at_probe = reading_size(text, ReadingFonts(probe));
   const int by_width = room.width() * probe / std::max(at_probe.width(), 1);
   const int by_height = room.height() * probe / std::max(at_probe.height(), 1);
   const auto fits = [&](int pixels) {
-    const QSize size = reading_size(text, pixels);
+    const QSize size = reading_size(text, ReadingFonts(pixels));
     return size.width() <= room.width() && size.height() <= room.height();
   };
   int pixels = std::clamp(std::min(by_width, by_height) + 1, smallest, largest);
@@ -67,21 +70,19 @@ int largest_reading(const ReadingText& text, QSize room, int smallest, int large
 }
 
 void paint_reading(QPainter& painter, const ReadingText& text, const QRect& place, Qt::Alignment side,
-                   int pixels, const ReadingColours& colours) {
-  const QSize size = reading_size(text, pixels);
+                   const ReadingFonts& fonts, const ReadingColours& colours) {
   const bool at_bottom = side.testFlag(Qt::AlignBottom);
-  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + height_of(pixels) / 2;
-  const int left = side.testFlag(Qt::AlignRight) ? place.right() + 1 - size.width() : place.left();
-  const QPointF baseline(left, std::round(bottom - overshoot_part * pixels));
-  painter.setFont(number_font(pixels));
+  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + fonts.height / 2;
+  const bool at_right = side.testFlag(Qt::AlignRight);
+  const int left = at_right ? place.right() + 1 - reading_size(text, fonts).width() : place.left();
+  const QPointF baseline(left, std::round(bottom - overshoot_part * fonts.pixels));
+  painter.setFont(fonts.number);
   painter.setPen(colours.number);
   painter.drawText(baseline, text.number);
   if (text.unit.isEmpty()) return;
-  const double unit_left =
-      QFontMetricsF(number_font(pixels)).horizontalAdvance(text.number) + gap_before(text.unit, pixels);
-  painter.setFont(unit_font(pixels));
+  painter.setFont(fonts.unit);
   painter.setPen(colours.unit);
-  painter.drawText(baseline + QPointF(unit_left, 0), text.unit);
+  painter.drawText(baseline + QPointF(width_before_unit(text, fonts), 0), text.unit);
 }
 
 }  // namespace halden

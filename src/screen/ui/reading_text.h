@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -19,10 +20,22 @@ struct ReadingText {
 // "OL %" has the unit "%"; blanks around the text are dropped.
 ReadingText split_reading(const QString& text);
 
-// Width and height in pixels of the text at a size of the number's font.
-QSize reading_size(const ReadingText& text, int pixels);
+// The fonts of a reading at a size of its number in pixels. Kept as long as the size stays: making fonts
+// costs more than painting.
+struct ReadingFonts {
+  explicit ReadingFonts(int number_pixels);
 
-// The largest size of the number's font, from `smallest` to `largest`, at which the text fits into the room.
+  int pixels;
+  QFont number;
+  QFont unit;
+  double gap;     // between number and unit
+  double height;  // of a line of digits and capital letters
+};
+
+// Width and height in pixels.
+QSize reading_size(const ReadingText& text, const ReadingFonts& fonts);
+
+// The largest size of the number, from `smallest` to `largest`, at which the text fits into the room.
 // `smallest` when nothing fits.
 int largest_reading(const ReadingText& text, QSize room, int smallest, int largest);
 
@@ -33,6 +46,6 @@ struct ReadingColours {
 
 // The text stands at the left or right edge of the place, on its bottom or in the middle of its height.
 void paint_reading(QPainter& painter, const ReadingText& text, const QRect& place, Qt::Alignment side,
-                   int pixels, const ReadingColours& colours);
+                   const ReadingFonts& fonts, const ReadingColours& colours);
 
 }  // namespace halden

@@ -22,7 +22,7 @@ constexpr double largest_caption_part = 0.36;  // of the height
 int top_margin(int height) { return std::min(5, height / 12); }
 int bottom_margin(int height) { return std::min(8, height / 9); }
 
-// What a reading that is over range begins with: "OL", "OL %".
+// What a reading that is over range holds: "OL", "OL %", "-  OL".
 constexpr QLatin1String over_range_mark("OL");
 constexpr int smallest_digits = 6;
 constexpr char16_t no_reading = 0x2013;
@@ -43,10 +43,14 @@ ReadingField::ReadingField(const QString& object_name, Units units, const Theme&
   setFrame(false);
   setFocusPolicy(Qt::ClickFocus);
   setContextMenuPolicy(Qt::NoContextMenu);
-  connect(this, &QLineEdit::textChanged, this, [this] {
-    set_over_range(*this, text().trimmed().startsWith(over_range_mark));
-    fit();
-  });
+  setFont(fonts_.number);
+  connect(this, &QLineEdit::textChanged, this, &ReadingField::follow_text);
+}
+
+void ReadingField::follow_text() {
+  reading_ = units_ == Units::smaller ? split_reading(text()) : ReadingText{text(), {}};
+  set_over_range(*this, text().contains(over_range_mark));
+  fit();
 }
 
 void ReadingField::set_size(int pixels) {
@@ -66,10 +70,6 @@ int ReadingField::largest_for(const ReadingText& text, int smallest, int largest
                   largest_reading(text, beside, smallest, largest));
 }
 
-ReadingText ReadingField::reading() const {
-  return units_ == Units::smaller ? split_reading(text()) : ReadingText{text(), {}};
-}
-
 void ReadingField::resizeEvent(QResizeEvent* event) {
   QLineEdit::resizeEvent(event);
   fit();
@@ -77,17 +77,26 @@ void ReadingField::resizeEvent(QResizeEvent* event) {
 
 void ReadingField::mousePressEvent(QMouseEvent*) { selectAll(); }
 
+bool ReadingField::fits() const {
+  const QSize needed = reading_size(reading_, fonts_);
+  const bool below = needed.width() <= width() && needed.height() <= height() - corner_.height();
+  return below || (needed.width() <= width() - corner_.width() && needed.height() <= height());
+}
+
 void ReadingField::fit() {
-  const int pixels = largest_for(reading(), std::min(smallest_digits, size_), size_);
-  if (font().pixelSize() != pixels || !font().bold()) setFont(with_pixel_size(reading_font(), pixels));
   update();
+  if (fonts_.pixels == size_ && fits()) return;
+  const int pixels = largest_for(reading_, std::min(smallest_digits, size_), size_);
+  if (fonts_.pixels == pixels) return;
+  fonts_ = ReadingFonts(pixels);
+  setFont(fonts_.number);
 }
 
 // Dashes stand for a value that is not known yet, so they are quiet: those of the reading itself and the one
 // painted while it is empty.
 void ReadingField::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  ReadingText shown = reading();
+  ReadingText shown = reading_;
   if (units_ == Units::smaller && shown.number.isEmpty()) shown.number = no_reading;
   ReadingColours colours{palette().color(QPalette::Text), theme_.quiet};
   if (is_no_value(shown.number)) colours.number = theme_.quiet;
@@ -95,7 +104,7 @@ void ReadingField::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), theme_.accent);
     colours = {theme_.panel, theme_.panel};
   }
-  paint_reading(painter, shown, rect(), alignment(), font().pixelSize(), colours);
+  paint_reading(painter, shown, rect(), alignment(), fonts_, colours);
 }
 
 ValuePanel::ValuePanel(const QString& label_name, const QString& value_name, std::optional<QColor> bar,

@@ -34,7 +34,7 @@ class ReadingField : public QLineEdit {
   int largest_for(const ReadingText& text, int smallest, int largest) const;
 
   // What is painted, without the dash.
-  ReadingText reading() const;
+  const ReadingText& reading() const { return reading_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -44,12 +44,16 @@ class ReadingField : public QLineEdit {
   void mouseDoubleClickEvent(QMouseEvent*) override {}
 
  private:
+  void follow_text();
   void fit();
+  bool fits() const;
 
   Units units_;
   Theme theme_;
+  ReadingText reading_;
   QSize corner_{0, 0};
   int size_ = 12;
+  ReadingFonts fonts_{12};
 };
 
 class ValuePanel : public QWidget {
