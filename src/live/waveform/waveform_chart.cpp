@@ -17,11 +17,6 @@ constexpr Text readout = {"Sample {}: {} {}", "第 {} 點：{} {}"};
 constexpr Text waveform_of = {"Waveform of {}. RMS {}, peaks {} and {}, crest factor {}, fundamental {}",
                               "{} 的波形。有效值 {}，峰值 {} 與 {}，波峰因數 {}，基本波 {}"};
 
-std::string_view unit(const WaveTexts& texts) {
-  return unit_of(is_overload(texts.peak_plus) ? std::string_view(texts.peak_minus)
-                                              : std::string_view(texts.peak_plus));
-}
-
 }  // namespace
 
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
@@ -50,17 +45,22 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.sets = {{make_points(scaled), name, static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2}};
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
-  chart.readouts = texts_by(
-      [points = chart.sets.front().points, unit = std::string(unit(texts)), language](std::size_t index) {
-        const std::string value =
-            index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
-        return readout.with(language, {std::to_string(index), value, unit});
-      });
+  chart.readouts = texts_by([points = chart.sets.front().points, unit = std::string(scale_unit(texts)),
+                             language](std::size_t index) {
+    const std::string value =
+        index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
+    return readout.with(language, {std::to_string(index), value, unit});
+  });
   return chart;
 }
 
+std::string_view scale_unit(const WaveTexts& texts) {
+  return unit_of(is_overload(texts.peak_plus) ? std::string_view(texts.peak_minus)
+                                              : std::string_view(texts.peak_plus));
+}
+
 std::string scale_text(const WaveTexts& texts, Language language) {
-  return scale_in.with(language, {unit(texts)});
+  return scale_in.with(language, {scale_unit(texts)});
 }
 
 }  // namespace halden
