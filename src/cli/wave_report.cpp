@@ -8,7 +8,6 @@
 
 #include "live/waveform/waveform_chart.h"
 #include "readings/numbers.h"
-#include "readings/patterns.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {
@@ -90,7 +89,7 @@ Record samples_record(const WaveformView& view, const Window& meter_rec, const s
   record["unit"] = view.samples().empty() ? std::string_view() : scale_unit(view.texts());
   Record samples = Record::array();
   for (const double sample : view.samples())
-    samples.push_back(leading_number(format_pattern(sample, "#0.000")));
+    samples.push_back(leading_number(sample_text(sample, view.texts())));
   record["samples"] = std::move(samples);
   return record;
 }

@@ -15,8 +15,8 @@ namespace halden {
 // for the orders 0 to 99, with one decimal: "harmonic_percent", and "harmonic_angle" in degrees.
 Record spectrum_record(const SpectrumView& view, const Window& meter_rec, const std::string& time);
 
-// The same head, then "unit" and "samples": 1024 numbers in that unit, with three decimals. Over range there
-// are none, and no unit.
+// The same head, then "unit" and "samples": 1024 numbers in that unit, with the decimals of the peaks. Over
+// range there are none, and no unit.
 Record samples_record(const WaveformView& view, const Window& meter_rec, const std::string& time);
 
 enum class OrderTables { percent, percent_and_angle };

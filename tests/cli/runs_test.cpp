@@ -185,7 +185,7 @@ TEST_F(WaveReports, SpectrumAndWaveformArePrintedAsTheyAreShown) {
         {2, R"("CF_value":"1.41","THD_F_value":"3.2%","VI_of_1_value":"230.0V","hz":"60Hz",)"},
         {2, R"("harmonic_percent":[0.0,100.0,7.1,0.7,0.0,)"},
         {2, R"("harmonic_angle":[0.0,43.9,180.0,0.0,0.0,)"},
-        {3, R"("hz":"AUTO","unit":"A","samples":[12.7,-6.35,0.013,0.0,)"}})
+        {3, R"("hz":"AUTO","unit":"A","samples":[12.7,-6.35,0.01,0.0,)"}})
     EXPECT_NE(printed.at(index).find(part), std::string::npos) << printed[index];
   EXPECT_EQ(std::ranges::count(printed[0], '\n'), 16) << "no room for the angles";
   EXPECT_EQ(std::ranges::count(printed[1], '\n'), 28);

@@ -17,6 +17,19 @@ constexpr Text readout = {"Sample {}: {} {}", "第 {} 點：{} {}"};
 constexpr Text waveform_of = {"Waveform of {}. RMS {}, peaks {} and {}, crest factor {}, fundamental {}",
                               "{} 的波形。有效值 {}，峰值 {} 與 {}，波峰因數 {}，基本波 {}"};
 
+// Of the two peaks, one that is in range.
+std::string_view scale_peak(const WaveTexts& texts) {
+  return is_overload(texts.peak_plus) ? texts.peak_minus : texts.peak_plus;
+}
+
+// As many decimals as the meter gives for the peak.
+std::string pattern_of(std::string_view peak) {
+  const std::size_t point = peak.find('.');
+  if (point == std::string_view::npos) return "#0";
+  const std::size_t end = std::min(peak.find_first_not_of("0123456789", point + 1), peak.size());
+  return "#0." + std::string(end - point - 1, '0');
+}
+
 }  // namespace
 
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
@@ -33,6 +46,12 @@ std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::s
   return scaled;
 }
 
+std::string_view scale_unit(const WaveTexts& texts) { return unit_of(scale_peak(texts)); }
+
+std::string sample_text(double scaled, const WaveTexts& texts) {
+  return format_pattern(scaled, pattern_of(scale_peak(texts)));
+}
+
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
                      Language language) {
   const std::string name(input_name(channel));
@@ -45,22 +64,17 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.sets = {{make_points(scaled), name, static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2}};
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
-  chart.readouts = texts_by([points = chart.sets.front().points, unit = std::string(scale_unit(texts)),
-                             language](std::size_t index) {
-    const std::string value =
-        index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
-    return readout.with(language, {std::to_string(index), value, unit});
+  chart.readouts = texts_by([points = chart.sets.front().points,
+                             unit = std::string(unit_of(scale_peak(texts))),
+                             pattern = pattern_of(scale_peak(texts)), language](std::size_t index) {
+    if (index >= points->size()) return std::string();
+    return readout.with(language, {std::to_string(index), format_pattern((*points)[index], pattern), unit});
   });
   return chart;
 }
 
-std::string_view scale_unit(const WaveTexts& texts) {
-  return unit_of(is_overload(texts.peak_plus) ? std::string_view(texts.peak_minus)
-                                              : std::string_view(texts.peak_plus));
-}
-
 std::string scale_text(const WaveTexts& texts, Language language) {
-  return scale_in.with(language, {scale_unit(texts)});
+  return scale_in.with(language, {unit_of(scale_peak(texts))});
 }
 
 }  // namespace halden

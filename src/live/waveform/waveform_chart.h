@@ -21,10 +21,11 @@ std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::s
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
                      Language language);
 
-// The unit of the scaled samples: that of the peaks' texts, of which one may be over range.
-std::string_view scale_unit(const WaveTexts& texts);
-
 // Says in which unit the curve is drawn.
 std::string scale_text(const WaveTexts& texts, Language language);
+
+// That unit alone, and a scaled sample as it is read out: with the decimals of the peaks' texts.
+std::string_view scale_unit(const WaveTexts& texts);
+std::string sample_text(double scaled, const WaveTexts& texts);
 
 }  // namespace halden
