@@ -1,9 +1,11 @@
-// `haldenctl live`: prints the readings of every power frame, as the panels of the main window show them. On
-// a terminal they are one table that every frame replaces.
+// `haldenctl live`: prints the readings of every frame, as the main window shows them: power readings, or in
+// harmonics mode the spectrum or the waveform. On a terminal power readings and spectrum are one table that
+// every frame replaces.
 #pragma once
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/program.h"
 #include "cli/command.h"
@@ -23,7 +25,7 @@ struct LiveOptions {
 // With a count, the command fails after that long without a frame.
 inline constexpr double longest_silence_s = 30.0;
 
-// Prints what the power view shows after each frame. The program has been started up and polls the meter.
+// Prints what the view that runs shows after each frame. The program has been started up and polls the meter.
 class LiveReport : public LiveListener {
  public:
   // All outlive the report.
@@ -32,10 +34,10 @@ class LiveReport : public LiveListener {
   LiveReport(const LiveReport&) = delete;
   LiveReport& operator=(const LiveReport&) = delete;
 
-  // From now on frames are printed; fails when the meter is in harmonics mode, where it sends none.
+  // From now on frames are printed.
   void start();
 
-  // Fails when the meter has been silent for too long; called twice a second.
+  // Says once that no readings come, and fails when none have come for too long; called twice a second.
   void check_silence();
 
   // Ends the command; the terminal is left with the last table and the cursor below it.
@@ -44,6 +46,9 @@ class LiveReport : public LiveListener {
   void frame_shown() override;
 
  private:
+  std::string silence_remark(double silent_s) const;
+  std::vector<std::vector<std::string>> tables(const std::string& time) const;
+  Record record(const std::string& time) const;
   bool print_table(const std::string& time);
   void print_block(const std::string& time);
 

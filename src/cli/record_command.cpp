@@ -28,6 +28,7 @@ int run_record(const OpenSession& open, const PortArgument& port, const RecordOp
   RecordRun run(session->program(), options, *session);
   session->every(check_period_ms, [&] { run.check_progress(); });
   return session->run([&] {
+    if (!open_view(options.view, *session)) return;
     session->on_interruption([&] { run.finish(); });
     run.start();
   });
@@ -39,38 +40,55 @@ RecordRun::RecordRun(Program& program, const RecordOptions& options, Terminal& t
     : program_(program), options_(options), terminal_(terminal) {}
 
 void RecordRun::start() {
-  if (program_.link.status.meter_mode != power_mode) {
-    terminal_.failed("The meter is in harmonics mode: press its POWER button and try again.");
-    return;
-  }
+  if (options_.orders && program_.link.status.meter_mode != harmonics_mode)
+    return terminal_.failed(needs_harmonics_mode);
+  if (program_.live.views.to_record() == nullptr)
+    return terminal_.failed("The meter is in a mode that is not known.");
   for (const std::string& path : program_.live.rescue.found())
     terminal_.note(rescued_sentence(path, Language::english));
   program_.live.sample_clock.set_sampling_time(options_.sample_s);
-  Recording& recording = program_.live.recording;
-  recording.begin_data_file(options_.file);
-  if (const FileFailure failure = recording.file().failure(); failure != FileFailure::none) {
-    terminal_.failed(options_.file + ": " + std::string(write_failure_text(failure, Language::english)) +
-                     ".");
-    return;
-  }
-  recording.start_automatic();
+  if (options_.orders == OrderValues::angle) program_.shared.meter_rec.click("chart_angle");
+  if (!begin_file()) return;
+  program_.live.recording.start_automatic();
   program_.live.monitor.add_listener(*this);
   began_s_ = program_.platform.clock.monotonic_s();
   runs_ = true;
 }
 
+bool RecordRun::begin_file() {
+  Recording& recording = program_.live.recording;
+  recording.begin_data_file(options_.file);
+  if (program_.live.sample_clock.sample_time_s() > options_.sample_s)
+    terminal_.note(std::string(shortest_waveform_sampling_text));
+  const FileFailure failure = recording.file().failure();
+  if (failure != FileFailure::none)
+    terminal_.failed(options_.file + ": " + std::string(write_failure_text(failure, Language::english)) +
+                     ".");
+  return failure == FileFailure::none;
+}
+
 void RecordRun::frame_shown() {
+  other_mode_noted_ = false;
   if (options_.records && std::cmp_greater_equal(program_.live.recording.records(), *options_.records))
     finish();
 }
 
 void RecordRun::check_progress() {
   if (!runs_) return;
-  const DataFile& file = program_.live.recording.file();
-  if (std::exchange(lines_wait_, file.lines_waiting() > 0) != lines_wait_)
-    terminal_.note(recording_status_text(program_.live.recording.status(), file, Language::english));
+  note_trouble();
   if (options_.duration_s && program_.platform.clock.monotonic_s() - began_s_ >= *options_.duration_s)
     finish();
+}
+
+void RecordRun::note_trouble() {
+  const DataFile& file = program_.live.recording.file();
+  const RecordingStatus status = program_.live.recording.status();
+  const Trouble now = {file.lines_waiting() > 0, status.other_source};
+  if (std::exchange(trouble_, now) != now)
+    terminal_.note(recording_status_text(status, file, Language::english));
+  if (const std::string other_mode = other_mode_sentence(program_);
+      !other_mode.empty() && !std::exchange(other_mode_noted_, true))
+    terminal_.note(other_mode);
 }
 
 void RecordRun::finish() {
@@ -93,8 +111,8 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
   const auto typed = std::make_shared<Typed>();
   CLI::App* const command =
       app.add_subcommand("record",
-                         "Record the readings of the meter's power mode to a data file until "
-                         "interrupted; while the meter is silent, lines say so");
+                         "Record the readings of the meter to a data file until interrupted; while "
+                         "the meter is silent, lines say so. In its harmonics mode the file holds spectra");
   add_common_options(*command, typed->common);
   RecordOptions& record = typed->record;
   command->add_option("--out", record.file, "The data file")
@@ -103,7 +121,9 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
       ->check([](const std::string& name) {
         return name.empty() ? std::string("expected the name of a file, not \"\"") : std::string();
       });
-  command->add_option("--sample", record.sample_s, "Seconds from one record to the next; 2 when not given")
+  command
+      ->add_option("--sample", record.sample_s,
+                   "Seconds from one record to the next; 2 when not given, at least 4 for waveforms")
       ->type_name("SECONDS")
       ->check(CLI::Range(2, 32767).description(""));
   CLI::Option* const records = command->add_option("--records", record.records, "End after that many records")
@@ -117,6 +137,18 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
                                                                      : std::string();
       })
       ->excludes(records);
+  add_waveform_flag(*command, record.view,
+                    "In harmonics mode: record waveforms, 1024 samples each, and no spectra");
+  command
+      ->add_option_function<std::string>(
+          "--option",
+          [&record](const std::string& name) {
+            record.orders = name == "angle" ? OrderValues::angle : OrderValues::percent;
+          },
+          "What is recorded of the orders of a spectrum; percent when not given")
+      ->type_name("percent|angle")
+      ->check(CLI::IsMember({"percent", "angle"}).description(""))
+      ->excludes("--waveform");
   command->add_flag_callback(
       "--append", [&record] { record.existing = ExistingFile::appended_to; },
       "Write behind what the file holds already");

@@ -6,6 +6,7 @@
 #include "cli/live_command.h"
 #include "cli/record_command.h"
 #include "cli/set_command.h"
+#include "cli/view_choice.h"
 
 namespace halden {
 namespace {
@@ -144,17 +145,82 @@ TEST_F(LiveReports, WithoutRoomForTheTableOrInJsonNothingIsReplaced) {
   }
 }
 
-TEST(Runs, AMeterInHarmonicsModeIsRefusedAtOnce) {
-  Journey journey;
-  journey.meter.settings().mode = simulator::MeterMode::harmonics;
-  journey.start(1);
-  NotedTerminal live, record;
-  LiveReport(journey.program(), {std::nullopt, Format::text}, live).start();
-  RecordRun(journey.program(), {}, record).start();
-  for (const NotedTerminal& terminal : {live, record}) {
-    EXPECT_EQ(terminal.ended, "The meter is in harmonics mode: press its POWER button and try again.");
-    EXPECT_TRUE(terminal.printed.empty());
+struct WaveReports : LiveReports {
+  void meter_to(simulator::MeterMode mode) {
+    journey.meter.settings().mode = mode;
+    journey.start(1);
   }
+  void receive(std::string LinkState::*buffer, const std::string& frame) {
+    journey.program().link.state.*buffer = frame;
+    journey.program().live.monitor.take_frame();
+  }
+  bool open_waveform() { return open_waveform_view(journey.program(), {}, terminal); }
+};
+
+// Order 1 is 1000 sqrt(2) long, at 45 - 1.1 degrees; order 2 is 7.07 % of it; order 3 is less than 1 %. The
+// samples are 1000, -500 and 1, then none but 0; the peak of 12.70 A is 1000.
+TEST_F(WaveReports, SpectrumAndWaveformArePrintedAsTheyAreShown) {
+  std::string orders = " 00 0 0 01 1000 1000 02 0 100 03 -10 0";
+  for (int k = 4; k < 100; ++k) orders += (k < 10 ? " 0" : " ") + std::to_string(k) + " 0 0";
+  const std::string spectrum = "BO=    2R=  2301P=  3254N=  3253H=     2" + orders + "T=    32V=  2300E";
+  const std::string wave = "B " + std::string("\x03\xE8\xFE\x0C\x00\x01", 6) + std::string(2042, 0) +
+                           " O=    1 R= 9000 P=12700 N= 6350 H=    3 T=   32 V= 8990 E";
+  meter_to(simulator::MeterMode::harmonics);
+  for (const int rows : {24, 30}) {
+    terminal.size = ScreenSize{80, rows};
+    start({1, Format::text});
+    receive(&LinkState::poll_buffer, spectrum);
+  }
+  start({2, Format::json});
+  receive(&LinkState::poll_buffer, spectrum);
+  ASSERT_TRUE(open_waveform());
+  receive(&LinkState::wave_buffer, wave);
+  const std::vector<std::string>& printed = terminal.printed;
+  for (const auto& [index, part] :
+       {std::pair(0u,
+                  "C.F.                1.41   THD-F               3.2%   VI(1)             230.0V\x1b[K\n"),
+        {0, " 0       0.0  100.0    7.1    0.7    0.0"},
+        {1, " 0       0.0   43.9  180.0    0.0    0.0"},
+        {2, R"("input":"V2","RMS_value":"230.1V","PEAK_P_value":"325.4V","PEAK_N_value":"-325.3V",)"},
+        {2, R"("CF_value":"1.41","THD_F_value":"3.2%","VI_of_1_value":"230.0V","hz":"60Hz",)"},
+        {2, R"("harmonic_percent":[0.0,100.0,7.1,0.7,0.0,)"},
+        {2, R"("harmonic_angle":[0.0,43.9,180.0,0.0,0.0,)"},
+        {3, R"("hz":"AUTO","unit":"A","samples":[12.7,-6.35,0.01,0.0,)"}})
+    EXPECT_NE(printed.at(index).find(part), std::string::npos) << printed[index];
+  EXPECT_EQ(std::ranges::count(printed[0], '\n'), 16) << "no room for the angles";
+  EXPECT_EQ(std::ranges::count(printed[1], '\n'), 28);
+  EXPECT_EQ(std::ranges::count(printed[2], ','), 10 + 2 * 99);
+  EXPECT_EQ(std::ranges::count(printed[3], ','), 10 + 1023);
+}
+
+TEST_F(WaveReports, TheOtherModeIsToldOnceAndOneLostFrameIsNoSilence) {
+  using enum simulator::MeterMode;
+  for (const auto& [from, to, sentence] :
+       {std::tuple(power, harmonics, "The meter is in harmonics mode: press its POWER button."),
+        {harmonics, power, "The meter is in power mode: press its HARMO button."}}) {
+    meter_to(from);
+    terminal = {};
+    start({std::nullopt, Format::json});
+    journey.meter.faults().silence = true;
+    run_for(from == power ? 4 : 8);
+    journey.meter.faults().silence = false;
+    run_for(10);
+    EXPECT_EQ(terminal.notes, std::vector<std::string>());
+    journey.meter.settings().mode = to;
+    run_for(60);
+    EXPECT_EQ(terminal.notes, std::vector<std::string>{sentence});
+    report.reset();
+  }
+}
+
+TEST_F(WaveReports, WhatOnlyHarmonicsModeHasIsRefusedInPowerMode) {
+  meter_to(simulator::MeterMode::power);
+  EXPECT_FALSE(open_waveform());
+  EXPECT_EQ(std::exchange(terminal.ended, ""), needs_harmonics_mode);
+  RecordOptions options;
+  options.orders = OrderValues::angle;
+  RecordRun(journey.program(), options, terminal).start();
+  EXPECT_EQ(terminal.ended, needs_harmonics_mode);
   EXPECT_TRUE(journey.world.files.contents.empty());
 }
 
@@ -208,6 +274,33 @@ TEST_F(RecordRuns, EndAtTheTimeOrAtOnceWhereNothingCanBeRecorded) {
   journey.world.files.folder_failures["d/"] = FileFailure::forbidden;
   start();
   EXPECT_EQ(terminal.ended, "d/a.csv: no permission.");
+}
+
+TEST_F(RecordRuns, AreSpectraInHarmonicsModeUntilTheInputChanges) {
+  journey.meter.settings().mode = simulator::MeterMode::harmonics;
+  options.orders = OrderValues::angle;
+  start();
+  run_for(30);
+  EXPECT_NE(journey.world.files.contents["d/a.csv"].find(",INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=D\r\n"),
+            std::string::npos);
+  const std::ptrdiff_t before = lines();
+  EXPECT_GE(before, 2 + 10);
+  journey.meter.settings().channel = 3;
+  run_for(30);
+  EXPECT_LE(lines(), before + 2);
+  EXPECT_TRUE(terminal.notes.at(0).ends_with("lines, readings of another kind or input are not recorded"));
+}
+
+TEST_F(RecordRuns, OfWaveformsAreFourSecondsApartAtLeast) {
+  journey.meter.settings().mode = simulator::MeterMode::harmonics;
+  journey.start(1);
+  journey.click("open_waveform");
+  options.duration_s = 20;
+  run.emplace(journey.program(), options, terminal);
+  run->start();
+  run_for(60);
+  EXPECT_EQ(terminal.notes.at(0), "The minimum sampling time for recording waveform is 4 seconds");
+  EXPECT_EQ(lines(), 2 + 5);
 }
 
 TEST_F(RecordRuns, LinesThatWaitAreToldAndRescuedAtTheEnd) {

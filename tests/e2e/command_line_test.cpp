@@ -20,9 +20,10 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
         "haldenctl live --port 17", "haldenctl live --port demo --count 0",
         "haldenctl live --port demo --format xml", "haldenctl status --port demo --count 1",
         "haldenctl set --port /dev/null", "haldenctl set --port /dev/null ct=1 kv=2",
-        "halden --com 17=/dev/null", "halden --nonsense", "halden --workdir /not/there",
-        "halden --palette green", "halden --after soon", "halden-meter --wiring 4P5W",
-        "halden-meter --fault loud"}},
+        "haldenctl record --port demo --out a --option volts",
+        "haldenctl record --port demo --out a --waveform --option angle", "halden --com 17=/dev/null",
+        "halden --nonsense", "halden --workdir /not/there", "halden --palette green", "halden --after soon",
+        "halden-meter --wiring 4P5W", "halden-meter --fault loud"}},
       {1, {"halden --demo"}}};
   for (const auto& [exit_code, commands] : rows)
     for (const std::string command : commands) {

@@ -109,6 +109,20 @@ TEST(Live, PrintsTheWorkedLoadUnderAnyLocale) {
   }
 }
 
+// A harmonics file has header lines of 70 and 343 characters and records of 1199.
+TEST(Harmonics, SpectraAndWaveformsArePrintedAndRecorded) {
+  SimulatedMeter meter("--mode harmonics");
+  const std::string port = " --port " + meter.port, live = "haldenctl live --count 1 --format json" + port;
+  const std::regex spectrum(
+      R"re(.*"V1",.*"harmonic_percent":\[0\.0,100\.0(,[\d.]+){98}\],"harmonic_angle":\[0\.0(,[-\d.]+){99}\]\}\n)re");
+  EXPECT_TRUE(std::regex_match(run(live).output, spectrum));
+  const std::regex waveform(R"re(.*"V1",.*"unit":"V","samples":\[[-\d.,]{4000,}\]\}\n)re");
+  EXPECT_TRUE(std::regex_match(run(live + " --waveform").output, waveform));
+  const std::string record = "haldenctl record --records 2 --out " + (meter.folder / "a.csv") + port;
+  EXPECT_TRUE(contains(run(record).output, "records=2\n"));
+  EXPECT_EQ(meter.folder.read("a.csv").size(), 70u + 2 + 343 + 2 + 2 * (1199 + 2));
+}
+
 // The reading that ends the wait is one the meter did not give before the adapter was pulled.
 TEST(Live, GoesOnByItselfWhenTheAdapterIsBackAndEndsBetweenTwoReadings) {
   SimulatedMeter meter;

@@ -107,8 +107,7 @@ bool Recording::may_append_to(const std::string& path) {
 
 void Recording::raise_short_sampling_time() {
   if (sample_clock_.sample_time_s() >= shortest_waveform_sampling_s) return;
-  platform_.dialogs.message(
-      {"The minimum sampling time for recording waveform is 4 seconds", "", Icon::none});
+  platform_.dialogs.message({std::string(shortest_waveform_sampling_text), "", Icon::none});
   window_.set_text(sample_time_label, "4 SEC");
 }
 
@@ -180,8 +179,8 @@ void Recording::frame_shown() {
   }
   file_.append_line(record.text);
   sign_cut_ = sign_cut_ || record.sign_cut;
-  columns_changed_ =
-      columns_changed_ || (source_.kind == RecordKind::power && views_.status.wiring_system != header_wiring_);
+  columns_changed_ = columns_changed_ ||
+                     (source_.kind == RecordKind::power && views_.status.wiring_system != header_wiring_);
   ++records_;
 }
 

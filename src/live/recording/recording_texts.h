@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "formats/data_file.h"
 #include "platform/dialogs.h"
@@ -19,6 +20,10 @@ struct RecordingStatus {
   bool other_source = false;     // the view that runs shows another kind, input or option than the file's
   bool sign_cut = false;         // a field of a record has lost its minus sign
 };
+
+// What the user is told when a waveform file is created with a shorter sampling time.
+inline constexpr std::string_view shortest_waveform_sampling_text =
+    "The minimum sampling time for recording waveform is 4 seconds";
 
 // For the status line: "recording day.csv: 12 lines, 5 lost, 3 waiting (disk full), a minus sign was cut
 // off".

@@ -37,6 +37,7 @@ class SpectrumView : public LiveView, public LiveListener {
 
   // Of the newest frame.
   const HarmonicValues& values() const { return values_; }
+  const WaveTexts& texts() const { return summary_.texts(); }
 
  private:
   void connect();

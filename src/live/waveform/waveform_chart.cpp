@@ -46,6 +46,12 @@ std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::s
   return scaled;
 }
 
+std::string_view scale_unit(const WaveTexts& texts) { return unit_of(scale_peak(texts)); }
+
+std::string sample_text(double scaled, const WaveTexts& texts) {
+  return format_pattern(scaled, pattern_of(scale_peak(texts)));
+}
+
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
                      Language language) {
   const std::string name(input_name(channel));

@@ -24,4 +24,8 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
 // Says in which unit the curve is drawn.
 std::string scale_text(const WaveTexts& texts, Language language);
 
+// That unit alone, and a scaled sample as it is read out: with the decimals of the peaks' texts.
+std::string_view scale_unit(const WaveTexts& texts);
+std::string sample_text(double scaled, const WaveTexts& texts);
+
 }  // namespace halden

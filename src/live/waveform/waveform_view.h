@@ -40,6 +40,9 @@ class WaveformView : public LiveView {
   // Of the newest frame, in the unit of its peaks' texts; empty before the first one, and over range.
   const std::vector<double>& samples() const { return scaled_; }
 
+  // Of the newest frame.
+  const WaveTexts& texts() const { return summary_.texts(); }
+
  private:
   FrameOutcome discard(const WaveformFault& fault);
   void show();
