@@ -17,21 +17,28 @@ constexpr Text readout = {"Sample {}: {} {}", "第 {} 點：{} {}"};
 constexpr Text waveform_of = {"Waveform of {}. RMS {}, peaks {} and {}, crest factor {}, fundamental {}",
                               "{} 的波形。有效值 {}，峰值 {} 與 {}，波峰因數 {}，基本波 {}"};
 
-std::string_view unit(const WaveTexts& texts) {
-  return unit_of(is_overload(texts.peak_plus) ? std::string_view(texts.peak_minus)
-                                              : std::string_view(texts.peak_plus));
+// Whether the positive peak gives the scale. Scaled samples answer as the received ones do.
+template <typename Samples>
+bool scaled_by_plus(const Samples& samples) {
+  const auto [lowest, highest] = std::ranges::minmax(samples);
+  return highest > -lowest;
+}
+
+// That of the peak that gives the scale.
+std::string_view unit(const std::vector<double>& scaled, const WaveTexts& texts) {
+  if (scaled.empty()) return {};
+  return unit_of(scaled_by_plus(scaled) ? texts.peak_plus : texts.peak_minus);
 }
 
 }  // namespace
 
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
                                    std::string_view peak_minus) {
+  if (is_overload(peak_plus) || is_overload(peak_minus)) return {};
   const auto [lowest, highest] = std::ranges::minmax(samples);
-  const bool by_plus = highest > -lowest;
-  const std::string_view peak = by_plus ? peak_plus : peak_minus;
-  if (is_overload(peak)) return {};
+  const bool by_plus = scaled_by_plus(samples);
   const double divisor = by_plus ? highest : lowest;
-  const double scale = divisor == 0 ? 0 : leading_number(peak) / divisor;
+  const double scale = divisor == 0 ? 0 : leading_number(by_plus ? peak_plus : peak_minus) / divisor;
   std::vector<double> scaled;
   scaled.reserve(samples.size());
   for (const std::int16_t sample : samples) scaled.push_back(sample * scale);
@@ -50,17 +57,17 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.sets = {{make_points(scaled), name, static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2}};
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
-  chart.readouts = texts_by(
-      [points = chart.sets.front().points, unit = std::string(unit(texts)), language](std::size_t index) {
-        const std::string value =
-            index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
-        return readout.with(language, {std::to_string(index), value, unit});
-      });
+  chart.readouts = texts_by([points = chart.sets.front().points, unit = std::string(unit(scaled, texts)),
+                             language](std::size_t index) {
+    const std::string value =
+        index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
+    return readout.with(language, {std::to_string(index), value, unit});
+  });
   return chart;
 }
 
-std::string scale_text(const WaveTexts& texts, Language language) {
-  return scale_in.with(language, {unit(texts)});
+std::string scale_text(const std::vector<double>& scaled, const WaveTexts& texts, Language language) {
+  return scaled.empty() ? std::string() : scale_in.with(language, {unit(scaled, texts)});
 }
 
 }  // namespace halden

@@ -14,14 +14,14 @@
 
 namespace halden {
 
-// Scaled so that the larger peak has the number of its text. Empty while that text is over range.
+// Scaled so that the larger peak has the number of its text. Empty while a peak is over range.
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
                                    std::string_view peak_minus);
 
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
                      Language language);
 
-// Says in which unit the curve is drawn.
-std::string scale_text(const WaveTexts& texts, Language language);
+// Says in which unit the curve is drawn; empty while there is none.
+std::string scale_text(const std::vector<double>& scaled, const WaveTexts& texts, Language language);
 
 }  // namespace halden

@@ -45,13 +45,20 @@ TagPlaces find_tags(std::string_view bytes, WaveformFault& fault) {
   return places;
 }
 
+// A field that has lost a character is shorter than the others.
+bool equally_far_apart(const TagPlaces& tags) {
+  for (std::size_t k = 2; k < tags.size(); ++k)
+    if (tags[k] - tags[k - 1] != tags[1] - tags[0]) return false;
+  return true;
+}
+
 // A frame of the usual length has lost nothing, wherever its blanks stand.
-bool samples_fill_their_place(std::string_view bytes, const TagPlaces& tags, std::size_t end) {
+bool nothing_is_lost(std::string_view bytes, const TagPlaces& tags, std::size_t end) {
   const std::size_t channel = tags[0];
   const std::size_t between_fields = tags[1] - channel - tag_length - field_width;
   const auto gap = bytes.substr(samples_end, channel - samples_end);
   return channel <= farthest_channel_tag && std::all_of(gap.begin(), gap.end(), is_separator) &&
-         (gap.size() >= between_fields || end >= usual_length);
+         (end >= usual_length || (gap.size() >= between_fields && equally_far_apart(tags)));
 }
 
 bool read_numbers(WaveformFrame& frame) {
@@ -80,17 +87,18 @@ WaveformFrame read_waveform_frame(std::string_view bytes) {
   }
   for (std::size_t i = 0; i < waveform_samples; ++i)
     frame.samples[i] = sample_at(bytes, first_sample + 2 * i);
-  const TagPlaces tags = find_tags(bytes, frame.fault);
+  // A frame that has lost its "E" ends before the "B" of the next one.
+  const std::size_t mark = bytes.find_first_of("BE", samples_end);
+  const TagPlaces tags = find_tags(bytes.substr(0, mark), frame.fault);
   if (frame.fault.damaged) return frame;
-  const std::size_t last = bytes.find('E', tags.back() + tag_length + field_width);
-  if (last == std::string_view::npos) {
+  if (mark == std::string_view::npos || bytes[mark] == 'B') {
     frame.fault = {true, 0, true};
     return frame;
   }
-  frame.end = last + 1;
+  frame.end = mark + 1;
   for (std::size_t k = 0; k < tags.size(); ++k)
     frame.characters[k] = bytes.substr(tags[k] + tag_length, field_width);
-  frame.fault.damaged = !samples_fill_their_place(bytes, tags, frame.end) || !read_numbers(frame);
+  frame.fault.damaged = !nothing_is_lost(bytes, tags, frame.end) || !read_numbers(frame);
   return frame;
 }
 
