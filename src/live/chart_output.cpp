@@ -33,7 +33,7 @@ ChartOutput::ChartOutput(const Platform& platform, const LinkState& link, Window
 // Shared, because the next frame replaces it while the user chooses a file.
 std::shared_ptr<const Chart> ChartOutput::drawn() {
   auto chart = window_[chart_name].chart;
-  if (chart && has_data(*chart)) return chart;
+  if (!chart || has_data(*chart)) return chart;
   say(std::string(nothing_drawn.in(link_.language)));
   return nullptr;
 }

@@ -24,10 +24,18 @@ bool scaled_by_plus(const Samples& samples) {
   return highest > -lowest;
 }
 
-// That of the peak that gives the scale.
-std::string_view unit(const std::vector<double>& scaled, const WaveTexts& texts) {
+// The text of the peak that gives the scale; empty without a curve.
+std::string_view scale_peak(const std::vector<double>& scaled, const WaveTexts& texts) {
   if (scaled.empty()) return {};
-  return unit_of(scaled_by_plus(scaled) ? texts.peak_plus : texts.peak_minus);
+  return scaled_by_plus(scaled) ? texts.peak_plus : texts.peak_minus;
+}
+
+// As many decimals as the meter gives for the peak.
+std::string pattern_of(std::string_view peak) {
+  const std::size_t point = peak.find('.');
+  if (point == std::string_view::npos) return "#0";
+  const std::size_t end = std::min(peak.find_first_not_of("0123456789", point + 1), peak.size());
+  return "#0." + std::string(end - point - 1, '0');
 }
 
 }  // namespace
@@ -57,17 +65,17 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.sets = {{make_points(scaled), name, static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2}};
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
-  chart.readouts = texts_by([points = chart.sets.front().points, unit = std::string(unit(scaled, texts)),
-                             language](std::size_t index) {
-    const std::string value =
-        index < points->size() ? format_pattern((*points)[index], "#0.000") : std::string();
-    return readout.with(language, {std::to_string(index), value, unit});
+  const std::string_view peak = scale_peak(scaled, texts);
+  chart.readouts = texts_by([points = chart.sets.front().points, unit = std::string(unit_of(peak)),
+                             pattern = pattern_of(peak), language](std::size_t index) {
+    if (index >= points->size()) return std::string();
+    return readout.with(language, {std::to_string(index), format_pattern((*points)[index], pattern), unit});
   });
   return chart;
 }
 
 std::string scale_text(const std::vector<double>& scaled, const WaveTexts& texts, Language language) {
-  return scaled.empty() ? std::string() : scale_in.with(language, {unit(scaled, texts)});
+  return scaled.empty() ? std::string() : scale_in.with(language, {unit_of(scale_peak(scaled, texts))});
 }
 
 }  // namespace halden

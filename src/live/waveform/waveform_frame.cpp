@@ -87,15 +87,15 @@ WaveformFrame read_waveform_frame(std::string_view bytes) {
   }
   for (std::size_t i = 0; i < waveform_samples; ++i)
     frame.samples[i] = sample_at(bytes, first_sample + 2 * i);
-  // A frame that has lost its "E" ends before the "B" of the next one.
-  const std::size_t mark = bytes.find_first_of("BE", samples_end);
-  const TagPlaces tags = find_tags(bytes.substr(0, mark), frame.fault);
+  // The fields of the next frame must not stand in for missing ones. It begins with a "B", before which a
+  // frame that has lost its "E" ends.
+  const std::size_t last = bytes.find_first_of("BE", samples_end);
+  const bool ended = last != std::string_view::npos && bytes[last] == 'E';
+  if (ended) frame.end = last + 1;
+  bytes = bytes.substr(0, ended ? frame.end : last);
+  const TagPlaces tags = find_tags(bytes, frame.fault);
+  if (!frame.fault.damaged && !ended) frame.fault = {true, 0, true};
   if (frame.fault.damaged) return frame;
-  if (mark == std::string_view::npos || bytes[mark] == 'B') {
-    frame.fault = {true, 0, true};
-    return frame;
-  }
-  frame.end = mark + 1;
   for (std::size_t k = 0; k < tags.size(); ++k)
     frame.characters[k] = bytes.substr(tags[k] + tag_length, field_width);
   frame.fault.damaged = !nothing_is_lost(bytes, tags, frame.end) || !read_numbers(frame);

@@ -32,7 +32,7 @@ struct WaveformFrame {
   std::array<std::int16_t, waveform_samples> samples{};
   std::array<std::string, waveform_tags.size()> characters;  // of each tag, as received
   WaveFields fields;
-  std::size_t end = 0;  // behind its "E"
+  std::size_t end = 0;  // behind its "E"; 0 when it has none
 };
 
 // Whether `bytes` begin with a "B" and have an "E" behind the samples.
