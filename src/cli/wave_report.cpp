@@ -86,10 +86,10 @@ Record spectrum_record(const SpectrumView& view, const Window& meter_rec, const 
 
 Record samples_record(const WaveformView& view, const Window& meter_rec, const std::string& time) {
   Record record = head_of_record(meter_rec, time, view.source().channel, view.texts());
-  record["unit"] = view.samples().empty() ? std::string_view() : scale_unit(view.texts());
+  const std::string_view peak = scale_peak(view.samples(), view.texts());
+  record["unit"] = unit_of(peak);
   Record samples = Record::array();
-  for (const double sample : view.samples())
-    samples.push_back(leading_number(sample_text(sample, view.texts())));
+  for (const double sample : view.samples()) samples.push_back(leading_number(sample_text(sample, peak)));
   record["samples"] = std::move(samples);
   return record;
 }

@@ -1,8 +1,10 @@
 // The buttons beside the chart of the main window: copy it, copy its points, save it as a picture.
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "chart/chart.h"
 #include "link/link_state.h"
 #include "platform/platform.h"
 #include "screen/window.h"
@@ -17,6 +19,7 @@ class ChartOutput {
   ChartOutput& operator=(const ChartOutput&) = delete;
 
  private:
+  std::shared_ptr<const Chart> drawn();  // nothing before the first frame and over range, which is said
   void copy_picture();
   void copy_points();
   void save();

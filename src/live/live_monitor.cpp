@@ -1,7 +1,6 @@
 #include "live/live_monitor.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace halden {
 
@@ -15,7 +14,8 @@ constexpr double frames_until_old = 4.0;
 
 FrameOutcome LiveMonitor::take_frame() {
   const FrameOutcome outcome = views_.shown().take_frame();
-  if (std::exchange(view_, views_.state.display_mode) != view_) {
+  if (view_ != views_.state.display_mode) {
+    view_ = views_.state.display_mode;
     damaged_frames_ = 0;
     frame_rate_ = {};
   }

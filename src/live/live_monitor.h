@@ -24,7 +24,7 @@ class LiveMonitor : public LiveFrames {
   void no_communication() override;
 
   // Frames of the view that runs that could not be used.
-  int damaged_frames() const { return damaged_frames_; }
+  int damaged_frames() const { return view_ == views_.state.display_mode ? damaged_frames_ : 0; }
 
   const FrameRate& frame_rate() const { return frame_rate_; }
 

@@ -76,15 +76,15 @@ void ViewSelection::select_by_meter_mode() {
   link_.polling.set_live_timer();
 }
 
-// Polling is stopped meanwhile; the exchange that has read the status resumes it and requests the first
-// frame. A request here would be a second one, whose frame every later reading would lag behind.
+// A view that fits keeps its cursor, which the user has placed. Polling is stopped meanwhile; the exchange
+// that has read the status resumes it and requests the first frame. A request here would be a second one,
+// whose frame every later reading would lag behind.
 void ViewSelection::follow_status() {
-  const bool harmonics = link_.status.meter_mode == harmonics_mode;
   if (view_fits()) {
-    if (link_.state.display_mode == harmonics_view) show_cursor_and_frequency();
+    if (link_.state.display_mode == harmonics_view) show_frequency();
     return;
   }
-  harmonics ? show_harmonics(percent_of_fifty) : show_power();
+  link_.status.meter_mode == harmonics_mode ? show_harmonics(percent_of_fifty) : show_power();
   link_.polling.set_live_period();
 }
 
@@ -136,13 +136,13 @@ void ViewSelection::show_harmonics(const HarmonicsOptions& options) {
   show_graph(window_, Graph::spectrum);
   show_panels(window_, harmonic_cursor_panels(), true);
   show_panels(window_, summary_without_date(), true);
-  show_cursor_and_frequency();
+  if (link_.status.harmonic_order == 0) link_.status.harmonic_order = 1;
+  show_options(options_, link_.status.harmonic_order, window_);
+  show_frequency();
   views_.shown().begin();
 }
 
-void ViewSelection::show_cursor_and_frequency() {
-  if (link_.status.harmonic_order == 0) link_.status.harmonic_order = 1;
-  show_options(options_, link_.status.harmonic_order, window_);
+void ViewSelection::show_frequency() {
   const bool frequency_known = link_.status.frequency_code != 0;
   window_.set_visible("har_hz_label", frequency_known);
   window_.set_visible("har_hz_value", frequency_known);

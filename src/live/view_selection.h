@@ -38,7 +38,7 @@ class ViewSelection {
   void follow_status();
   void open(const std::function<void()>& show);
   void show_harmonics(const HarmonicsOptions& options);
-  void show_cursor_and_frequency();
+  void show_frequency();
   void show_waveform();
   void show_power();
 

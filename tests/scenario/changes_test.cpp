@@ -160,6 +160,8 @@ TEST_F(HarmonicsMode, TheViewFollowsTheMeterAfterEveryStatusQuery) {
   meter.settings().harmonic_order = 0;
   click("get_hz");
   EXPECT_FALSE(window()["har_hz_value"].visible) << "an automatic frequency is not known";
+  EXPECT_EQ(window()["HScroll1"].value, 51) << "a status query leaves the cursor where the user put it";
+  click("show_99_harmonics");
   EXPECT_EQ(window()["HScroll1"].value, 1);
 
   meter.settings().mode = simulator::MeterMode::power;

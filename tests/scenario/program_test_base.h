@@ -20,6 +20,18 @@ namespace halden {
 inline const std::string status_failed =
     "Meter status could not be obtained, please check connections, com port, etc, and try again.";
 
+// The lines of a data file, without their line ends.
+inline std::vector<std::string> lines_of(const std::string& bytes) {
+  std::vector<std::string> lines;
+  for (std::size_t begin = 0; begin < bytes.size();) {
+    const std::size_t end = bytes.find("\r\n", begin);
+    EXPECT_NE(end, std::string::npos) << "a line without its end";
+    lines.push_back(bytes.substr(begin, end - begin));
+    begin = end == std::string::npos ? bytes.size() : end + 2;
+  }
+  return lines;
+}
+
 struct Journey {
   explicit Journey(double time_of_day_s = 12 * 3600.0, simulator::MeterSettings settings = {})
       : world({2026, 11, 22}, time_of_day_s), meter(settings) {}

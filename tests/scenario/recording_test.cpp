@@ -10,17 +10,6 @@ using Texts = std::vector<std::string>;
 
 const std::string settings_line = "3P4W,Hz=50,MD=15,SEC=2,CT=1,VT=1";
 
-Texts lines_of(const std::string& bytes) {
-  Texts lines;
-  for (std::size_t begin = 0; begin < bytes.size();) {
-    const std::size_t end = bytes.find("\r\n", begin);
-    EXPECT_NE(end, std::string::npos) << "a line without its end";
-    lines.push_back(bytes.substr(begin, end - begin));
-    begin = end == std::string::npos ? bytes.size() : end + 2;
-  }
-  return lines;
-}
-
 // The seconds in the TIME fields of the records, "12 14 ".
 std::string seconds_of(const Texts& records) {
   std::string seconds;

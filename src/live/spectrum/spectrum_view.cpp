@@ -58,6 +58,7 @@ void SpectrumView::begin() {
   values_ = {};
   summary_.clear();
   for (const Panel& panel : harmonic_cursor_panels()) window_.set_text(panel.value, "");
+  show_cursor();
   show_waiting_chart(window_, link_.state.language);
 }
 
@@ -114,9 +115,9 @@ std::size_t SpectrumView::marked_order() const {
 }
 
 void SpectrumView::show_cursor() {
-  if (!has_frame_) return;
   const std::size_t order = marked_order();
   window_.set_text("har_index_value", format_pattern(static_cast<double>(order), "#0"));
+  if (!has_frame_) return;
   window_.set_text("har_percent_value", format_float(values_.percent[order], "#0.0"));
   window_.set_text("har_angle_value", format_float(values_.angle[order], "#0.0"));
 }

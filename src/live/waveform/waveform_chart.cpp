@@ -17,9 +17,11 @@ constexpr Text readout = {"Sample {}: {} {}", "第 {} 點：{} {}"};
 constexpr Text waveform_of = {"Waveform of {}. RMS {}, peaks {} and {}, crest factor {}, fundamental {}",
                               "{} 的波形。有效值 {}，峰值 {} 與 {}，波峰因數 {}，基本波 {}"};
 
-// Of the two peaks, one that is in range.
-std::string_view scale_peak(const WaveTexts& texts) {
-  return is_overload(texts.peak_plus) ? texts.peak_minus : texts.peak_plus;
+// Whether the positive peak gives the scale. Scaled samples answer as the received ones do.
+template <typename Samples>
+bool scaled_by_plus(const Samples& samples) {
+  const auto [lowest, highest] = std::ranges::minmax(samples);
+  return highest > -lowest;
 }
 
 // As many decimals as the meter gives for the peak.
@@ -34,22 +36,24 @@ std::string pattern_of(std::string_view peak) {
 
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
                                    std::string_view peak_minus) {
+  if (is_overload(peak_plus) || is_overload(peak_minus)) return {};
   const auto [lowest, highest] = std::ranges::minmax(samples);
-  const bool by_plus = highest > -lowest;
-  const std::string_view peak = by_plus ? peak_plus : peak_minus;
-  if (is_overload(peak)) return {};
+  const bool by_plus = scaled_by_plus(samples);
   const double divisor = by_plus ? highest : lowest;
-  const double scale = divisor == 0 ? 0 : leading_number(peak) / divisor;
+  const double scale = divisor == 0 ? 0 : leading_number(by_plus ? peak_plus : peak_minus) / divisor;
   std::vector<double> scaled;
   scaled.reserve(samples.size());
   for (const std::int16_t sample : samples) scaled.push_back(sample * scale);
   return scaled;
 }
 
-std::string_view scale_unit(const WaveTexts& texts) { return unit_of(scale_peak(texts)); }
+std::string_view scale_peak(const std::vector<double>& scaled, const WaveTexts& texts) {
+  if (scaled.empty()) return {};
+  return scaled_by_plus(scaled) ? texts.peak_plus : texts.peak_minus;
+}
 
-std::string sample_text(double scaled, const WaveTexts& texts) {
-  return format_pattern(scaled, pattern_of(scale_peak(texts)));
+std::string sample_text(double sample, std::string_view scale_peak) {
+  return format_pattern(sample, pattern_of(scale_peak));
 }
 
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
@@ -65,16 +69,16 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
   chart.readouts = texts_by([points = chart.sets.front().points,
-                             unit = std::string(unit_of(scale_peak(texts))),
-                             pattern = pattern_of(scale_peak(texts)), language](std::size_t index) {
+                             peak = std::string(scale_peak(scaled, texts)), language](std::size_t index) {
     if (index >= points->size()) return std::string();
-    return readout.with(language, {std::to_string(index), format_pattern((*points)[index], pattern), unit});
+    return readout.with(language,
+                        {std::to_string(index), sample_text((*points)[index], peak), unit_of(peak)});
   });
   return chart;
 }
 
-std::string scale_text(const WaveTexts& texts, Language language) {
-  return scale_in.with(language, {unit_of(scale_peak(texts))});
+std::string scale_text(const std::vector<double>& scaled, const WaveTexts& texts, Language language) {
+  return scaled.empty() ? std::string() : scale_in.with(language, {unit_of(scale_peak(scaled, texts))});
 }
 
 }  // namespace halden

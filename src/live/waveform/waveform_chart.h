@@ -14,18 +14,20 @@
 
 namespace halden {
 
-// Scaled so that the larger peak has the number of its text. Empty while that text is over range.
+// Scaled so that the larger peak has the number of its text. Empty while a peak is over range.
 std::vector<double> scaled_samples(std::span<const std::int16_t> samples, std::string_view peak_plus,
                                    std::string_view peak_minus);
 
 Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveTexts& texts,
                      Language language);
 
-// Says in which unit the curve is drawn.
-std::string scale_text(const WaveTexts& texts, Language language);
+// Says in which unit the curve is drawn; empty while there is none.
+std::string scale_text(const std::vector<double>& scaled, const WaveTexts& texts, Language language);
 
-// That unit alone, and a scaled sample as it is read out: with the decimals of the peaks' texts.
-std::string_view scale_unit(const WaveTexts& texts);
-std::string sample_text(double scaled, const WaveTexts& texts);
+// The text of the peak that gives the scale; empty without a curve.
+std::string_view scale_peak(const std::vector<double>& scaled, const WaveTexts& texts);
+
+// A scaled sample as it is read out: with the decimals of that peak.
+std::string sample_text(double sample, std::string_view scale_peak);
 
 }  // namespace halden

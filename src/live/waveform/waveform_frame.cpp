@@ -45,13 +45,20 @@ TagPlaces find_tags(std::string_view bytes, WaveformFault& fault) {
   return places;
 }
 
+// A field that has lost a character is shorter than the others.
+bool equally_far_apart(const TagPlaces& tags) {
+  for (std::size_t k = 2; k < tags.size(); ++k)
+    if (tags[k] - tags[k - 1] != tags[1] - tags[0]) return false;
+  return true;
+}
+
 // A frame of the usual length has lost nothing, wherever its blanks stand.
-bool samples_fill_their_place(std::string_view bytes, const TagPlaces& tags, std::size_t end) {
+bool nothing_is_lost(std::string_view bytes, const TagPlaces& tags, std::size_t end) {
   const std::size_t channel = tags[0];
   const std::size_t between_fields = tags[1] - channel - tag_length - field_width;
   const auto gap = bytes.substr(samples_end, channel - samples_end);
   return channel <= farthest_channel_tag && std::all_of(gap.begin(), gap.end(), is_separator) &&
-         (gap.size() >= between_fields || end >= usual_length);
+         (end >= usual_length || (gap.size() >= between_fields && equally_far_apart(tags)));
 }
 
 bool read_numbers(WaveformFrame& frame) {
@@ -80,16 +87,18 @@ WaveformFrame read_waveform_frame(std::string_view bytes) {
   }
   for (std::size_t i = 0; i < waveform_samples; ++i)
     frame.samples[i] = sample_at(bytes, first_sample + 2 * i);
-  // The fields of the next frame must not stand in for missing ones.
-  const std::size_t last = bytes.find('E', samples_end);
-  const bool ended = last != std::string_view::npos;
-  if (ended) bytes = bytes.substr(0, frame.end = last + 1);
+  // The fields of the next frame must not stand in for missing ones. It begins with a "B", before which a
+  // frame that has lost its "E" ends.
+  const std::size_t last = bytes.find_first_of("BE", samples_end);
+  const bool ended = last != std::string_view::npos && bytes[last] == 'E';
+  if (ended) frame.end = last + 1;
+  bytes = bytes.substr(0, ended ? frame.end : last);
   const TagPlaces tags = find_tags(bytes, frame.fault);
   if (!frame.fault.damaged && !ended) frame.fault = {true, 0, true};
   if (frame.fault.damaged) return frame;
   for (std::size_t k = 0; k < tags.size(); ++k)
     frame.characters[k] = bytes.substr(tags[k] + tag_length, field_width);
-  frame.fault.damaged = !samples_fill_their_place(bytes, tags, frame.end) || !read_numbers(frame);
+  frame.fault.damaged = !nothing_is_lost(bytes, tags, frame.end) || !read_numbers(frame);
   return frame;
 }
 

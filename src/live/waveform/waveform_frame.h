@@ -3,9 +3,10 @@
 //   "B", one byte, 1024 samples of two bytes (high byte first, two's complement), then the tags O, R, P, N,
 //   H, T and V, each with "=" and five characters, then "E"; a blank may stand before each tag and before "E"
 //
-// "B" and "E" bytes also occur inside the samples, so the end is searched for behind them. There is no
-// checksum: a lost sample byte would swap the bytes of all samples behind it, so the channel's tag must stand
-// right behind the last sample, with no more bytes between than stand between the other fields.
+// "B" and "E" bytes also occur inside the samples, so the end is searched for behind them; a "B" there begins
+// the next frame. There is no checksum: a lost sample byte would swap the bytes of all samples behind it, so
+// the channel's tag must stand right behind the last sample, with no fewer bytes between than stand between
+// the other fields, and these must be equally far apart.
 #pragma once
 
 #include <array>

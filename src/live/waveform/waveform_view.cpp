@@ -50,7 +50,7 @@ void WaveformView::show() {
   const Language language = link_.state.language;
   window_.set_chart("Harmo_Graph1", std::make_shared<const Chart>(
                                         waveform_chart(scaled_, frame_->fields.channel, texts, language)));
-  window_.set_text("chart_reference", scale_text(texts, language));
+  window_.set_text("chart_reference", scale_text(scaled_, texts, language));
 }
 
 RecordSource WaveformView::source() const {
