@@ -114,6 +114,7 @@ TEST_F(Waves, EachEntryOpensItsViewWithOneRequest) {
     EXPECT_EQ(window()["HScroll1"].maximum, highest);
     EXPECT_EQ(window()["HScroll1"].value, position);
     EXPECT_EQ(summary(), "||||||") << "nothing of the view before";
+    EXPECT_EQ(text("status_link"), "waiting for the meter") << "what is not shown is not old";
     ASSERT_TRUE(frame_shown());
     const std::size_t requests = meter.log().size();
     window().resized();
