@@ -33,7 +33,7 @@ FrameOutcome LiveMonitor::take_frame() {
 }
 
 std::optional<double> LiveMonitor::old_since_s() const {
-  if (!last_whole_) return std::nullopt;
+  if (!has_whole_frame()) return std::nullopt;
   const bool long_frames = views_.state.display_mode != power_view;
   const double least_s = long_frames ? long_frame_current_for_s : current_for_s;
   const double limit_s = std::max(least_s, frames_until_old * frame_rate_.mean_gap_s());

@@ -28,8 +28,8 @@ class LiveMonitor : public LiveFrames {
 
   const FrameRate& frame_rate() const { return frame_rate_; }
 
-  // Whether a whole frame has come since the start.
-  bool has_whole_frame() const { return last_whole_.has_value(); }
+  // Whether a whole frame has come since the start, and since the view was opened.
+  bool has_whole_frame() const { return last_whole_ && views_.shown().shows_frame(); }
 
   // When the last whole frame came, in seconds since midnight, once none has been for two seconds or
   // four frame times (nine seconds in the harmonics and waveform views): what is on the screen is old.

@@ -34,6 +34,9 @@ class LiveView {
   // The view has been opened: nothing of an earlier frame is shown any more.
   virtual void begin() {}
 
+  // Whether a frame is shown that can become old. Not between begin() and the first frame.
+  virtual bool shows_frame() const { return true; }
+
   // frame_is_complete is true: removes the frame from the live buffer, shows it and requests the next one.
   virtual FrameOutcome take_frame() = 0;
 

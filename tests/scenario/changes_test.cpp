@@ -135,44 +135,6 @@ TEST(Closing, DuringEveryWaitEndsTheProgram) {
 
 struct HarmonicsMode : testing::Test, Journey {};
 
-TEST_F(HarmonicsMode, TheViewFollowsTheMeterAfterEveryStatusQuery) {
-  meter.settings().mode = simulator::MeterMode::harmonics;
-  meter.settings().harmonic_order = 60;
-  start_on_port(1);
-  EXPECT_EQ(received(), "? ") << "one request for a frame, not two";
-  EXPECT_EQ(text("PQA_mode"), "Harmo. and Waveform");
-  EXPECT_EQ(program().link.state.display_mode, 0);
-  EXPECT_EQ(program().live.harmonics_options.harmonic_count, 51);
-  EXPECT_EQ(window()["HScroll1"].minimum, 1);
-  EXPECT_EQ(window()["HScroll1"].maximum, 51);
-  EXPECT_EQ(window()["HScroll1"].value, 51) << "order 60 is beyond the range";
-  for (const char* shown :
-       {"Harmo_Graph1", "har_index_value", "har_hz_value", "RMS_value", "THD_F", "VI_of_1_value"})
-    EXPECT_TRUE(window()[shown].visible) << shown;
-  const double from_s = now_s();
-  window().resized();
-  EXPECT_EQ(now_s(), from_s) << "the view fits already";
-  world.run_for(20);
-  EXPECT_LT(program().link.state.poll_buffer.size(), 4000u);
-  EXPECT_EQ(program().link.state.link_lost, 0);
-
-  meter.settings().frequency_code = 0;
-  meter.settings().harmonic_order = 0;
-  click("get_hz");
-  EXPECT_FALSE(window()["har_hz_value"].visible) << "an automatic frequency is not known";
-  EXPECT_EQ(window()["HScroll1"].value, 51) << "a status query leaves the cursor where the user put it";
-  click("show_99_harmonics");
-  EXPECT_EQ(window()["HScroll1"].value, 1);
-
-  meter.settings().mode = simulator::MeterMode::power;
-  click("get_hz");
-  EXPECT_EQ(program().link.state.display_mode, 1);
-  EXPECT_FALSE(window()["Harmo_Graph1"].visible);
-  EXPECT_FALSE(window()["RMS_value"].visible);
-  world.run_for(2);
-  EXPECT_EQ(text("V1_value").back(), 'V');
-}
-
 // The meter's own buttons change what it sends; the program learns it from what arrives, and says what to do.
 TEST_F(HarmonicsMode, WhatDoesNotFitIsSaid) {
   start_on_port(1);

@@ -142,10 +142,6 @@ TEST_F(RecordingTest, TheHeaderFollowsModeAndView) {
   EXPECT_EQ(dialogs().message_texts(),
             Texts{"The minimum sampling time for recording waveform is 4 seconds"});
   EXPECT_EQ(text("Label1_1"), "4 SEC");
-  const Texts waveform = lines_of(world.files.contents["d/w.dat"]);
-  ASSERT_EQ(waveform.size(), 2u);
-  EXPECT_EQ(waveform[0].substr(0, 8), "WAVE Hz=");
-  EXPECT_EQ(waveform[1].substr(0, 14), "DATE, TIME 0 1");
   // An unknown wiring has no columns of its own.
   program().link.status.meter_mode = power_mode;
   program().link.state.display_mode = power_view;

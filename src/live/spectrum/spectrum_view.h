@@ -26,6 +26,7 @@ class SpectrumView : public LiveView, public LiveListener {
   SpectrumView& operator=(const SpectrumView&) = delete;
 
   void begin() override;
+  bool shows_frame() const override { return has_frame_; }
   FrameOutcome take_frame() override;
   Misfit misfit() const override;
   RecordSource source() const override;

@@ -31,6 +31,7 @@ class WaveformView : public LiveView {
   WaveformView& operator=(const WaveformView&) = delete;
 
   void begin() override;
+  bool shows_frame() const override { return frame_ != nullptr; }
   FrameOutcome take_frame() override;
   Misfit misfit() const override { return {}; }
   RecordSource source() const override;
