@@ -18,6 +18,9 @@ constexpr Text no_port = {"no port", "未開啟連接埠"};
 constexpr Text adapter_gone = {"adapter gone, waiting for it", "轉接器已移除，等待中"};
 constexpr Text no_answer = {"no answer", "無回應"};
 constexpr Text no_answer_since = {"no answer since {}", "自 {} 起無回應"};
+constexpr Text no_waveform_since = {
+    "no answer since {}: in power mode the meter sends no waveform, press Update Now",
+    "自 {} 起無回應：電力模式下電表不傳送波形，請按「讀取設定」"};
 constexpr Text no_reading_since = {"no reading since {}", "自 {} 起無讀值"};
 constexpr Text no_whole_reading = {"no whole reading", "無完整讀值"};
 constexpr Text no_whole_reading_since = {"no whole reading since {}", "自 {} 起無完整讀值"};
@@ -65,7 +68,9 @@ StatusLine::LinkField StatusLine::link_field() const {
   const std::string since = old_s ? time_of_day_text(*old_s) : std::string();
   const bool lost = link_.state.link_lost == 1;
   if (old_s) {
-    const Text& text = !silent ? no_whole_reading_since : lost ? no_answer_since : no_reading_since;
+    const Text& no_answer_at_all =
+        link_.state.display_mode == waveform_view ? no_waveform_since : no_answer_since;
+    const Text& text = !silent ? no_whole_reading_since : lost ? no_answer_at_all : no_reading_since;
     return {text.with(language, {since}), lost ? "lost" : "idle"};
   }
   if (lost) return field(silent ? no_answer : no_whole_reading, "lost");

@@ -278,6 +278,7 @@ TEST_F(Waves, AfterSilenceAndCutFramesTheViewGoesOn) {
     meter.faults().silence = true;
     ASSERT_TRUE(world.run_until([&] { return window()["Warning"].visible; }, 25)) << entry;
     EXPECT_TRUE(world.run_until([&] { return text("status_link").starts_with("no answer since"); }, 10));
+    EXPECT_EQ(text("status_link").ends_with("press Update Now"), std::string_view(entry) == "open_waveform");
     meter.faults().silence = false;
     ASSERT_TRUE(frame_shown(10)) << entry;
     world.run_for(2);
