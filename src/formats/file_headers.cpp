@@ -12,6 +12,8 @@ namespace {
 constexpr int order_count = 100;
 constexpr int sample_count = 1024;
 
+constexpr std::string_view harmonics_names = "DATE, TIME, RMS, PEAK+, PEAK-, THD-F, VI_1, HZ, RANGE";
+
 // With its comma; "????," for an unknown system.
 std::string_view wiring_text(Wiring wiring_system) {
   constexpr std::array<std::string_view, 4> texts = {"1P2W,", "1P3W,", "3P3W,", "3P4W,"};
@@ -58,12 +60,22 @@ std::string harmonics_settings_line(const WaveSource& source, const SettingTexts
          ",NO.=" + std::to_string(order_count) + " ,OPTION=" + option_text(source);
 }
 
+// The system text brings the comma before "NO.=" with it.
+std::string stored_harmonics_settings_line(const WaveSource& source, const SettingTexts& settings) {
+  return "HARMO" + settings_part(",", settings) + source_part(",", source) +
+         "NO.=" + std::to_string(stored_order_count) + " ,OPTION=%";
+}
+
 std::string header_lines(std::string settings, const std::string& columns) {
   return settings.append(line_end).append(columns).append(line_end);
 }
 
 std::string harmonics_column_line() {
-  return "DATE, TIME, RMS, PEAK+, PEAK-, THD-F, VI_1, HZ, RANGE" + numbered_names(",", order_count);
+  return std::string(harmonics_names) + numbered_names(",", order_count);
+}
+
+std::string stored_harmonics_column_line() {
+  return std::string(harmonics_names) + numbered_names(",", stored_order_count);
 }
 
 std::string waveform_settings_line(const WaveSource& source, const SettingTexts& settings) {

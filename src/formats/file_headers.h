@@ -10,6 +10,8 @@
 
 namespace halden {
 
+inline constexpr int stored_order_count = 51;
+
 // The meter's settings as they are shown.
 struct SettingTexts {
   std::string_view hz, md, sec, ct, vt;
@@ -28,11 +30,16 @@ std::string power_settings_line(Wiring wiring_system, const SettingTexts& settin
 // "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=%"; "OPTION=D" with phase angles.
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings);
 
+// The same of a file converted from the meter's memory, whose records always have percentages of 51 orders:
+// "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,NO.=51 ,OPTION=%".
+std::string stored_harmonics_settings_line(const WaveSource& source, const SettingTexts& settings);
+
 // The two header lines of a file, each with its line end.
 std::string header_lines(std::string settings, const std::string& columns);
 
-// Nine names and the orders 0 to 99.
+// Nine names and the orders 0 to 99; in a converted file 0 to 50.
 std::string harmonics_column_line();
+std::string stored_harmonics_column_line();
 
 // "WAVE Hz=60 MD=15 SEC=2 CT=1 VT=1 INPUT=V1 SYS=3P4W, NO.=1024  OPTION=%"
 std::string waveform_settings_line(const WaveSource& source, const SettingTexts& settings);

@@ -42,23 +42,30 @@ std::optional<double> product_32bit(double value, std::initializer_list<double> 
 }
 
 std::optional<std::string> current_text_of(const Scaling& scaling, double raw) {
-  std::optional<double> value =
+  const std::optional<double> value =
       product_32bit(raw, {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale)});
   if (!value) return std::nullopt;
-
-  int exponent = exponent_of_range(scaling.current_range);
-  // Behind a transformer milliamperes are never shown.
-  if (exponent == 0 && scaling.ct_ratio != 1) {
-    value = static_cast<double>(integer_quotient(*value, 10.0));
-    exponent = 1;
-  }
-  return prefix_text(*value, exponent, Division::integer, current_units);
+  return stored_current_text_of(scaling, raw);
 }
 
 std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw) {
-  const std::optional<double> value = product_32bit(raw, {static_cast<double>(scaling.pt_ratio)});
-  if (!value) return std::nullopt;
-  return prefix_text(*value, 0, Division::integer, voltage_units);
+  if (!product_32bit(raw, {static_cast<double>(scaling.pt_ratio)})) return std::nullopt;
+  return stored_voltage_text_of(scaling.pt_ratio, raw);
+}
+
+std::string stored_current_text_of(const Scaling& scaling, double raw) {
+  double value = raw * scaling.ct_ratio * static_cast<double>(scaling.current_scale);
+  int exponent = exponent_of_range(scaling.current_range);
+  // Behind a transformer milliamperes are never shown.
+  if (exponent == 0 && scaling.ct_ratio != 1) {
+    value = static_cast<double>(integer_quotient(value, 10.0));
+    exponent = 1;
+  }
+  return prefix_text(value, exponent, Division::integer, current_units);
+}
+
+std::string stored_voltage_text_of(double pt_ratio, double raw) {
+  return prefix_text(raw * pt_ratio, 0, Division::integer, voltage_units);
 }
 
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,

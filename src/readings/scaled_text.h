@@ -2,7 +2,8 @@
 // Readings: four significant digits with an engineering prefix ("123.4mA", "1.234KV", "-12.34MW").
 //
 // The products of one phase have 32 bits: when one does not fit (each partial product counts) there is no
-// text, and the calling member keeps its old one. System powers, energies and demands have no such limit.
+// text, and the calling member keeps its old one. System powers, energies, demands and stored
+// records have no such limit.
 #pragma once
 
 #include <array>
@@ -39,6 +40,11 @@ std::optional<std::string> current_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units);
+
+// The same without a limit, for stored records: each has texts of its own, so none may keep an older one. A
+// ratio is 1 or more.
+std::string stored_current_text_of(const Scaling& scaling, double raw);
+std::string stored_voltage_text_of(double pt_ratio, double raw);
 
 // Powers of the system, energies and demands: `raw` in 0.1 W (Wh, VA, ...) x 10^range, without a limit.
 std::string real_power_text_of(const Scaling& scaling, double raw, const UnitTable& units);
