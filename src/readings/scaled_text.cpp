@@ -33,17 +33,19 @@ int exponent_of_range(int range) {
 
 }  // namespace
 
-std::optional<double> product_32bit(double value, std::initializer_list<double> factors) {
+std::optional<double> limited_product(ProductLimit limit, double value,
+                                      std::initializer_list<double> factors) {
   for (const double factor : factors) {
     value *= factor;
-    if (!to_int32(value)) return std::nullopt;
+    if (limit == ProductLimit::int32 && !to_int32(value)) return std::nullopt;
   }
   return value;
 }
 
 std::optional<std::string> current_text_of(const Scaling& scaling, double raw) {
   std::optional<double> value =
-      product_32bit(raw, {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale)});
+      limited_product(scaling.product_limit, raw,
+                      {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale)});
   if (!value) return std::nullopt;
 
   int exponent = exponent_of_range(scaling.current_range);
@@ -56,7 +58,8 @@ std::optional<std::string> current_text_of(const Scaling& scaling, double raw) {
 }
 
 std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw) {
-  const std::optional<double> value = product_32bit(raw, {static_cast<double>(scaling.pt_ratio)});
+  const std::optional<double> value =
+      limited_product(scaling.product_limit, raw, {static_cast<double>(scaling.pt_ratio)});
   if (!value) return std::nullopt;
   return prefix_text(*value, 0, Division::integer, voltage_units);
 }
@@ -64,8 +67,9 @@ std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw) {
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units) {
   const std::optional<double> value =
-      product_32bit(raw, {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale),
-                          static_cast<double>(scaling.pt_ratio)});
+      limited_product(scaling.product_limit, raw,
+                      {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale),
+                       static_cast<double>(scaling.pt_ratio)});
   if (!value) return std::nullopt;
   return prefix_text(*value, exponent_of_range(scaling.current_range), division, units);
 }
