@@ -55,6 +55,10 @@ std::string power_settings_line(Wiring wiring_system, const SettingTexts& settin
   return std::string(wiring_text(wiring_system)) + settings_part(",", settings).substr(1);
 }
 
+std::string stored_power_settings_line(Wiring wiring_system, const SettingTexts& settings, int channel) {
+  return power_settings_line(wiring_system, settings).append(",INPUT=").append(input_name(channel));
+}
+
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings) {
   return "HARMO" + settings_part(",", settings) + source_part(",", source) +
          ",NO.=" + std::to_string(order_count) + " ,OPTION=" + option_text(source);

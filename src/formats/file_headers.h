@@ -27,6 +27,9 @@ struct WaveSource {
 // "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1"
 std::string power_settings_line(Wiring wiring_system, const SettingTexts& settings);
 
+// The same with ",INPUT=V1" at its end, in the file of a stored recording.
+std::string stored_power_settings_line(Wiring wiring_system, const SettingTexts& settings, int channel);
+
 // "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=%"; "OPTION=D" with phase angles.
 std::string harmonics_settings_line(const WaveSource& source, const SettingTexts& settings);
 

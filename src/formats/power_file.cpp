@@ -69,11 +69,12 @@ std::string power_column_line(Wiring wiring_system) {
   return line;
 }
 
-RecordLine power_record(Wiring wiring_system, const Date& date, std::string_view time,
+RecordLine power_record(Wiring wiring_system, std::string_view date, std::string_view time,
                         const PowerTexts& texts) {
   const std::span<const ColumnGroup> columns = columns_of(wiring_system);
   if (columns.empty()) return {};
-  RecordLine record = {record_field(record_date(date)) + record_field(time)};
+  RecordLine record = {record_field(date) + record_field(time)};
+  record.text.reserve((power_quantity_count + 2) * (field_text_length + 1));
   for (const ColumnGroup& group : columns)
     for (const PowerQuantity quantity : group.quantities) {
       const std::string_view text = texts[static_cast<std::size_t>(quantity)];

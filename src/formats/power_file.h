@@ -15,7 +15,6 @@
 #include <string_view>
 
 #include "formats/record_field.h"
-#include "platform/clock.h"
 #include "readings/wiring.h"
 
 namespace halden {
@@ -40,9 +39,9 @@ using PowerTexts = std::array<std::string_view, power_quantity_count>;
 // The line of the column names; empty for an unknown wiring system.
 std::string power_column_line(Wiring wiring_system);
 
-// One record without its line end. `time` is the sampling instant as it is shown ("12:30:44"). Empty for an
-// unknown wiring system.
-RecordLine power_record(Wiring wiring_system, const Date& date, std::string_view time,
+// One record without its line end. `date` is "03-15-2024" of a live record and "2024-03-15" of a stored one,
+// `time` the sampling instant as it is shown ("12:30:44"). Empty for an unknown wiring system.
+RecordLine power_record(Wiring wiring_system, std::string_view date, std::string_view time,
                         const PowerTexts& texts);
 
 }  // namespace halden

@@ -52,7 +52,9 @@ HarmonicsConversion::HarmonicsConversion(const MeterStatus& status)
                status.md_period},
       channel_(status.logger_channel),
       frequency_code_(status.logger_frequency_code),
-      sample_seconds_(status.logger_sample_seconds) {}
+      sample_seconds_(status.logger_sample_seconds) {
+  scaling_.product_limit = ProductLimit::none;  // each record has texts of its own
+}
 
 std::string HarmonicsConversion::header() const {
   const std::string md = format_pattern(scaling_.md_period, "####0");
@@ -112,8 +114,8 @@ std::string HarmonicsConversion::fundamental_text() const {
 }
 
 std::string HarmonicsConversion::value_text(double raw) const {
-  return is_current(channel_) ? stored_current_text_of(scaling_, raw)
-                              : stored_voltage_text_of(scaling_.pt_ratio, raw);
+  const auto text = is_current(channel_) ? current_text_of(scaling_, raw) : voltage_text_of(scaling_, raw);
+  return text.value_or("");  // without a limit there always is one
 }
 
 }  // namespace halden

@@ -109,9 +109,10 @@ std::optional<ReportHeader> take_header(std::string_view& report) {
 }
 
 std::string header_text(const ReportHeader& header, const Date& today) {
-  const std::string reference = header.reference == over_range
-                                    ? std::string(overload_text)
-                                    : stored_voltage_text_of(header.pt_ratio, header.reference);
+  const std::string reference =
+      header.reference == over_range
+          ? std::string(overload_text)
+          : prefix_text(header.reference * header.pt_ratio, 0, Division::integer, voltage_units);
   std::string text = "TODAY: " + record_date(today);
   text.append(line_end).append("START RECORDING:");
   text.append(date_text(header.start)).append(" ").append(second_text(header.start)).append(line_end);

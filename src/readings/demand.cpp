@@ -64,6 +64,19 @@ void Readings::advance_average_demand_va(double t) {
     average_va_text = real_power_text_of(scaling_, average_va_sum / demand_samples, va_units);
 }
 
+void Readings::advance_energy_and_demand(double t) {
+  advance_energy_wh(t);
+  advance_energy_varh(t);
+  advance_energy_vah(t);
+  energy_power_factor();
+  count_demand_sample();
+  advance_maximum_demand_w(t);
+  advance_maximum_demand_va(t);
+  advance_average_demand_w(t);
+  advance_average_demand_va(t);
+  reset_demand_period(t);
+}
+
 void Readings::reset_demand_period(double t) {
   if (!demand_period_complete(t)) return;
   demand_samples = 0;

@@ -66,7 +66,7 @@ void Readings::apparent_power(double v, double i, double w) {
     va_raw.reset();
     return;
   }
-  const auto product = product_32bit(v, {i});
+  const auto product = limited_product(scaling_.product_limit, v, {i});
   if (!product) return;
   const std::int64_t magnitude = integer_quotient(*product, products_per_va_count);
   const auto raw = static_cast<double>(w < 0.0 ? -magnitude : magnitude);
@@ -74,13 +74,13 @@ void Readings::apparent_power(double v, double i, double w) {
   if (auto text = power_text_of(scaling_, raw, Division::real, va_units)) va_text = std::move(*text);
 }
 
-void Readings::reactive_power(DerivedRaw va, double w, double angle_v, double angle_i) {
-  if (!va || any_over_range({w})) {
+void Readings::reactive_power(DerivedRaw va, DerivedRaw w, double angle_v, double angle_i) {
+  if (!va || !w) {
     var_text = overload_text;
     var_raw.reset();
     return;
   }
-  const auto magnitude = static_cast<float>(derived_magnitude(*va * *va - w * w));
+  const auto magnitude = static_cast<float>(derived_magnitude(*va * *va - *w * *w));
   const double sign = angle_difference(angle_v, angle_i) >= 0.0 ? 1.0 : -1.0;
   // The rounding comes last: it turns a -0 into 0.
   const double raw = round_half_even(sign * static_cast<double>(magnitude));

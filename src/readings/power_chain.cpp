@@ -1,5 +1,7 @@
 #include "readings/power_chain.h"
 
+#include <cmath>
+
 #include "readings/numbers.h"
 
 namespace halden {
@@ -25,7 +27,7 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
     texts[PhaseQuantity::I] = readings.current_text;
   }
   if (group.w) {
-    raw.w_raw[phase] = *group.w;
+    raw.w_raw[phase] = from_meter(*group.w);
     readings.active_power(*group.w);
     texts[PhaseQuantity::W] = readings.power_text;
   }
@@ -33,8 +35,16 @@ void PowerChain::take_powers(std::size_t phase, const PhaseGroup& group, PhaseTe
   readings.apparent_power(raw.v_raw[phase], *group.i, *group.w);
   raw.va_raw[phase] = readings.va_raw;
   texts[PhaseQuantity::VA] = readings.va_text;
-  readings.power_factor(*group.w, raw.va_raw[phase]);
+  if (active_power_ == ActivePower::at_most_apparent) limit_active_power(phase);
+  readings.power_factor(raw.w_raw[phase], raw.va_raw[phase]);
   texts[PhaseQuantity::PF] = readings.pf_text;
+}
+
+// The apparent power has the sign of the active one.
+void PowerChain::limit_active_power(std::size_t phase) {
+  DerivedRaw& w = raw.w_raw[phase];
+  const DerivedRaw& va = raw.va_raw[phase];
+  if (w && va && std::fabs(*w) > std::fabs(*va)) w = va;
 }
 
 // Without a voltage or a current its angle has no meaning.
@@ -51,8 +61,8 @@ void PowerChain::take_angles(std::size_t phase, const PhaseGroup& group, PhaseTe
 }
 
 SystemTexts PowerChain::take_system() {
-  PerPhase<double> w{};
-  PerPhase<DerivedRaw> var{0, 0, 0};  // 0 for phases not in use, whatever their last values
+  PerPhase<DerivedRaw> w{0, 0, 0};  // 0 for phases not in use, whatever their last values
+  PerPhase<DerivedRaw> var{0, 0, 0};
   for (std::size_t p = 0; p < phases_in_use(scaling_.wiring_system); ++p) {
     w[p] = raw.w_raw[p];
     var[p] = raw.var_raw[p];

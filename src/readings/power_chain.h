@@ -28,12 +28,16 @@ struct PhaseGroup {
   std::optional<double> v, i, w, v_angle, i_angle;
 };
 
-// The raw readings of the last groups. What the meter sent is over range at -1, what was derived when it has
-// no value.
+// The active power a phase goes on with when its magnitude exceeds that of its apparent power: the one sent,
+// as live readings show it, or the apparent one, with which no reactive power is left.
+enum class ActivePower { as_sent, at_most_apparent };
+
+// The raw readings of the last groups. Voltage, current and angles are as the meter sent them, over range at
+// -1; the powers have no value while they are over range.
 struct PowerReadings {
   PerPhase<double> v_raw{};
   PerPhase<double> i_raw{};
-  PerPhase<double> w_raw{};
+  PerPhase<DerivedRaw> w_raw{0, 0, 0};
   PerPhase<DerivedRaw> va_raw{0, 0, 0};
   PerPhase<DerivedRaw> var_raw{0, 0, 0};
   PerPhase<double> v_angle{};
@@ -63,12 +67,13 @@ struct SystemTexts {
 class PowerChain {
  public:
   // `scaling` outlives the chain; its wiring system decides which phases count.
-  explicit PowerChain(const Scaling& scaling)
+  explicit PowerChain(const Scaling& scaling, ActivePower active_power = ActivePower::as_sent)
       : readings(scaling),
         scaling_(scaling),
+        active_power_(active_power),
         phases_{Readings(scaling), Readings(scaling), Readings(scaling)},
         lines_{phases_} {}
-  explicit PowerChain(Scaling&&) = delete;
+  explicit PowerChain(Scaling&&, ActivePower = ActivePower::as_sent) = delete;
 
   // `phase` is 0, 1 or 2.
   PhaseTexts take_phase(std::size_t phase, const PhaseGroup& group);
@@ -81,9 +86,11 @@ class PowerChain {
 
  private:
   void take_powers(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
+  void limit_active_power(std::size_t phase);
   void take_angles(std::size_t phase, const PhaseGroup& group, PhaseTexts& texts);
 
   const Scaling& scaling_;
+  ActivePower active_power_;
   PerPhase<Readings> phases_;  // each keeps its own last text when a product does not fit
   PerPhase<Readings> lines_;
 };

@@ -32,13 +32,13 @@ double hundredths(std::int32_t thousandths) { return (thousandths / 10) / 100.0;
 
 }  // namespace
 
-void Readings::power_factor(double w, DerivedRaw va) {
-  if (!va || any_over_range({w})) {
+void Readings::power_factor(DerivedRaw w, DerivedRaw va) {
+  if (!va || !w) {
     pf_text = overload_text;
     pf_raw.reset();
     return;
   }
-  const auto ratio = ratio_in_thousandths(w, *va);
+  const auto ratio = ratio_in_thousandths(*w, *va);
   if (!ratio) return;
   pf_raw = ratio;
   pf_text = format_pattern(hundredths(*ratio), "0.00");

@@ -12,6 +12,10 @@
 
 namespace halden {
 
+// How large a scaled value of one phase may become. A live reading ends at 32 bits and keeps its last text; a
+// stored record has no last text of its own, so its values have no limit.
+enum class ProductLimit { int32, none };
+
 // The part of the meter's settings that the readings depend on.
 struct Scaling {
   std::int16_t ct_ratio = 0;       // current transformer, n to 1; 0 until the meter's status was read
@@ -20,6 +24,7 @@ struct Scaling {
   std::int16_t current_range = 0;  // 0..3: raw current counts 0.1 mA x 10^range, raw power 0.1 W x 10^range
   Wiring wiring_system = Wiring::w3p4w;
   std::int32_t md_period = 0;  // demand period in minutes
+  ProductLimit product_limit = ProductLimit::int32;
 };
 
 inline constexpr int over_range = -1;  // as the meter sends it
@@ -31,6 +36,8 @@ inline bool any_over_range(std::initializer_list<double> raw_values) {
 
 // A raw value that the program derives; nothing while it is over range. Unlike the meter's own it may be -1.
 using DerivedRaw = std::optional<double>;
+
+inline DerivedRaw from_meter(double raw) { return raw == over_range ? DerivedRaw() : DerivedRaw(raw); }
 
 // Angles are signed tenths of a degree, counter-clockwise positive. The program's pi has six digits; every
 // angle that is shown is calculated with it.

@@ -7,9 +7,9 @@
 // degree.
 //
 // Over range (-1 from the meter in an input that is checked, or a derived input without a value) writes the
-// overload text and clears the derived value. A product of one phase beyond 32 bits ends the call: the text
-// stays as it was; a derived value that was found before is new. Powers of the system, energies and demands
-// have no such limit.
+// overload text and clears the derived value. A product of one phase beyond the limit of the scaling ends the
+// call: the text stays as it was; a derived value that was found before is new. Powers of the system,
+// energies and demands have no such limit.
 #pragma once
 
 #include <cstdint>
@@ -51,12 +51,12 @@ struct Readings {
   // Positive when the voltage leads; va and w are checked.
   std::string var_text;
   DerivedRaw var_raw = 0;
-  void reactive_power(DerivedRaw va, double w, double angle_v, double angle_i);
+  void reactive_power(DerivedRaw va, DerivedRaw w, double angle_v, double angle_i);
 
   // pf_raw in thousandths, at most 1000; the text shows whole hundredths.
   std::string pf_text;
   std::optional<std::int32_t> pf_raw = 0;
-  void power_factor(double w, DerivedRaw va);
+  void power_factor(DerivedRaw w, DerivedRaw va);
 
   // Voltage against current in -1800..1800; v and i are checked.
   std::string angle_text;
@@ -66,7 +66,7 @@ struct Readings {
   // ---- the system: all three inputs are checked, the wiring system decides which are added ----
   std::string system_w_text;
   DerivedRaw system_w_raw = 0;
-  void system_active_power(double w1, double w2, double w3);
+  void system_active_power(DerivedRaw w1, DerivedRaw w2, DerivedRaw w3);
 
   std::string system_var_text;
   DerivedRaw system_var_raw = 0;
@@ -127,6 +127,9 @@ struct Readings {
   std::string average_va_text;
   double average_va_sum = 0;
   void advance_average_demand_va(double t);
+
+  // All of them for one sampling instant, in the order the meter's values are read; texts, then the reset.
+  void advance_energy_and_demand(double t);
 
   // At the end of a complete period: counter and the four sums to 0. Does nothing while t is 0.
   void reset_demand_period(double t);

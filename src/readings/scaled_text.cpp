@@ -33,46 +33,43 @@ int exponent_of_range(int range) {
 
 }  // namespace
 
-std::optional<double> product_32bit(double value, std::initializer_list<double> factors) {
+std::optional<double> limited_product(ProductLimit limit, double value,
+                                      std::initializer_list<double> factors) {
   for (const double factor : factors) {
     value *= factor;
-    if (!to_int32(value)) return std::nullopt;
+    if (limit == ProductLimit::int32 && !to_int32(value)) return std::nullopt;
   }
   return value;
 }
 
 std::optional<std::string> current_text_of(const Scaling& scaling, double raw) {
-  const std::optional<double> value =
-      product_32bit(raw, {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale)});
+  std::optional<double> value =
+      limited_product(scaling.product_limit, raw,
+                      {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale)});
   if (!value) return std::nullopt;
-  return stored_current_text_of(scaling, raw);
-}
 
-std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw) {
-  if (!product_32bit(raw, {static_cast<double>(scaling.pt_ratio)})) return std::nullopt;
-  return stored_voltage_text_of(scaling.pt_ratio, raw);
-}
-
-std::string stored_current_text_of(const Scaling& scaling, double raw) {
-  double value = raw * scaling.ct_ratio * static_cast<double>(scaling.current_scale);
   int exponent = exponent_of_range(scaling.current_range);
   // Behind a transformer milliamperes are never shown.
   if (exponent == 0 && scaling.ct_ratio != 1) {
-    value = static_cast<double>(integer_quotient(value, 10.0));
+    value = static_cast<double>(integer_quotient(*value, 10.0));
     exponent = 1;
   }
-  return prefix_text(value, exponent, Division::integer, current_units);
+  return prefix_text(*value, exponent, Division::integer, current_units);
 }
 
-std::string stored_voltage_text_of(double pt_ratio, double raw) {
-  return prefix_text(raw * pt_ratio, 0, Division::integer, voltage_units);
+std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw) {
+  const std::optional<double> value =
+      limited_product(scaling.product_limit, raw, {static_cast<double>(scaling.pt_ratio)});
+  if (!value) return std::nullopt;
+  return prefix_text(*value, 0, Division::integer, voltage_units);
 }
 
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units) {
   const std::optional<double> value =
-      product_32bit(raw, {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale),
-                          static_cast<double>(scaling.pt_ratio)});
+      limited_product(scaling.product_limit, raw,
+                      {static_cast<double>(scaling.ct_ratio), static_cast<double>(scaling.current_scale),
+                       static_cast<double>(scaling.pt_ratio)});
   if (!value) return std::nullopt;
   return prefix_text(*value, exponent_of_range(scaling.current_range), division, units);
 }

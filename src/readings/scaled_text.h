@@ -1,9 +1,9 @@
 // From a raw value through the transformer ratios and the clamp factor to a text, for every member of
 // Readings: four significant digits with an engineering prefix ("123.4mA", "1.234KV", "-12.34MW").
 //
-// The products of one phase have 32 bits: when one does not fit (each partial product counts) there is no
-// text, and the calling member keeps its old one. System powers, energies, demands and stored
-// records have no such limit.
+// The products of one phase have 32 bits unless the scaling has no limit: when one does not fit (each partial
+// product counts) there is no text, and the calling member keeps its old one. System powers, energies and
+// demands never have a limit.
 #pragma once
 
 #include <array>
@@ -32,19 +32,15 @@ inline constexpr UnitTable wh_units = {"WH", "KWH", "MWH", "GWH", "TWH"};
 inline constexpr UnitTable vah_units = {"VAH", "KVAH", "MVAH", "GVAH", "TVAH"};
 inline constexpr UnitTable varh_units = {"VARH", "KVARH", "MVARH", "GVARH", "TVARH"};
 
-// The product of all factors; nothing once a partial product leaves the 32-bit range.
-std::optional<double> product_32bit(double value, std::initializer_list<double> factors);
+// The product of all factors; nothing once a partial product leaves the range that the limit allows.
+std::optional<double> limited_product(ProductLimit limit, double value,
+                                      std::initializer_list<double> factors);
 
-// Raw values in 0.1 mA x 10^range, 0.1 V, and 0.1 W (VA, VAR) x 10^range. Nothing on a 32-bit overflow.
+// Raw values in 0.1 mA x 10^range, 0.1 V, and 0.1 W (VA, VAR) x 10^range. Nothing beyond the limit.
 std::optional<std::string> current_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> voltage_text_of(const Scaling& scaling, double raw);
 std::optional<std::string> power_text_of(const Scaling& scaling, double raw, Division division,
                                          const UnitTable& units);
-
-// The same without a limit, for stored records: each has texts of its own, so none may keep an older one. A
-// ratio is 1 or more.
-std::string stored_current_text_of(const Scaling& scaling, double raw);
-std::string stored_voltage_text_of(double pt_ratio, double raw);
 
 // Powers of the system, energies and demands: `raw` in 0.1 W (Wh, VA, ...) x 10^range, without a limit.
 std::string real_power_text_of(const Scaling& scaling, double raw, const UnitTable& units);

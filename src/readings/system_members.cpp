@@ -19,17 +19,14 @@ DerivedRaw sum_of_phases(Wiring wiring_system, DerivedRaw phase_1, DerivedRaw ph
   return *phase_1 + *phase_2 + *phase_3;
 }
 
-DerivedRaw unless_over_range(double raw) { return raw == over_range ? DerivedRaw() : DerivedRaw(raw); }
-
 std::string text_of(const Scaling& scaling, DerivedRaw raw, const UnitTable& units) {
   return raw ? real_power_text_of(scaling, *raw, units) : std::string(overload_text);
 }
 
 }  // namespace
 
-void Readings::system_active_power(double w1, double w2, double w3) {
-  system_w_raw = sum_of_phases(scaling_.wiring_system, unless_over_range(w1), unless_over_range(w2),
-                               unless_over_range(w3));
+void Readings::system_active_power(DerivedRaw w1, DerivedRaw w2, DerivedRaw w3) {
+  system_w_raw = sum_of_phases(scaling_.wiring_system, w1, w2, w3);
   system_w_text = text_of(scaling_, system_w_raw, w_units);
 }
 

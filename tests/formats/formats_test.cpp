@@ -84,6 +84,8 @@ TEST(FileHeaders, TellHowTheMeterWasSet) {
   EXPECT_EQ(power_settings_line(Wiring::w3p4w, set), "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1");
   EXPECT_EQ(power_settings_line(Wiring{7}, {"Auto", "", "", "100", "35"}),
             "????,Hz=Auto,MD=,SEC=,CT=100,VT=35");
+  EXPECT_EQ(stored_power_settings_line(Wiring::w3p4w, set, 5), "3P4W,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=I3");
+  EXPECT_EQ(stored_power_settings_line(Wiring::w1p2w, set, 6), "1P2W,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=");
   EXPECT_EQ(harmonics_settings_line({Wiring::w1p2w, 5, 1}, set),
             "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=I3,SYS=1P2W,,NO.=100 ,OPTION=D");
   EXPECT_EQ(waveform_settings_line({Wiring::w3p4w, 0, 0}, set),

@@ -159,13 +159,16 @@ TEST(ReactivePower, MagnitudeAndSign) {
                          {{500, 300, 900, -900}, 400, "040.0VAR"},
                          {{500, 300, -900, 900}, -400, "-040.0VAR"},
                          {{500, 300, -1, 100}, -400, "-040.0VAR"},
-                         {{-1, 0, 0, 0}, 0, "000.0VAR"},  // a VA of -1 is a number
-                         {{500, -1, 0, 0}, {}, "  OL "}};
+                         {{-1, 0, 0, 0}, 0, "000.0VAR"},       // a VA of -1 is a number
+                         {{500, -1, 0, 0}, 499, "049.9VAR"}};  // and so is a W of -1
   expect_rows(&Readings::reactive_power, &Readings::var_text, &Readings::var_raw, rows);
   Readings readings(unscaled);
-  readings.reactive_power(std::nullopt, 300, 0, 0);
-  EXPECT_EQ(readings.var_text, "  OL ");
-  EXPECT_EQ(readings.var_raw, std::nullopt);
+  for (const auto& [va, w] : {std::pair<DerivedRaw, DerivedRaw>({}, 300), {500, {}}}) {
+    readings.reactive_power(500, 300, 0, 0);
+    readings.reactive_power(va, w, 0, 0);
+    EXPECT_EQ(readings.var_text, "  OL ");
+    EXPECT_EQ(readings.var_raw, std::nullopt);
+  }
 }
 
 // 10005 W / VA, rounded, \ 10, and the text is cut: 6670 \ 10 (with 10000 it would be 666), 9994.995 -> 9995
@@ -176,10 +179,13 @@ TEST(PowerFactor, RatioLimitAndText) {
                          {{999, 1000}, 999, "0.99"},      {{9995, 10000}, 1000, "1.00"},
                          {{1200, 1000}, 1000, "1.00"},    {{-500, -1000}, 500, "0.50"},
                          {{-1200, 1000}, -1200, "-1.20"}, {{-9, 1000}, -9, "0.00"},
-                         {{-1, 1000}, {}, "  OL "},       {{1, -1}, -1000, "-1.00"}};
+                         {{-1, 1000}, -1, "0.00"},        {{1, -1}, -1000, "-1.00"}};
   expect_rows(&Readings::power_factor, &Readings::pf_text, &Readings::pf_raw, rows);
   Readings readings(unscaled);
   readings.power_factor(999, std::nullopt);
+  EXPECT_EQ(readings.pf_text, "  OL ");
+  readings.power_factor(999, 1000);
+  readings.power_factor(std::nullopt, 1000);
   EXPECT_EQ(readings.pf_text, "  OL ");
 }
 

@@ -23,7 +23,7 @@ TEST(SystemPower, AddsThePhasesOfTheWiring) {
   for (const auto& c : cases) {
     const Scaling scaling = {.ct_ratio = 1, .pt_ratio = 1, .wiring_system = c.wiring};
     Readings readings(scaling);
-    readings.system_active_power(c.raw[0], c.raw[1], c.raw[2]);
+    readings.system_active_power(from_meter(c.raw[0]), from_meter(c.raw[1]), from_meter(c.raw[2]));
     readings.system_reactive_power(c.raw[0], c.raw[1], c.raw[2]);
     EXPECT_EQ(readings.system_w_text + ' ' + readings.system_var_text, c.texts);
     EXPECT_EQ(readings.system_w_raw, c.sum) << c.texts;

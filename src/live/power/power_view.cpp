@@ -53,16 +53,7 @@ void PowerView::follow_sampling_instant() {
 
 void PowerView::advance_energy_and_demand() {
   Readings& readings = chain_.readings;
-  const double sample_time_s = sample_clock_.sample_time_s();
-  readings.advance_energy_wh(sample_time_s);
-  readings.advance_energy_varh(sample_time_s);
-  readings.advance_energy_vah(sample_time_s);
-  readings.energy_power_factor();
-  readings.count_demand_sample();
-  readings.advance_maximum_demand_w(sample_time_s);
-  readings.advance_maximum_demand_va(sample_time_s);
-  readings.advance_average_demand_w(sample_time_s);
-  readings.advance_average_demand_va(sample_time_s);
+  readings.advance_energy_and_demand(sample_clock_.sample_time_s());
   window_.set_text("WH_sys_value", readings.energy_wh_text);
   window_.set_text("VARH_sys_value", readings.energy_varh_text);
   window_.set_text("VAH_sys_value", readings.energy_vah_text);
@@ -71,7 +62,6 @@ void PowerView::advance_energy_and_demand() {
   window_.set_text("VA_MD_value", readings.demand_va_text);
   window_.set_text("W_AD_value", readings.average_w_text);
   window_.set_text("VA_AD_value", readings.average_va_text);
-  readings.reset_demand_period(sample_time_s);
 }
 
 void PowerView::reset_kwh() {
@@ -98,8 +88,8 @@ std::string PowerView::header() {
 }
 
 RecordLine PowerView::record() const {
-  return power_record(status_.wiring_system, sample_clock_.instant_date(), sample_clock_.sampling_instant(),
-                      shown_texts(window_));
+  return power_record(status_.wiring_system, record_date(sample_clock_.instant_date()),
+                      sample_clock_.sampling_instant(), shown_texts(window_));
 }
 
 }  // namespace halden
