@@ -1,14 +1,19 @@
 #include "simulator/faults.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
+
+#include "simulator/sending.h"
 
 namespace halden::simulator {
 
 namespace {
 
 constexpr std::size_t noise_every = 7;
+constexpr double longest_sending_on_s = 86400.0;
+constexpr std::size_t most_added_bytes = 1'000'000;
 
 // A well-mixed number from a counter (the finalizer of splitmix64), so that no random device is needed.
 std::uint64_t mixed(std::uint64_t x) {
@@ -63,10 +68,21 @@ bool switch_on_flag(std::string_view name, Faults& faults) {
   return false;
 }
 
-bool switch_on_split(std::string_view value, Faults& faults) {
+bool parse_pause(std::string_view value, std::size_t& after, double& pause_s) {
   const auto colon = value.find(':');
-  return colon != std::string_view::npos && parse_all(value.substr(0, colon), faults.split_after) &&
-         parse_all(value.substr(colon + 1), faults.split_pause_s);
+  return colon != std::string_view::npos && parse_all(value.substr(0, colon), after) &&
+         parse_all(value.substr(colon + 1), pause_s);
+}
+
+bool parse_file_fault(std::string_view name, std::string_view value, FileFaults& faults) {
+  if (name == "file_cut") return parse_all(value, faults.cut_after.emplace());
+  if (name == "file_lose") return parse_all(value, faults.lost_byte.emplace());
+  if (name == "file_extra")
+    return parse_all(value, faults.extra_bytes) && faults.extra_bytes <= most_added_bytes;
+  if (name == "file_pause") return parse_pause(value, faults.pause_after, faults.pause_s);
+  if (name == "file_sends_on")
+    return parse_all(value, faults.sends_on_s) && faults.sends_on_s <= longest_sending_on_s;
+  return name == "wrong_index" && parse_all(value, faults.wrong_index.emplace());
 }
 
 bool parse_fault(std::string_view fault, Faults& faults) {
@@ -77,7 +93,8 @@ bool parse_fault(std::string_view fault, Faults& faults) {
   if (name == "cut") return parse_all(value, faults.cut_after.emplace());
   if (name == "drop") return parse_all(value, faults.drop_every);
   if (name == "late") return parse_all(value, faults.late_s);
-  return name == "split" && switch_on_split(value, faults);
+  if (name == "split") return parse_pause(value, faults.split_after, faults.split_pause_s);
+  return parse_file_fault(name, value, faults.file);
 }
 
 }  // namespace
@@ -90,6 +107,13 @@ std::string with_faults(std::string reply, const Faults& faults) {
   reply.insert(0, faults.garbage_prefix);
   if (faults.cut_after && *faults.cut_after < reply.size()) reply.resize(*faults.cut_after);
   return reply;
+}
+
+std::string with_file_faults(std::string bytes, const FileFaults& faults) {
+  if (faults.lost_byte && *faults.lost_byte < bytes.size()) bytes.erase(*faults.lost_byte, 1);
+  if (faults.cut_after && *faults.cut_after < bytes.size()) bytes.resize(*faults.cut_after);
+  const double added = std::min(faults.sends_on_s, longest_sending_on_s) * bytes_per_second;
+  return bytes + meaningless(faults.extra_bytes + static_cast<std::size_t>(added));
 }
 
 char meaningless_byte(std::uint64_t position) {

@@ -10,6 +10,18 @@
 
 namespace halden::simulator {
 
+// Faults of what the meter sends as a stored file or a transient report. Every other reply stays whole, so
+// that a transfer can be spoiled whose status query goes well.
+struct FileFaults {
+  std::optional<std::size_t> cut_after;  // the meter stops after that many bytes
+  std::optional<std::size_t> lost_byte;  // that byte (from 0) is lost
+  std::size_t extra_bytes = 0;           // meaningless bytes behind the file
+  std::size_t pause_after = 0;           // the meter pauses after that many bytes ...
+  double pause_s = 0.0;                  // ... for that long
+  double sends_on_s = 0.0;               // meaningless bytes behind the file for that long, at most a day
+  std::optional<int> wrong_index;        // every selection selects this file
+};
+
 struct Faults {
   bool silence = false;                  // receives, but answers nothing
   bool garbage = false;                  // replies of the usual length, but meaningless
@@ -24,6 +36,7 @@ struct Faults {
   bool restarts = false;                 // a request drops the rest of the reply that is being sent
   bool endless_stream = false;           // 960 bytes a second without a frame in them; no request is answered
   bool unplugged = false;                // nothing gets in or out
+  FileFaults file;
   std::optional<std::string> status_reply;     // sent instead of the status reply
   std::optional<std::string> next_live_frame;  // sent once, instead of the reply to the next " " or "W"
 };
@@ -31,13 +44,17 @@ struct Faults {
 // The reply as it leaves a meter with these faults.
 std::string with_faults(std::string reply, const Faults& faults);
 
+// The stored file or report as it leaves a meter with these faults, all but the pause.
+std::string with_file_faults(std::string bytes, const FileFaults& faults);
+
 // Byte number `position` of an endless meaningless text: lower-case letters and digits, so that it contains
 // no frame mark.
 char meaningless_byte(std::uint64_t position);
 
 // Switches on a fault given by name: "silence", "garbage", "doubled", "noise", "restarts", "stream",
-// "unplugged", or with a number "cut=BYTES", "drop=EVERY", "late=SECONDS", "split=BYTES:SECONDS". False when
-// the text is none of these.
+// "unplugged", or with a number "cut=BYTES", "drop=EVERY", "late=SECONDS", "split=BYTES:SECONDS", and of
+// stored files "file_cut=BYTES", "file_lose=BYTE", "file_extra=BYTES", "file_pause=BYTES:SECONDS",
+// "file_sends_on=SECONDS", "wrong_index=FILE". False when the text is none of these.
 bool switch_on(std::string_view fault, Faults& faults);
 
 }  // namespace halden::simulator

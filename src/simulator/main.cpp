@@ -37,10 +37,10 @@ void describe(CLI::App& app, Options& options) {
   app.add_option("--mode", options.mode, "power or harmonics")
       ->capture_default_str()
       ->check(CLI::IsMember({"power", "harmonics"}));
-  app.add_option(
-         "--fault", options.faults,
-         "silence, garbage, doubled, noise, restarts, stream, unplugged, cut=BYTES, drop=EVERY, late=SECONDS "
-         "or split=BYTES:SECONDS (repeatable)")
+  app.add_option("--fault", options.faults,
+                 "silence, garbage, doubled, noise, restarts, stream, unplugged, cut=BYTES, drop=EVERY, "
+                 "late=SECONDS, split=BYTES:SECONDS, file_cut=BYTES, file_lose=BYTE, file_extra=BYTES, "
+                 "file_pause=BYTES:SECONDS, file_sends_on=SECONDS or wrong_index=FILE (repeatable)")
       ->check([](const std::string& fault) {
         simulator::Faults ignored;
         return simulator::switch_on(fault, ignored) ? std::string() : "unknown fault: " + fault;

@@ -12,6 +12,12 @@ namespace {
 constexpr std::size_t max_logged_bytes = 100'000;
 constexpr std::ptrdiff_t dropped_at_once = 10'000;
 
+constexpr char erase_byte = '\x03';
+constexpr char download_byte = '\x04';
+
+// The two bytes come 2 s apart. A single one from a program that ended must not wait for another for ever.
+constexpr double erase_pair_s = 5.0;
+
 }  // namespace
 
 void Meter::receive(std::string_view bytes, double now_s) {
@@ -19,8 +25,13 @@ void Meter::receive(std::string_view bytes, double now_s) {
   if (faults_.unplugged) return;
   for (const char byte : bytes) {
     log_byte(byte, now_s);
-    if (!commands_.take(byte, now_s, settings_)) answer(byte, now_s);
+    take_byte(byte, now_s);
   }
+}
+
+void Meter::press_transient(double now_s) {
+  advance(now_s);
+  if (!faults_.unplugged) send_file(memory_.transient_report, now_s);
 }
 
 std::string Meter::take_output(double now_s) {
@@ -57,19 +68,59 @@ void Meter::log_byte(char byte, double now_s) {
   log_.push_back({now_s, byte});
 }
 
+void Meter::take_byte(char byte, double now_s) {
+  const bool taken = commands_.take(byte, now_s, settings_);
+  if (!taken && byte == erase_byte) return take_erase_byte(now_s);
+  first_erase_byte_s_.reset();
+  if (!taken) answer(byte, now_s);
+  if (const std::optional<int> file = commands_.take_selected_file())
+    memory_.select(faults_.file.wrong_index.value_or(*file));
+}
+
+void Meter::take_erase_byte(double now_s) {
+  const std::optional<double> first_s = std::exchange(first_erase_byte_s_, now_s);
+  if (!first_s || now_s - *first_s > erase_pair_s) return;
+  first_erase_byte_s_.reset();
+  memory_.erase();
+  settings_.logger = {};
+}
+
 void Meter::answer(char request, double now_s) {
-  if (faults_.silence || faults_.endless_stream) return;
-  if (!faults_.restarts && !replies_.has_room()) return;
+  if (request == download_byte) return send_file(memory_.selected_bytes(), now_s);
+  if (!may_send()) return;
   const std::string reply = reply_to(request, now_s);
   if (reply.empty()) return;
-  if (faults_.restarts) replies_.stop();
   if (request != '?' && on_frame) on_frame(now_s, reply);
-  replies_.send({with_faults(reply, faults_), now_s + settings_.reply_latency_s + faults_.late_s,
-                 faults_.split_after, faults_.split_pause_s});
+  send({with_faults(reply, faults_), now_s, faults_.split_after, faults_.split_pause_s});
+}
+
+bool Meter::may_send() const {
+  if (faults_.silence || faults_.endless_stream) return false;
+  return faults_.restarts || replies_.has_room();
+}
+
+void Meter::send(Transmission reply) {
+  if (faults_.restarts) replies_.stop();
+  reply.start_s += settings_.reply_latency_s + faults_.late_s;
+  replies_.send(std::move(reply));
+}
+
+void Meter::send_file(const std::string& bytes, double now_s) {
+  if (bytes.empty() || !may_send()) return;
+  const FileFaults& file = faults_.file;
+  const bool pauses = file.pause_s > 0.0;
+  send({with_faults(with_file_faults(bytes, file), faults_), now_s,
+        pauses ? file.pause_after : faults_.split_after, pauses ? file.pause_s : faults_.split_pause_s});
+}
+
+std::string Meter::status(double now_s) const {
+  MeterSettings told = settings_;
+  if (!memory_.empty()) told.logger = memory_.selected_settings();
+  return status_reply(told, uptime_s(now_s));
 }
 
 std::string Meter::reply_to(char request, double now_s) {
-  if (request == '?') return faults_.status_reply.value_or(status_reply(settings_, uptime_s(now_s)));
+  if (request == '?') return faults_.status_reply.value_or(status(now_s));
   if (request != ' ' && request != 'W') return {};
   if (faults_.next_live_frame) return *std::exchange(faults_.next_live_frame, std::nullopt);
   return live_reply(request, now_s);

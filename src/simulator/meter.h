@@ -5,8 +5,12 @@
 //   " "               power mode: power frame; harmonics mode: harmonics frame
 //   "W"               harmonics mode: waveform frame; power mode: none
 //   "?"               status reply
-//   C V F M S         setting commands, no answer (setting_commands.h)
+//   C V F M S R       commands with a number, no answer (setting_commands.h); "R" selects a stored file
+//   0x04              the bytes of the selected file; none while no file is stored
+//   0x03 0x03         erases all stored files, no answer; a byte between them or more than 5 s calls it off
 //   any other byte    ignored
+//
+// The transient report is sent without a request, when its button on the meter is pressed.
 //
 // A reply starts a latency after its request and follows the reply still being sent. While one reply is
 // being sent, at most one further request is kept, because the memory of the meter is small. A
@@ -17,12 +21,14 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "simulator/faults.h"
 #include "simulator/load.h"
+#include "simulator/memory.h"
 #include "simulator/meter_settings.h"
 #include "simulator/sending.h"
 #include "simulator/setting_commands.h"
@@ -42,7 +48,11 @@ class Meter {
   // time.
   void receive(std::string_view bytes, double now_s);
 
-  // Everything that has arrived at the other end and was not taken yet; the newest 64 KiB of it.
+  // The user presses the button that sends the transient report.
+  void press_transient(double now_s);
+
+  // Everything that has arrived at the other end and was not taken yet; the newest 64 KiB of it, or as many
+  // bytes as the longest reply has.
   std::string take_output(double now_s);
   std::size_t output_waiting(double now_s) const;
 
@@ -52,6 +62,9 @@ class Meter {
   MeterSettings& settings() { return settings_; }
   Load& load() { return load_; }
   Faults& faults() { return faults_; }
+
+  // Once it holds a file, the status reply tells the selected file instead of settings().logger.
+  Memory& memory() { return memory_; }
 
   // Called with each live frame that is going to be sent and the time of its request. The meter keeps no
   // list of what it sent; a test of a long run keeps its own.
@@ -64,14 +77,22 @@ class Meter {
   void advance(double now_s);
   double uptime_s(double now_s) const { return now_s - switched_on_s_; }
   void log_byte(char byte, double now_s);
+  void take_byte(char byte, double now_s);
+  void take_erase_byte(double now_s);
   void answer(char request, double now_s);
+  bool may_send() const;
+  void send(Transmission reply);
+  void send_file(const std::string& bytes, double now_s);
+  std::string status(double now_s) const;
   std::string reply_to(char request, double now_s);
   std::string live_reply(char request, double now_s) const;
 
   MeterSettings settings_;
   Load load_;
   Faults faults_;
+  Memory memory_;
   SettingCommands commands_;
+  std::optional<double> first_erase_byte_s_;
   SendQueue replies_;
   EndlessStream stream_;
   std::vector<ReceivedByte> log_;

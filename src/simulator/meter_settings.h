@@ -22,6 +22,15 @@ constexpr int phases_in_use(Wiring wiring) {
   return std::array{1, 2, 3, 3}[static_cast<std::size_t>(wiring)];
 }
 
+struct MeterClock {
+  int year = 2026;
+  int month = 5;
+  int day = 12;
+  int hour = 9;
+  int minute = 30;
+  int second = 0;
+};
+
 // The settings under which the selected stored file was recorded.
 struct LoggerSettings {
   int data_type = 1;  // 0 harmonics, 1 power data, bit 1 set: hardcopy
@@ -35,15 +44,8 @@ struct LoggerSettings {
   int clamp_flags = 0;  // bits 14 and 15
   int file_index = 0;
   int file_count = 0;
-};
-
-struct MeterClock {
-  int year = 2026;
-  int month = 5;
-  int day = 12;
-  int hour = 9;
-  int minute = 30;
-  int second = 0;
+  std::optional<MeterClock> file_start =
+      std::nullopt;  // without one the status reply tells the meter's clock
 };
 
 struct MeterSettings {

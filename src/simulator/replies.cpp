@@ -159,9 +159,9 @@ std::string waveform_frame(const Load& load, const MeterSettings& settings, doub
 }
 
 std::string status_reply(const MeterSettings& settings, double uptime_s) {
+  const MeterClock told = settings.logger.file_start.value_or(clock_after(settings.clock_start, uptime_s));
   std::string reply;
-  for (const int value : status_values(settings, clock_after(settings.clock_start, uptime_s)))
-    reply += zero_padded(value, 5) + " ";
+  for (const int value : status_values(settings, told)) reply += zero_padded(value, 5) + " ";
   return reply;
 }
 

@@ -49,6 +49,8 @@ std::string waveform_frame(const Load& load, const MeterSettings& settings, doub
 //    7 CT ratio              16 recorded frequency     25 0                      34 second
 //    8 sampling, s           17 recorded range x 256   26 0                      35 number of stored files
 //    9 0                     18 recorded PT ratio      27 clamp (bits 9 and 10)
+//
+// Fields 29 to 34 are the start of the selected file, and the meter's clock while no file is stored.
 std::string status_reply(const MeterSettings& settings, double uptime_s);
 
 }  // namespace halden::simulator

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "simulator/faults.h"
 
@@ -18,8 +19,8 @@ std::uint64_t bytes_in(double elapsed_s) {
   return elapsed_s <= 0.0 ? 0 : static_cast<std::uint64_t>(std::floor(elapsed_s * bytes_per_second + 1e-4));
 }
 
-void keep_newest(std::string& bytes) {
-  if (bytes.size() > max_untaken_bytes) bytes.erase(0, bytes.size() - max_untaken_bytes);
+void keep_newest(std::string& bytes, std::size_t limit) {
+  if (bytes.size() > limit) bytes.erase(0, bytes.size() - limit);
 }
 
 }  // namespace
@@ -37,12 +38,18 @@ double Transmission::arrival_s(std::size_t index) const {
 void SendQueue::send(Transmission reply) {
   if (reply.bytes.empty()) return;
   if (!queue_.empty()) reply.start_s = std::max(reply.start_s, queue_.back().end_s());
+  limit_ = std::max(limit_, reply.bytes.size());
   queue_.push_back(std::move(reply));
 }
 
 void SendQueue::stop() {
   queue_.clear();
   collected_ = 0;
+}
+
+std::string SendQueue::take() {
+  if (queue_.empty()) limit_ = max_untaken_bytes;
+  return std::exchange(arrived_, {});
 }
 
 void SendQueue::catch_up(double now_s) {
@@ -55,13 +62,13 @@ void SendQueue::catch_up(double now_s) {
     queue_.pop_front();
     collected_ = 0;
   }
-  keep_newest(arrived_);
+  keep_newest(arrived_, limit_);
 }
 
 std::size_t SendQueue::waiting(double now_s) const {
   std::size_t count = arrived_.size();
   for (const Transmission& transmission : queue_) count += transmission.arrived(now_s);
-  return std::min(count - collected_, max_untaken_bytes);
+  return std::min(count - collected_, limit_);
 }
 
 double SendQueue::next_s(double now_s) const {

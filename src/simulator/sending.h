@@ -7,12 +7,11 @@
 #include <deque>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace halden::simulator {
 
 inline constexpr double bytes_per_second = 960.0;
-inline constexpr std::size_t max_untaken_bytes = 65536;
+inline constexpr std::size_t max_untaken_bytes = 65536;  // a stored file may be longer and is kept whole
 
 // One reply on its way. Byte i (from 0) has arrived (i + 1) / 960 s after the start, later ones after the
 // pause.
@@ -43,16 +42,17 @@ class SendQueue {
   // dropped.
   void send(Transmission reply);
 
-  std::string take() { return std::exchange(arrived_, {}); }
+  std::string take();
   std::size_t waiting(double now_s) const;
 
   // When the next byte arrives after now_s; infinity when none is on its way.
   double next_s(double now_s) const;
 
  private:
-  std::deque<Transmission> queue_;  // not sent completely yet
-  std::size_t collected_ = 0;       // bytes of the first transmission that are in arrived_ already
-  std::string arrived_;             // not taken yet; the newest max_untaken_bytes
+  std::deque<Transmission> queue_;         // not sent completely yet
+  std::size_t collected_ = 0;              // bytes of the first transmission that are in arrived_ already
+  std::string arrived_;                    // not taken yet; the newest limit_ bytes
+  std::size_t limit_ = max_untaken_bytes;  // as long as the longest reply not taken yet, if that is longer
 };
 
 // An endless stream of meaningless bytes, generated only when they are taken.

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 #include <string_view>
 
 namespace halden::simulator {
 
 namespace {
 
-constexpr std::string_view command_letters = "CVMSF";
+constexpr std::string_view command_letters = "CVMSFR";
 constexpr std::size_t longest_value = 5;
 
 // After a program that ended in the middle of a command, the meter must answer requests again.
@@ -47,7 +46,11 @@ bool SettingCommands::take(char byte, double now_s, MeterSettings& settings) {
     letter_ = byte;
     value_.clear();
   } else if (byte == '\r') {
-    if (const auto value = value_of(value_)) apply(letter_, *value, settings);
+    const std::optional<int> value = value_of(value_);
+    if (letter_ == 'R')
+      selected_file_ = value;
+    else if (value)
+      apply(letter_, *value, settings);
     letter_ = '\0';
   } else if (value_.size() <= longest_value) {
     value_ += byte;
