@@ -163,12 +163,12 @@ TEST(ReactivePower, MagnitudeAndSign) {
                          {{500, -1, 0, 0}, 499, "049.9VAR"}};  // and so is a W of -1
   expect_rows(&Readings::reactive_power, &Readings::var_text, &Readings::var_raw, rows);
   Readings readings(unscaled);
-  for (const auto& [va, w] : {std::pair<DerivedRaw, DerivedRaw>({}, 300), {500, {}}}) {
-    readings.reactive_power(500, 300, 0, 0);
-    readings.reactive_power(va, w, 0, 0);
-    EXPECT_EQ(readings.var_text, "  OL ");
-    EXPECT_EQ(readings.var_raw, std::nullopt);
-  }
+  readings.reactive_power(std::nullopt, 300, 0, 0);
+  EXPECT_EQ(readings.var_text, "  OL ");
+  EXPECT_EQ(readings.var_raw, std::nullopt);
+  readings.reactive_power(500, 300, 0, 0);
+  readings.reactive_power(500, std::nullopt, 0, 0);
+  EXPECT_EQ(readings.var_text, "  OL ");
 }
 
 // 10005 W / VA, rounded, \ 10, and the text is cut: 6670 \ 10 (with 10000 it would be 666), 9994.995 -> 9995
