@@ -20,8 +20,8 @@ constexpr int lost_after = 16;
 constexpr int give_up_after = 20;
 constexpr double arriving_pause_s = 0.2;
 
-// A harmonics or waveform frame takes more than two seconds. While its bytes arrive a tick is not missed; more
-// bytes than this without a frame among them are no frame.
+// A harmonics or waveform frame takes more than two seconds. While its bytes arrive a tick is not missed;
+// more bytes than this without a frame among them are no frame.
 constexpr std::size_t longest_frame_and_rest = 2 * waveform_frame_length;
 
 bool holds_frame_marks(const std::string& buffer) {
@@ -51,7 +51,6 @@ void LivePoll::tick() {
   waits_.drain_while_arriving(arriving_pause_s, live_buffer(state_));
   switch (frames_.take_frame()) {
     case FrameOutcome::complete:
-    case FrameOutcome::not_shown:
       state_.missed_polls = 0;
       state_.link_lost = 0;
       break;

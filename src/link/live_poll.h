@@ -12,12 +12,11 @@ namespace halden {
 
 // What became of the contents of a live buffer.
 enum class FrameOutcome {
-  complete,            // a whole frame is on the screen, and the next one is requested
-  not_shown,           // the same, but the view does not show it
-  damaged,             // a frame that has a value missing; the next one is requested
-  discarded,           // a frame that cannot be used: what was received is thrown away, and a new one requested
-  incomplete,          // no frame, or one that is still arriving
-  other_mode,          // a frame of the meter's other mode
+  complete,    // a whole frame is on the screen, and the next one is requested
+  damaged,     // a frame that has a value missing; the next one is requested
+  discarded,   // a frame that cannot be used: what was received is thrown away, and a new one requested
+  incomplete,  // no frame, or one that is still arriving
+  other_mode,  // a frame of the meter's other mode
   other_mode_arriving  // the same, not whole yet
 };
 

@@ -20,11 +20,9 @@ FrameOutcome LiveMonitor::take_frame() {
     frame_rate_ = {};
   }
   if (outcome == FrameOutcome::discarded) ++damaged_frames_;
-  if (outcome == FrameOutcome::complete || outcome == FrameOutcome::not_shown) {
+  if (outcome == FrameOutcome::complete) {
     frame_rate_.count(clock_.monotonic_s());
     last_whole_ = {clock_.monotonic_s(), clock_.seconds_since_midnight()};
-  }
-  if (outcome == FrameOutcome::complete) {
     const std::vector<LiveListener*> listeners = listeners_;  // one may remove itself
     for (LiveListener* listener : listeners) listener->frame_shown();
     sample_clock_.remember_instant();

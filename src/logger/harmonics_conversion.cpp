@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "formats/file_headers.h"
+#include "logger/recorded_settings.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
 #include "readings/scaled_text.h"
@@ -26,14 +27,6 @@ constexpr double thd_of_100_percent = 1000;
 float recorded_clamp_factor(std::int16_t clamp_flags) {
   constexpr std::array<float, 4> factors = {1.0F, 1.0F, 3.0F, 1.2F};
   return factors[static_cast<std::uint16_t>(clamp_flags) >> 14U];
-}
-
-// A ratio of 0 was never set.
-std::int16_t recorded_ratio(std::int16_t ratio) { return ratio == 0 ? std::int16_t{1} : ratio; }
-
-std::string_view frequency_text(int frequency_code) {
-  if (frequency_code == 1) return "50";
-  return frequency_code == 2 ? "60" : "Auto";
 }
 
 std::string_view range_text(int range) {
@@ -63,7 +56,7 @@ std::string HarmonicsConversion::header() const {
   const std::string vt = format_pattern(scaling_.pt_ratio, "###0");
   const WaveSource source{.wiring_system = scaling_.wiring_system, .harmonic_channel = channel_};
   return header_lines(
-      stored_harmonics_settings_line(source, {frequency_text(frequency_code_), md, sec, ct, vt}),
+      stored_harmonics_settings_line(source, {recorded_frequency_text(frequency_code_), md, sec, ct, vt}),
       stored_harmonics_column_line());
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "formats/file_headers.h"
+#include "logger/recorded_settings.h"
 #include "readings/patterns.h"
 #include "readings/wiring.h"
 
@@ -23,20 +24,13 @@ PowerQuantity following(PowerQuantity first, std::size_t offset) {
   return static_cast<PowerQuantity>(static_cast<std::size_t>(first) + offset);
 }
 
-std::int16_t at_least_one(std::int16_t ratio) { return ratio == 0 ? std::int16_t{1} : ratio; }
-
 RecordedSettings usable(RecordedSettings recorded) {
   Scaling& scaling = recorded.scaling;
-  scaling.ct_ratio = at_least_one(scaling.ct_ratio);
-  scaling.pt_ratio = at_least_one(scaling.pt_ratio);
+  scaling.ct_ratio = recorded_ratio(scaling.ct_ratio);
+  scaling.pt_ratio = recorded_ratio(scaling.pt_ratio);
   scaling.product_limit = ProductLimit::none;
   recorded.interval_s = std::max(recorded.interval_s, std::int16_t{0});
   return recorded;
-}
-
-std::string_view frequency_text(std::int16_t code) {
-  if (code == 1) return "50";
-  return code == 2 ? "60" : "Auto";
 }
 
 PhaseGroup values_of(const StoredGroup& group) {
@@ -58,7 +52,7 @@ std::string PowerConversion::settings_line() const {
   const std::string ct = format_pattern(scaling.ct_ratio, "###0");
   const std::string pt = format_pattern(scaling.pt_ratio, "###0");
   return stored_power_settings_line(scaling.wiring_system,
-                                    {frequency_text(recorded_.frequency_code), md, interval, ct, pt},
+                                    {recorded_frequency_text(recorded_.frequency_code), md, interval, ct, pt},
                                     recorded_.channel);
 }
 

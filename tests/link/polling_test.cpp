@@ -194,11 +194,12 @@ TEST_F(LivePollTest, ASilentMeterIsAskedAgainEveryFourthTickAndGivenUpAfterTwent
   EXPECT_EQ(state.link_lost, 0);
 }
 
-// Noise and damaged frames count as missed; a damaged one has been asked for again already.
+// Noise and damaged frames count as missed; a damaged one has been asked for again already. A discarded one
+// empties the buffer: the first tick asks anew, the sixteen after it are missed, every fourth asks again.
 TEST_F(LivePollTest, OnlyWholeFramesEndTheCountOfMissedTicks) {
   const std::tuple<FrameOutcome, int, const char*> rows[] = {{FrameOutcome::incomplete, 17, "    "},
                                                              {FrameOutcome::damaged, 17, ""},
-                                                             {FrameOutcome::not_shown, 0, ""},
+                                                             {FrameOutcome::discarded, 16, "     "},
                                                              {FrameOutcome::other_mode, 3, ""},
                                                              {FrameOutcome::other_mode_arriving, 17, "    "}};
   for (const auto& [outcome, missed, requests] : rows) {
