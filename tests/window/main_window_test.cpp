@@ -31,6 +31,7 @@
 #include "screen/meter_rec/main_window.h"
 #include "screen/meter_rec/menus.h"
 #include "screen/meter_rec/panels.h"
+#include "screen/ui/elided_label.h"
 #include "screen/ui/menu_corner.h"
 #include "screen/windows.h"
 #include "simulator/simulated_port.h"
