@@ -41,6 +41,25 @@ TEST(ReadingText, GrowsToTheRoomAndNotBeyond) {
   EXPECT_EQ(largest_reading(reading, QSize(5, 5), 6, 400), 6);
 }
 
+// The lower part of "Hardcopy" and of Chinese texts stood below the panel.
+TEST(ReadingText, LettersBelowTheBaselineStandInsideTheField) {
+  const auto inked_pixels = [](const char* text, Qt::Alignment side) {
+    ReadingField field(QStringLiteral("value"), Units::smaller, theme(Look::light));
+    field.setAlignment(Qt::AlignRight | side);
+    field.resize(300, 100);
+    field.set_size(40);
+    field.setText(QString::fromUtf8(text));
+    const QImage picture = field.grab().toImage();
+    int inked = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      for (int y = 0; y < picture.height(); ++y)
+        if (picture.pixelColor(x, y) != picture.pixelColor(0, 0)) ++inked;
+    return inked;
+  };
+  for (const char* text : {"Hardcopy", "諧波記錄"})
+    EXPECT_EQ(inked_pixels(text, Qt::AlignBottom), inked_pixels(text, Qt::AlignVCenter)) << text;
+}
+
 // One digit of 60 pixels' font is about 35 wide and 46 high.
 TEST(ReadingText, StandsBesideACaptionWhereThatLeavesMoreRoom) {
   ReadingField field(QStringLiteral("value"), Units::smaller, theme(Look::light));

@@ -24,6 +24,8 @@ constexpr double notice_pixels = 18;
 constexpr double figure_pixels = 20;
 constexpr double cancel_width = 130;
 
+constexpr double rounding_pixels = 4;  // the rows may be a little higher than their sum
+
 constexpr int accent_width = 4;
 constexpr int gap = 10;
 
@@ -51,6 +53,8 @@ TransferPanel::TransferPanel(FormWindow& form, Window& notice, ScaledSizes& size
   build_task();
   build_figures();
   build_note();
+  // A hidden panel does not notice that its rows have another height.
+  sizes_.add_height(design_height_ + margin_pixels + rounding_pixels, *this);
   keep_room(*this);
   form_.follow(notice_, [this] { show_notice(); });
   form_.mirror().tie(std::string(transfer_task), [this](const Control&) { show_or_hide(); });
@@ -59,6 +63,7 @@ TransferPanel::TransferPanel(FormWindow& form, Window& notice, ScaledSizes& size
 QWidget* TransferPanel::add_row(double design_height) {
   auto* const row = new QWidget(this);
   sizes_.add_height(design_height, *row);
+  design_height_ += design_height;
   rows_->addWidget(row);
   auto* const line = new QHBoxLayout(row);
   line->setContentsMargins(0, 0, 0, 0);
@@ -80,6 +85,7 @@ void TransferPanel::add_bar(const std::string& control, Mirror& mirror, double d
   bar->setObjectName(to_qt(control));
   bar->setTextVisible(false);
   sizes_.add_height(design_height, *bar);
+  design_height_ += design_height;
   mirror.tie(control, *bar);
   rows_->addWidget(bar);
   keep_room(*bar);

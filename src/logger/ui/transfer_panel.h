@@ -45,6 +45,7 @@ class TransferPanel : public QWidget {
   Window& notice_;
   Mirror notice_mirror_;
   ScaledSizes& sizes_;
+  double design_height_ = 0;
   QVBoxLayout* rows_;
   QWidget* notice_row_ = nullptr;
   QLabel* notice_caption_ = nullptr;

@@ -20,6 +20,27 @@ constexpr double gap_part = 0.08;  // between number and unit, against the size 
 // digits reach a little beyond it on both sides.
 constexpr double overshoot_part = 0.03;
 
+// Small letters and Chinese characters reach further, up or down.
+bool reaches_further(const QString& text) {
+  constexpr char16_t first_chinese = 0x2E80;
+  return std::any_of(text.begin(), text.end(),
+                     [](QChar c) { return c.isLower() || c.unicode() >= first_chinese; });
+}
+
+// Of the number, above and below its baseline.
+struct Reach {
+  double up;
+  double down;
+};
+
+Reach reach(const ReadingText& text, const ReadingFonts& fonts) {
+  const double overshoot = overshoot_part * fonts.pixels;
+  const Reach usual{fonts.height - overshoot, overshoot};
+  if (!reaches_further(text.number)) return usual;
+  const QRectF ink = QFontMetricsF(fonts.number).tightBoundingRect(text.number);
+  return {std::max(usual.up, -ink.top()), std::max(usual.down, std::ceil(ink.bottom()))};
+}
+
 QFont unit_font(int pixels) {
   const int unit = static_cast<int>(std::lround(pixels * unit_part));
   return with_pixel_size(text_font(), std::clamp(unit, std::min(smallest_unit, pixels), pixels));
@@ -50,7 +71,8 @@ ReadingFonts::ReadingFonts(int number_pixels)
 QSize reading_size(const ReadingText& text, const ReadingFonts& fonts) {
   double width = width_before_unit(text, fonts);
   if (!text.unit.isEmpty()) width += QFontMetricsF(fonts.unit).horizontalAdvance(text.unit);
-  return QSize(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(fonts.height)));
+  const auto [up, down] = reach(text, fonts);
+  return QSize(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(up + down)));
 }
 
 // Widths are proportional to the size except for rounding and the smallest unit, so an estimate from one
@@ -72,10 +94,11 @@ int largest_reading(const ReadingText& text, QSize room, int smallest, int large
 void paint_reading(QPainter& painter, const ReadingText& text, const QRect& place, Qt::Alignment side,
                    const ReadingFonts& fonts, const ReadingColours& colours) {
   const bool at_bottom = side.testFlag(Qt::AlignBottom);
-  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + fonts.height / 2;
+  const auto [up, down] = reach(text, fonts);
+  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + (up + down) / 2;
   const bool at_right = side.testFlag(Qt::AlignRight);
   const int left = at_right ? place.right() + 1 - reading_size(text, fonts).width() : place.left();
-  const QPointF baseline(left, std::round(bottom - overshoot_part * fonts.pixels));
+  const QPointF baseline(left, std::round(bottom - down));
   painter.setFont(fonts.number);
   painter.setPen(colours.number);
   painter.drawText(baseline, text.number);
