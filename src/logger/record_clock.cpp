@@ -95,7 +95,7 @@ std::string RecordClock::time_text() const {
                      seconds_ % seconds_per_minute, ':');
 }
 
-void RecordClock::advance(int interval_s) {
+void RecordClock::advance_record_time(int interval_s) {
   seconds_ += std::max(interval_s, 0);
   for (; seconds_ >= seconds_per_day; seconds_ -= seconds_per_day) next_day();
 }

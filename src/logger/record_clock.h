@@ -26,7 +26,7 @@ class RecordClock {
   std::string time_text() const;
 
   // A negative interval, which only a corrupt status holds, moves nothing.
-  void advance(int interval_s);
+  void advance_record_time(int interval_s);
 
  private:
   void next_day();

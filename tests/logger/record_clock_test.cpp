@@ -21,7 +21,7 @@ TEST(RecordClock, CountsAcrossMidnightMonthsAndYears) {
                {"2024-03-05", "00:00:03", -5, "2024-03-05 00:00:03"}};
   for (const auto& c : cases) {
     RecordClock clock(c.date, c.time);
-    clock.advance(c.interval_s);
+    clock.advance_record_time(c.interval_s);
     EXPECT_EQ(clock.date_text() + ' ' + clock.time_text(), c.next);
   }
 }
@@ -31,7 +31,7 @@ TEST(RecordClock, AnInvalidStartLeavesBothTextsBlank) {
                                   "24-02-28 12:00:00", "2024-02 12:00:00", "2024-02-28 24:00:00",
                                   "2024-02-28 12:60:00", "2024-02-28 12:00:-1", "2024-02-28 "}) {
     RecordClock clock(start.substr(0, start.find(' ')), start.substr(start.find(' ') + 1));
-    clock.advance(2);
+    clock.advance_record_time(2);
     EXPECT_EQ(clock.date_text() + clock.time_text(), "") << start;
   }
 }
