@@ -18,7 +18,7 @@
 #include <string_view>
 
 #include "formats/record_field.h"
-#include "logger/record_clock.h"
+#include "logger/meter_time.h"
 #include "logger/recorded_settings.h"
 
 namespace halden {

@@ -27,7 +27,7 @@
 
 #include "formats/power_file.h"
 #include "formats/record_field.h"
-#include "logger/record_clock.h"
+#include "logger/meter_time.h"
 #include "logger/recorded_settings.h"
 #include "readings/power_chain.h"
 
