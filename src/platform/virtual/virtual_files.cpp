@@ -15,6 +15,10 @@ FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std:
 
 FileFailure VirtualFiles::append(const std::string& path, std::string_view bytes) {
   if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
+  if (free_bytes) {
+    if (bytes.size() > *free_bytes) return FileFailure::disk_full;
+    *free_bytes -= bytes.size();
+  }
   contents[path] += bytes;
   return FileFailure::none;
 }

@@ -26,6 +26,7 @@ class VirtualFiles : public Files {
   std::map<std::string, FileFailure> read_failures;    // by path
   FileFailure write_failure = FileFailure::none;       // of every append, replace and remove
   std::map<std::string, FileFailure> folder_failures;  // of the same, by the beginning of the path
+  std::optional<std::uint64_t> free_bytes;             // for appends; without a value there is no end
 
  private:
   FileFailure why_not_writable(const std::string& path) const;
