@@ -133,6 +133,7 @@ void StoredDownload::note_failure(FileFailure failure) {
   if (result_.end == DownloadEnd::unwritable) return;
   result_.end = DownloadEnd::unwritable;
   result_.failure = failure;
+  result_.goes_on = false;
   if (&kind_ == &power_kind)
     parts_.messages.say("Please report ERROR CODE " + std::to_string(error_number(failure)));
   else if (&kind_ == &harmonics_kind)

@@ -12,9 +12,7 @@ constexpr double drain_s = 2.0;
 constexpr double before_request_s = 1.0;
 constexpr std::string_view download_request = "\x04";
 
-// How often figures are shown and words are written: often enough for the eye, and for a program that is
-// killed.
-constexpr double show_period_s = 0.1;
+constexpr double show_period_s = 0.1;  // of the figures and of the words in the file
 constexpr double rate_after_s = 1.0;
 
 }  // namespace
@@ -56,7 +54,6 @@ bool Transfer::ask(const TransferPlan& plan) {
 bool Transfer::take_what_arrived(std::size_t unit_bytes) {
   const std::string received = line_.receive();
   if (received.empty()) return false;
-  if (result_.bytes == 0) first_byte_s_ = clock_.monotonic_s();
   result_.bytes += received.size();
   undecoded_ += received;
   const std::size_t whole = undecoded_.size() / unit_bytes * unit_bytes;
@@ -84,12 +81,9 @@ bool Transfer::write_words(const TransferPlan& plan) {
 }
 
 void Transfer::show() const {
-  const double now_s = clock_.monotonic_s();
-  TransferFigures figures{result_.bytes, now_s - asked_s_, 0};
-  const double receiving_s = now_s - first_byte_s_;
-  if (result_.bytes > 0 && receiving_s >= rate_after_s)
-    figures.bytes_per_second = static_cast<double>(result_.bytes) / receiving_s;
-  show_(figures);
+  const double elapsed_s = clock_.monotonic_s() - asked_s_;
+  const double per_second = elapsed_s < rate_after_s ? 0 : static_cast<double>(result_.bytes) / elapsed_s;
+  show_({result_.bytes, elapsed_s, per_second});
 }
 
 }  // namespace halden
