@@ -23,6 +23,10 @@ void append_line(std::string& lines, std::int16_t word) {
   lines.append(text.data(), text.size()).append(line_end);
 }
 
+std::int16_t word_of(char high, char low) {
+  return static_cast<std::int16_t>(static_cast<unsigned char>(high) << 8U | static_cast<unsigned char>(low));
+}
+
 std::optional<std::int16_t> read_word(std::string_view line) {
   if (line.ends_with('\r')) line.remove_suffix(1);
   if (line.size() > longest_word) return {};
@@ -35,15 +39,10 @@ std::optional<std::int16_t> read_word(std::string_view line) {
 
 }  // namespace
 
-std::int16_t word_of(unsigned char high, unsigned char low) {
-  return static_cast<std::int16_t>(high << 8U | low);
-}
-
 std::string word_lines(std::string_view bytes) {
   std::string lines;
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
-    append_line(lines,
-                word_of(static_cast<unsigned char>(bytes[at]), static_cast<unsigned char>(bytes[at + 1])));
+    append_line(lines, word_of(bytes[at], bytes[at + 1]));
   return lines;
 }
 
