@@ -1,7 +1,6 @@
 #include "logger/power_conversion.h"
 
-#include <algorithm>
-#include <string_view>
+#include <array>
 #include <utility>
 
 #include "formats/file_headers.h"
@@ -90,11 +89,9 @@ void PowerConversion::keep_system() {
 }
 
 RecordLine PowerConversion::end_record() {
-  PowerTexts shown;
-  std::copy(texts_.begin(), texts_.end(), shown.begin());
   RecordLine line =
-      power_record(recorded_.scaling.wiring_system, clock_.date_text(), clock_.time_text(), shown);
-  for (std::string& text : texts_) text.clear();
+      power_record(recorded_.scaling.wiring_system, clock_.date_text(), clock_.time_text(), texts_);
+  texts_.fill({});
   phases_taken_ = 0;
   clock_.advance_record_time(recorded_.interval_s);
   return line;

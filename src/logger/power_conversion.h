@@ -24,6 +24,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "formats/power_file.h"
 #include "formats/record_field.h"
@@ -65,13 +66,13 @@ class PowerConversion {
   void keep_phase(const PhaseTexts& texts);
   void keep_system();
   RecordLine end_record();
-  std::string& text(PowerQuantity quantity) { return texts_[static_cast<std::size_t>(quantity)]; }
+  std::string_view& text(PowerQuantity quantity) { return texts_[static_cast<std::size_t>(quantity)]; }
 
   RecordedSettings recorded_;
   PowerChain chain_;
   RecordClock clock_;
-  std::array<std::string, power_quantity_count> texts_;  // of the record that is being taken
-  std::size_t phases_taken_ = 0;                         // of it
+  PowerTexts texts_;              // of the record that is being taken; the chain keeps them
+  std::size_t phases_taken_ = 0;  // of it
   std::array<std::int16_t, 5> group_{};
   std::size_t words_taken_ = 0;  // of the group
 };

@@ -1,26 +1,22 @@
 #include "logger/word_file.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <system_error>
 
 #include "formats/record_field.h"
+#include "readings/patterns.h"
 
 namespace halden {
 
 namespace {
 
 constexpr std::size_t piece_length = 64 * 1024;
-constexpr std::size_t digits = 5;
+constexpr int digits = 5;
 constexpr std::size_t longest_word = 1 + digits;
 
-void append_line(std::string& lines, std::int16_t word) {
-  std::array<char, digits> text;
-  int rest = word < 0 ? -word : word;
-  for (std::size_t place = digits; place-- > 0; rest /= 10) text[place] = static_cast<char>('0' + rest % 10);
-  if (word < 0) lines += '-';
-  lines.append(text.data(), text.size()).append(line_end);
+std::int16_t word_of(char high, char low) {
+  return static_cast<std::int16_t>(static_cast<unsigned char>(high) << 8U | static_cast<unsigned char>(low));
 }
 
 std::optional<std::int16_t> read_word(std::string_view line) {
@@ -35,15 +31,10 @@ std::optional<std::int16_t> read_word(std::string_view line) {
 
 }  // namespace
 
-std::int16_t word_of(unsigned char high, unsigned char low) {
-  return static_cast<std::int16_t>(high << 8U | low);
-}
-
 std::string word_lines(std::string_view bytes) {
   std::string lines;
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
-    append_line(lines,
-                word_of(static_cast<unsigned char>(bytes[at]), static_cast<unsigned char>(bytes[at + 1])));
+    lines += counts_text(word_of(bytes[at], bytes[at + 1]), digits, 0, line_end);
   return lines;
 }
 

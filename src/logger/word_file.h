@@ -5,7 +5,7 @@
 //   -00002
 //   32767
 //
-// On the line a word is two bytes, the high one first, and signed.
+// On the line a word is two bytes, the high one first, and signed: FF FE is -2.
 #pragma once
 
 #include <cstddef>
@@ -18,9 +18,6 @@
 #include "platform/files.h"
 
 namespace halden {
-
-// FF FE is -2.
-std::int16_t word_of(unsigned char high, unsigned char low);
 
 // The lines of all words in received bytes; the last one of an odd number of bytes is left out.
 std::string word_lines(std::string_view bytes);

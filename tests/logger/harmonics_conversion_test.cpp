@@ -52,11 +52,6 @@ TEST(HarmonicsConversion, TwoRecordsOfAVoltageWorkedOutByHand) {
   EXPECT_EQ(
       line_of(conversion, {{0, -1}, {1, 32767}, {2, -1}, {55, 500}, {58, 51}}).substr(0, 99),
       "2024-02-29,  00:00:00,       OL ,   327.6KV,    -  OL ,      0.0%,       OL ,    50.0Hz, 50 to 100,");
-  EXPECT_FALSE(conversion.is_inside_record());
-
-  EXPECT_FALSE(conversion.take(2300) || conversion.take(2300));
-  EXPECT_TRUE(conversion.is_inside_record());
-  EXPECT_FALSE(conversion.finish() || conversion.is_inside_record());
 }
 
 TEST(HarmonicsConversion, CurrentsHaveTheirClampAndNoLimit) {

@@ -78,12 +78,5 @@ TEST(PowerConversion, NoFieldRepeatsAnEarlierRecord) {
   EXPECT_EQ(lines[1].substr(0, 61), ",,2.000MV,1.000MV,3.000KA,1.000KA,-3.000GW,500.0MW,-6.000GVA,");
 }
 
-TEST(PowerConversion, AnUnknownWiringSystemHasNoRecords) {
-  PowerConversion conversion({{1, 1, 1.0f, 0, Wiring{4}, 15}, 2, 2, 9, "2024-03-15", "12:00:00"});
-  EXPECT_EQ(conversion.header(), "????,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=\r\n\r\n");
-  EXPECT_FALSE(conversion.take(2300) || conversion.is_inside_record());
-  EXPECT_TRUE(convert(conversion, {{2300, 5000, 690, 0, 0}, {2300, 5000, 690, 0, 0}}).empty());
-}
-
 }  // namespace
 }  // namespace halden

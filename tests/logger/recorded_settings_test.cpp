@@ -5,43 +5,36 @@
 namespace halden {
 namespace {
 
-TEST(RecordedSettings, ComeFromTheSelectedFileNotFromTheLiveSettings) {
+// The live settings do not count. Of the flags, 8001, BFFF, C000, 4000 and 3FFF in hexadecimal, only the two
+// top bits do.
+TEST(RecordedSettings, ComeFromTheSelectedFile) {
+  const struct {
+    std::int16_t ct, pt, clamp_flags, seconds, frequency;
+    float current_scale;
+    const char* texts;
+  } cases[] = {{0, 0, -32767, -5, 0, 3.0F, "Auto 30 0 1 1"},
+               {200, 32767, -16385, 300, 1, 3.0F, "50 30 300 200 32767"},
+               {1, 1, -16384, 0, 2, 1.2F, "60 30 0 1 1"},
+               {1, 1, 16384, 2, 3, 1.0F, "Auto 30 2 1 1"},
+               {1, 1, 16383, 2, 2, 1.0F, "60 30 2 1 1"}};
   MeterStatus status;
-  status.ct_ratio = status.pt_ratio = 7;
+  status.ct_ratio = status.pt_ratio = status.sample_seconds = 7;
   status.current_scale = 5.0F;
-  status.current_range = 1;
-  status.frequency_code = 1;
-  status.sample_seconds = 9;
   status.md_period = 30;
-  status.logger_ct_ratio = 200;
-  status.logger_pt_ratio = 32767;
-  status.logger_current_range = 3;
   status.logger_system = 2;
-  status.logger_frequency_code = 2;
-  status.logger_channel = 5;
-  status.logger_sample_seconds = 300;
-  const RecordedSettings recorded = recorded_settings_of(status, "2024-03-15", "12:30:44");
-  EXPECT_EQ(recorded.scaling.current_scale, 1.0F);
-  EXPECT_EQ(recorded.scaling.current_range, 3);
-  EXPECT_EQ(recorded.scaling.wiring_system, Wiring::w3p3w);
-  EXPECT_EQ(recorded.scaling.product_limit, ProductLimit::none);
-  EXPECT_EQ(recorded.channel, 5);
-  EXPECT_EQ(recorded.start_date + recorded.start_time, "2024-03-1512:30:44");
-  const RecordedTexts texts = recorded_texts(recorded);
-  EXPECT_EQ(texts.hz + ' ' + texts.md + ' ' + texts.sec + ' ' + texts.ct + ' ' + texts.vt,
-            "60 30 300 200 32767");
-}
-
-TEST(RecordedSettings, WhatWasNeverSetOrIsCorruptCountsAsTheSmallestThatWorks) {
-  MeterStatus status;
-  status.logger_sample_seconds = -5;
-  const RecordedTexts texts = recorded_texts(recorded_settings_of(status, "", ""));
-  EXPECT_EQ(texts.hz + ' ' + texts.sec + ' ' + texts.ct + ' ' + texts.vt, "Auto 0 1 1");
-  // 8001, BFFF; C000; 4000, 3FFF in hexadecimal: only the two top bits count.
-  for (const auto& [flags, factor] :
-       {std::pair(-32767, 3.0F), {-16385, 3.0F}, {-16384, 1.2F}, {16384, 1.0F}, {16383, 1.0F}}) {
-    status.logger_clamp_flags = static_cast<std::int16_t>(flags);
-    EXPECT_EQ(recorded_settings_of(status, "", "").scaling.current_scale, factor) << flags;
+  status.logger_current_range = 3;
+  for (const auto& c : cases) {
+    status.logger_ct_ratio = c.ct;
+    status.logger_pt_ratio = c.pt;
+    status.logger_clamp_flags = c.clamp_flags;
+    status.logger_sample_seconds = c.seconds;
+    status.logger_frequency_code = c.frequency;
+    const RecordedSettings recorded = recorded_settings_of(status, "2024-03-15", "12:30:44");
+    const RecordedTexts texts = recorded_texts(recorded);
+    EXPECT_EQ(texts.hz + ' ' + texts.md + ' ' + texts.sec + ' ' + texts.ct + ' ' + texts.vt, c.texts);
+    EXPECT_EQ(recorded.scaling.current_scale, c.current_scale);
+    EXPECT_EQ(recorded.scaling.current_range, 3);
+    EXPECT_EQ(recorded.scaling.wiring_system, Wiring::w3p3w);
   }
 }
 
