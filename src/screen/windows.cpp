@@ -29,4 +29,6 @@ Window make_notice_window() {
   return window;
 }
 
+bool is_lasting_notice(const Window& notice) { return notice.caption().empty(); }
+
 }  // namespace halden

@@ -38,4 +38,7 @@ inline constexpr std::string_view notice_progress = "notice_progress";
 // written last. Without a caption it is the notice of a running recording.
 Window make_notice_window();
 
+// Whether the notice is that of a recording, which stays for long.
+bool is_lasting_notice(const Window& notice);
+
 }  // namespace halden

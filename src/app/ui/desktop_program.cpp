@@ -30,6 +30,7 @@
 #include "simulator/demo_port.h"
 #include "simulator/meter.h"
 #include "simulator/simulated_port.h"
+#include "simulator/stored_files.h"
 
 namespace halden {
 
@@ -61,7 +62,9 @@ StartOptions start_options(const DesktopOptions& options) {
 
 // The platform of the desktop.
 struct Outside {
-  explicit Outside(const DesktopOptions& options) : real_port(port_table(options)) {}
+  explicit Outside(const DesktopOptions& options) : real_port(port_table(options)) {
+    if (options.demo) meter.memory() = simulator::example_memory();
+  }
 
   Platform platform(const DesktopOptions& options) {
     return {clock,
@@ -118,8 +121,10 @@ class DesktopProgram {
         demo_panel_(outside_.meter, outside_.simulated_port, &main_window_),
         signals_([this] { close_program(); }) {
     outside_.dialogs.set_parent(&main_window_);
-    for (const auto& form : forms_)
+    for (const auto& form : forms_) {
       outside_.printer.add_window(form->window().name(), [form = form.get()] { return form->paper_image(); });
+      if (form->window().name() == "Logger") notice_.give_way_to(*form);
+    }
     new MenuCorner(main_window_, *recording_mark_);
     if (shows_demo_panel()) demo_panel_.place_beside(main_window_);
     connect_mirrors();

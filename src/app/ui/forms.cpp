@@ -4,6 +4,7 @@
 
 #include "app/ui/meter_rec.h"
 #include "live/phasors/ui/phasor_form.h"
+#include "logger/ui/logger_form_design.h"
 
 namespace halden {
 
@@ -11,18 +12,20 @@ namespace {
 
 struct Form {
   const char* window;
-  FormDesign (*design)();
+  FormDesign (*design)(const Windows& windows);
 };
 
-constexpr std::array forms = {Form{"MeterRec", meter_rec_design},  //
-                              Form{"PhasorForm", phasor_form_design}};
+constexpr std::array forms = {
+    Form{"MeterRec", [](const Windows&) { return meter_rec_design(); }},
+    Form{"PhasorForm", [](const Windows&) { return phasor_form_design(); }},
+    Form{"Logger", [](const Windows& windows) { return logger_form_design(windows["CHKSPEED"]); }}};
 
 }  // namespace
 
 std::vector<std::unique_ptr<FormWindow>> make_forms(const Windows& windows, UserInput& input, Look look) {
   std::vector<std::unique_ptr<FormWindow>> made;
   for (const Form& form : forms)
-    made.push_back(std::make_unique<FormWindow>(windows[form.window], input, form.design(), look));
+    made.push_back(std::make_unique<FormWindow>(windows[form.window], input, form.design(windows), look));
   return made;
 }
 

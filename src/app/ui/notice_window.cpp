@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "app/ui/recording_mark.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/value_panel.h"
 #include "screen/windows.h"
@@ -74,12 +73,9 @@ QWidget* NoticeWindow::build_bar() {
   bar->setObjectName(to_qt(notice_progress));
   bar->setTextVisible(false);
   bar->setFixedHeight(bar_height);
-  mirror_.tie(std::string(notice_progress), [bar](const Control& now) {
-    bar->setAccessibleName(to_qt(now.accessible_name));
-    bar->setRange(now.minimum, now.maximum);
-    bar->setValue(now.value);
-    bar->setVisible(now.maximum > now.minimum);
-  });
+  mirror_.tie(std::string(notice_progress), *bar);
+  mirror_.tie(std::string(notice_progress),
+              [bar](const Control& now) { bar->setVisible(now.maximum > now.minimum); });
   return bar;
 }
 
@@ -91,10 +87,14 @@ void NoticeWindow::show_changes() {
     caption_->setText(caption);
     message_->setAccessibleName(caption);
   }
-  const bool wanted = window_.visible() && !is_lasting_notice(window_);
-  if (isVisible() == wanted) return;
-  if (wanted) centre();
-  setVisible(wanted);
+  if (isVisible() == wanted()) return;
+  if (wanted()) centre();
+  setVisible(wanted());
+}
+
+bool NoticeWindow::wanted() const {
+  const bool shown_elsewhere = host_ != nullptr && host_->isVisible() && !host_->isMinimized();
+  return window_.visible() && !is_lasting_notice(window_) && !shown_elsewhere;
 }
 
 void NoticeWindow::centre() {

@@ -18,8 +18,6 @@ constexpr int right_margin = 16;
 
 }  // namespace
 
-bool is_lasting_notice(const Window& notice) { return notice.caption().empty(); }
-
 RecordingMark::RecordingMark(Window& notice, const Theme& theme)
     : window_(notice), theme_(theme), mirror_(notice), text_(new QLabel(this)) {
   setObjectName(to_qt(recording_mark));

@@ -10,9 +10,6 @@
 
 namespace halden {
 
-// Whether the notice is that of a recording, which stays for long.
-bool is_lasting_notice(const Window& notice);
-
 class RecordingMark : public QWidget {
   Q_OBJECT
 

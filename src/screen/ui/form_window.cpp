@@ -80,7 +80,18 @@ void FormWindow::add_shortcut(const char* keys, const std::string& control) {
   connect(shortcut, &QShortcut::activated, this, [this, control] { click(control); });
 }
 
+void FormWindow::follow(const Window& other, std::function<void()> show) {
+  followed_.push_back({&other, std::move(show)});
+}
+
+void FormWindow::show_followed() {
+  for (Followed& followed : followed_)
+    if (std::exchange(followed.shown_revision, followed.window->revision()) != followed.window->revision())
+      followed.show();
+}
+
 void FormWindow::show_changes() {
+  show_followed();
   if (window_.revision() == shown_revision_) return;
   shown_revision_ = window_.revision();
   if (mirror_.show_changes()) Q_EMIT places_changed();

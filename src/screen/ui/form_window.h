@@ -66,6 +66,10 @@ class FormWindow : public QMainWindow {
   // The keys click the control.
   void add_shortcut(const char* keys, const std::string& control);
 
+  // For a part that shows another window: `show` is called when that has changed, and at the first call of
+  // show_changes. The other window outlives the form.
+  void follow(const Window& other, std::function<void()> show);
+
   // A part of the content that is not printed. The menu bar never is.
   void keep_off_paper(QWidget& part);
 
@@ -90,8 +94,15 @@ class FormWindow : public QMainWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
+  struct Followed {
+    const Window* window;
+    std::function<void()> show;
+    std::uint64_t shown_revision = 0;
+  };
+
   void apply_look(Look look);
   void come_to_front();
+  void show_followed();
 
   Window& window_;
   UserInput& input_;
@@ -99,6 +110,7 @@ class FormWindow : public QMainWindow {
   Theme theme_;
   Mirror mirror_;
   SettledResize settled_resize_;
+  std::vector<Followed> followed_;
   std::vector<QWidget*> kept_off_paper_;
   std::uint64_t shown_revision_ = 0;
   std::uint32_t times_shown_ = 0;

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWidget>
@@ -103,6 +104,14 @@ void Mirror::tie(const std::string& control, QAbstractButton& button) {
 
 void Mirror::tie(const std::string& control, QAction& action) {
   tie(control, [&action](const Control& now) { show_on_action(action, now); });
+}
+
+void Mirror::tie(const std::string& control, QProgressBar& bar) {
+  tie(control, [&bar](const Control& now) {
+    show_on_widget(bar, now);
+    bar.setRange(now.minimum, now.maximum);
+    bar.setValue(now.value);
+  });
 }
 
 void Mirror::tie(const std::string& control, QScrollBar& bar) {

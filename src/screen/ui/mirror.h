@@ -16,6 +16,7 @@ class QAbstractButton;
 class QAction;
 class QLabel;
 class QLineEdit;
+class QProgressBar;
 class QScrollBar;
 
 namespace halden {
@@ -39,6 +40,9 @@ class Mirror {
   void tie(const std::string& control, QLineEdit& field);
   void tie(const std::string& control, QAbstractButton& button);
   void tie(const std::string& control, QAction& action);
+
+  // Without a range the bar only shows that something goes on.
+  void tie(const std::string& control, QProgressBar& bar);
 
   // A scroll bar moved by the user writes its value back.
   void tie(const std::string& control, QScrollBar& bar);

@@ -64,6 +64,20 @@ QPushButton:pressed, QPushButton:checked { background: @accent@; color: @panel@;
 QPushButton:checked:focus { border-color: @text@; }
 QPushButton:disabled { color: @disabled@; background: @background@; border-color: @line@; }
 
+QPushButton[role="main_button"] { background: @accent@; color: @panel@; border-color: @accent@; }
+QPushButton[role="main_button"]:hover, QPushButton[role="main_button"]:focus { border-color: @text@; }
+QPushButton[role="main_button"]:pressed { background: @panel@; color: @accent@; }
+QPushButton[role="caution"] { color: @warning@; border-color: @warning@; }
+QPushButton[role="caution"]:pressed { background: @warning@; color: @panel@; }
+QPushButton[role="main_button"]:disabled, QPushButton[role="caution"]:disabled {
+  color: @disabled@; background: @background@; border-color: @line@; }
+
+QListView[role="list"] {
+  background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; outline: none; }
+QListView[role="list"]:focus { border-color: @accent@; }
+QListView[role="list"]::item { padding: 3px 8px; border-bottom: 1px solid @background@; }
+QListView[role="list"]::item:selected { background: @accent@; color: @panel@; }
+
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 72px; padding: 4px 10px; }
 QDialogButtonBox QPushButton:focus { padding: 3px 9px; }
@@ -92,7 +106,8 @@ void set_flag(QWidget& widget, const char* property, bool value) {
 }
 
 constexpr const char* role_property = "role";
-constexpr std::array role_names = {"reading", "quiet", "edit_box", "alert", "phase_1", "phase_2", "phase_3"};
+constexpr std::array role_names = {"reading", "quiet",   "edit_box",    "alert",   "phase_1",
+                                   "phase_2", "phase_3", "main_button", "caution", "list"};
 
 }  // namespace
 

@@ -35,7 +35,18 @@ QPalette to_palette(const Theme& theme);
 QString to_style_sheet(const Theme& theme);
 
 // Which rules of the style sheet apply to a widget.
-enum class Role { reading, quiet, edit_box, alert, phase_1, phase_2, phase_3 };
+enum class Role {
+  reading,
+  quiet,
+  edit_box,
+  alert,
+  phase_1,
+  phase_2,
+  phase_3,
+  main_button,  // the one that is used most
+  caution,      // a button that destroys something
+  list
+};
 void set_role(QWidget& widget, Role role);
 
 // Shows a reading in the warning colour while it is over range, and in the quiet colour while it is old,

@@ -1,0 +1,26 @@
+// A label that shortens its text with an ellipsis where there is no room, and then shows the whole text as
+// tooltip.
+#pragma once
+
+#include <QLabel>
+
+namespace halden {
+
+class ElidedLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  // Where the row is too short, it gives up its room down to `least_width` pixels.
+  explicit ElidedLabel(int least_width, QWidget* parent = nullptr);
+
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  int least_width_;
+};
+
+}  // namespace halden
