@@ -56,7 +56,7 @@ void accumulate(Readings& readings, double t) {
   readings.advance_maximum_demand_va(t);
   readings.advance_average_demand_w(t);
   readings.advance_average_demand_va(t);
-  readings.reset_demand_period(t);
+  readings.logger_reset_md_ad_counter(t);
 }
 
 void readings_3p4w_frame(benchmark::State& state) {

@@ -25,7 +25,7 @@ struct Program {
   Shared shared;
   Link link{platform, shared.meter_rec, shared.notice, shared.label_column_left};
   Live live{platform, shared, link, options.work_folder, options.temporary_folder};
-  LoggerWindow logger{shared.windows, link.query, link.status};
+  LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
   Application application{platform, options, shared, link, live};
 };
 

@@ -16,6 +16,7 @@ constexpr Text damaged = {", {} damaged frames", "，{} 筆受損"};
 
 constexpr Text no_port = {"no port", "未開啟連接埠"};
 constexpr Text adapter_gone = {"adapter gone, waiting for it", "轉接器已移除，等待中"};
+constexpr Text held = {"paused while the datalogger is open", "記錄器視窗開啟中，暫停讀取"};
 constexpr Text no_answer = {"no answer", "無回應"};
 constexpr Text no_answer_since = {"no answer since {}", "自 {} 起無回應"};
 constexpr Text no_waveform_since = {
@@ -62,6 +63,7 @@ StatusLine::LinkField StatusLine::link_field() const {
   };
   if (platform_.port.state() == PortState::closed) return field(no_port, "idle");
   if (platform_.port.state() == PortState::vanished) return field(adapter_gone, "lost");
+  if (link_.polling.line_is_held()) return field(held, "idle");
   const bool silent = platform_.clock.monotonic_s() - link_.waits.last_arrival_s() >= silent_after_s;
   if (const auto misfit = misfit_text(); misfit && !silent) return {*misfit, "idle"};
   const auto old_s = monitor_.old_since_s();

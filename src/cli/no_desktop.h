@@ -78,6 +78,7 @@ class NoFiles : public Files {
   FileFailure append(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure replace(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure remove(const std::string&) override { return FileFailure::none; }
+  FileFailure rename(const std::string&, const std::string&) override { return FileFailure::forbidden; }
   std::optional<std::uint64_t> length(const std::string&) override { return std::nullopt; }
 };
 
@@ -100,6 +101,9 @@ class RecordedFiles : public Files {
     return is_configuration_file(path) ? FileFailure::forbidden : disk_.replace(path, bytes);
   }
   FileFailure remove(const std::string& path) override { return disk_.remove(path); }
+  FileFailure rename(const std::string& path, const std::string& new_path) override {
+    return disk_.rename(path, new_path);
+  }
   std::optional<std::uint64_t> length(const std::string& path) override { return disk_.length(path); }
 
  private:

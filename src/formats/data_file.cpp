@@ -10,13 +10,21 @@ namespace halden {
 namespace {
 
 // What must be written after the last byte of a file before a new line can begin.
-std::string_view missing_line_end(Files& files, const std::string& path, std::uint64_t length) {
+std::string_view missing_line_end(Files& files, const std::string& path) {
+  const std::uint64_t length = files.length(path).value_or(0);
+  if (length == 0) return {};
   const std::string last = files.read(path, length - 1, 1).bytes;
   if (last.empty() || last.back() == '\n') return {};
   return last.back() == '\r' ? line_end.substr(1) : line_end;
 }
 
 }  // namespace
+
+FileFailure append_lines(Files& files, const std::string& path, std::string_view lines) {
+  const std::string_view before = missing_line_end(files, path);
+  if (before.empty()) return files.append(path, lines);
+  return files.append(path, std::string(before).append(lines));
+}
 
 void DataFile::begin(std::string path, std::string header) {
   path_ = std::move(path);
@@ -57,12 +65,9 @@ void DataFile::give_up_waiting() {
 }
 
 FileFailure DataFile::append_waiting(const std::string& path, Header header) {
-  const std::uint64_t length = files_.length(path).value_or(0);
-  std::string bytes;
-  if (length > 0) bytes += missing_line_end(files_, path, length);
-  if (length == 0 || header == Header::always) bytes += header_;
-  bytes += waiting_;
-  const FileFailure failure = files_.append(path, bytes);
+  const bool is_empty = files_.length(path).value_or(0) == 0;
+  const bool with_header = is_empty || header == Header::always;
+  const FileFailure failure = append_lines(files_, path, with_header ? header_ + waiting_ : waiting_);
   if (failure != FileFailure::none) return failure;
   if (path == path_) lines_written_ += lines_waiting_;
   lines_waiting_ = 0;

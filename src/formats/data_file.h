@@ -17,6 +17,9 @@ namespace halden {
 // What a data file holds.
 enum class RecordKind { power, harmonics, waveform };
 
+// Appends lines, each with its line end. A last line in the file that has none gets it first.
+FileFailure append_lines(Files& files, const std::string& path, std::string_view lines);
+
 class DataFile {
  public:
   explicit DataFile(Files& files) : files_(files) {}

@@ -22,9 +22,20 @@ void ExchangeGate::run(const std::string& name, const std::function<void()>& exc
     run_kept();
     return;
   }
+  if (alone_) {
+    if (refused_) refused_();
+    return;
+  }
   const bool known =
       std::any_of(kept_.begin(), kept_.end(), [&name](const auto& waiting) { return waiting.first == name; });
   if (!known) kept_.emplace_back(name, exchange);
+}
+
+void ExchangeGate::run_alone(const std::string& name, const std::function<void()>& exchange) {
+  run(name, [this, exchange] {
+    const Busy alone(alone_);
+    exchange();
+  });
 }
 
 void ExchangeGate::run_tick(const std::function<void()>& tick) {

@@ -21,6 +21,13 @@ class ExchangeGate {
   // already is not kept twice.
   void run(const std::string& name, const std::function<void()>& exchange);
 
+  // The same, but nothing follows: what the user starts meanwhile is refused. For a transfer that may last an
+  // hour, after which nobody expects an earlier click to take effect.
+  void run_alone(const std::string& name, const std::function<void()>& exchange);
+
+  // Called for each click that run_alone refuses.
+  void on_refused(std::function<void()> handler) { refused_ = std::move(handler); }
+
   // Runs a live tick. Exchanges that the user starts during the tick run after it in a handler of their own,
   // so that ticks continue during them. A tick during an exchange or another tick runs at once.
   void run_tick(const std::function<void()>& tick);
@@ -38,6 +45,8 @@ class ExchangeGate {
 
   Clock& clock_;
   bool busy_ = false;
+  bool alone_ = false;
+  std::function<void()> refused_;
   std::vector<std::pair<std::string, std::function<void()>>> kept_;
 };
 

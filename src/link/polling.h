@@ -19,12 +19,17 @@ class Polling {
   Polling(const Platform& platform, Waits& waits, LinkState& state)
       : platform_(platform), waits_(waits), state_(state) {}
 
-  // 1 with an open port and no download-all running: waits a second, throws away what was received, sends the
-  // live request and starts both timers. Otherwise both timers go off. In both cases missed_polls becomes 0
-  // and pending interface events run.
+  // 1 with an open port, no download-all running and the line not held: waits a second, throws away what was
+  // received, sends the live request and starts both timers. Otherwise both timers go off. In both cases
+  // missed_polls becomes 0 and pending interface events run.
   void resume_polling(std::int16_t flag);
 
   void stop_polling() { resume_polling(0); }
+
+  // While the line is held, nothing resumes polling or sends a live request: it belongs to the datalogger.
+  void hold_line() { held_ = true; }
+  void release_line() { held_ = false; }
+  bool line_is_held() const { return held_; }
 
   // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms).
   void set_live_period();
@@ -43,6 +48,7 @@ class Polling {
   Platform platform_;
   Waits& waits_;
   LinkState& state_;
+  bool held_ = false;
 };
 
 }  // namespace halden

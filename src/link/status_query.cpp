@@ -123,9 +123,14 @@ void StatusQuery::show_progress() {
 
 void StatusQuery::report_failure() {
   polling_.resume_polling(1);
-  platform_.dialogs.message(
-      {"Meter status could not be obtained, please check connections, com port, etc, and try again.", "",
-       Icon::none});
+  const Message failed = {
+      "Meter status could not be obtained, please check connections, com port, etc, and try again.", "",
+      Icon::none};
+  // Nobody may be there to answer while all stored files are downloaded.
+  if (state_.logger_active == 1)
+    platform_.dialogs.tell(failed);
+  else
+    platform_.dialogs.message(failed);
   notice_.hide();
 }
 

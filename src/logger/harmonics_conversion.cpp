@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "formats/file_headers.h"
-#include "logger/recorded_settings.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
 #include "readings/scaled_text.h"
@@ -23,12 +22,6 @@ constexpr std::size_t range_word = 58;
 
 constexpr double thd_of_100_percent = 1000;
 
-// In its two top bits.
-float recorded_clamp_factor(std::int16_t clamp_flags) {
-  constexpr std::array<float, 4> factors = {1.0F, 1.0F, 3.0F, 1.2F};
-  return factors[static_cast<std::uint16_t>(clamp_flags) >> 14U];
-}
-
 std::string_view range_text(int range) {
   if (range < 0 || range > 100) return "   ?      ";
   return range <= 50 ? " 0 to 50" : " 50 to 100";
@@ -36,51 +29,38 @@ std::string_view range_text(int range) {
 
 }  // namespace
 
-HarmonicsConversion::HarmonicsConversion(const MeterStatus& status)
-    : scaling_{recorded_ratio(status.logger_ct_ratio),
-               recorded_ratio(status.logger_pt_ratio),
-               recorded_clamp_factor(status.logger_clamp_flags),
-               status.logger_current_range,
-               Wiring{status.logger_system},
-               status.md_period},
-      channel_(status.logger_channel),
-      frequency_code_(status.logger_frequency_code),
-      sample_seconds_(status.logger_sample_seconds) {
-  scaling_.product_limit = ProductLimit::none;  // each record has texts of its own
-}
+HarmonicsConversion::HarmonicsConversion(const RecordedSettings& recorded)
+    : recorded_(recorded), clock_(recorded_.start_date, recorded_.start_time) {}
 
 std::string HarmonicsConversion::header() const {
-  const std::string md = format_pattern(scaling_.md_period, "####0");
-  const std::string sec = format_pattern(sample_seconds_, "####0");
-  const std::string ct = format_pattern(scaling_.ct_ratio, "###0");
-  const std::string vt = format_pattern(scaling_.pt_ratio, "###0");
-  const WaveSource source{.wiring_system = scaling_.wiring_system, .harmonic_channel = channel_};
-  return header_lines(
-      stored_harmonics_settings_line(source, {recorded_frequency_text(frequency_code_), md, sec, ct, vt}),
-      stored_harmonics_column_line());
+  const WaveSource source{.wiring_system = recorded_.scaling.wiring_system,
+                          .harmonic_channel = recorded_.channel};
+  return header_lines(stored_harmonics_settings_line(source, recorded_texts(recorded_).views()),
+                      stored_harmonics_column_line());
 }
 
-std::optional<RecordLine> HarmonicsConversion::add_word(std::int16_t word, std::string_view date,
-                                                        std::string_view time) {
-  record_[words_++] = word;
-  if (words_ < record_.size()) return std::nullopt;
-  words_ = 0;
-  ++records_;
-  return record_line(date, time);
+std::optional<RecordLine> HarmonicsConversion::take(std::int16_t word) {
+  record_[words_taken_++] = word;
+  if (words_taken_ < record_.size()) return {};
+  words_taken_ = 0;
+  RecordLine line = record_line();
+  clock_.advance_record_time(recorded_.interval_s);
+  return line;
 }
 
-std::string HarmonicsConversion::count_text() const {
-  return format_pattern(static_cast<double>(records_), "0") + " records converted";
+std::optional<RecordLine> HarmonicsConversion::finish() {
+  words_taken_ = 0;
+  return {};
 }
 
-RecordLine HarmonicsConversion::record_line(std::string_view date, std::string_view time) const {
+RecordLine HarmonicsConversion::record_line() const {
   RecordLine line;
   const auto add = [&line](std::string_view text) {
     line.text += record_field(text);
     line.sign_cut = line.sign_cut || loses_sign(text);
   };
-  add(date);
-  add(time);
+  add(clock_.date_text());
+  add(clock_.time_text());
   add(scaled_text(rms_word));
   add(scaled_text(peak_plus_word));
   add("-" + scaled_text(peak_minus_word));
@@ -107,7 +87,8 @@ std::string HarmonicsConversion::fundamental_text() const {
 }
 
 std::string HarmonicsConversion::value_text(double raw) const {
-  const auto text = is_current(channel_) ? current_text_of(scaling_, raw) : voltage_text_of(scaling_, raw);
+  const auto text = is_current(recorded_.channel) ? current_text_of(recorded_.scaling, raw)
+                                                  : voltage_text_of(recorded_.scaling, raw);
   return text.value_or("");  // without a limit there always is one
 }
 

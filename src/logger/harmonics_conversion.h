@@ -18,13 +18,10 @@
 #include <string_view>
 
 #include "formats/record_field.h"
-#include "link/meter_status.h"
+#include "logger/meter_time.h"
+#include "logger/recorded_settings.h"
 
 namespace halden {
-
-inline constexpr std::size_t harmonics_record_words = 64;
-
-using HarmonicsWords = std::array<std::int16_t, harmonics_record_words>;
 
 // The messages in which this download differs from the one of power data.
 inline constexpr std::string_view not_harmonics_message =
@@ -33,41 +30,35 @@ inline constexpr std::string_view harmonics_error_message = "Program error, plea
 
 class HarmonicsConversion {
  public:
-  // Takes how the selected file was recorded. The status itself is not needed afterwards, so a query in
-  // between changes nothing; neither does the conversion change the status.
-  explicit HarmonicsConversion(const MeterStatus& status);
+  explicit HarmonicsConversion(const RecordedSettings& recorded);
 
   // Settings and columns, each with its line end. A wiring system that does not exist is "????"; no column
   // depends on it.
   std::string header() const;
 
-  // The line of the record that this word completes; nothing for the words before it. `date` and `time` are
-  // those of the record.
-  std::optional<RecordLine> add_word(std::int16_t word, std::string_view date, std::string_view time);
+  // False when the recorded start is no date and time: all lines then have blank dates and times.
+  bool start_is_valid() const { return clock_.is_set(); }
 
-  // The lines so far.
-  std::size_t records() const { return records_; }
+  // The line of the record that this word completes; nothing for the words before it.
+  std::optional<RecordLine> take(std::int16_t word);
 
-  // Bytes were lost when the words end inside a record. Such a record has no line: its frequency, distortion
-  // and range stand in its last words.
-  bool is_inside_record() const { return words_ > 0; }
+  // Bytes were lost when the words end inside a record.
+  bool is_inside_record() const { return words_taken_ > 0; }
 
-  // "2 records converted"
-  std::string count_text() const;
+  // After the last word. A record that was cut short has no line: its frequency, distortion and range stand
+  // in its last words.
+  std::optional<RecordLine> finish();
 
  private:
-  RecordLine record_line(std::string_view date, std::string_view time) const;
+  RecordLine record_line() const;
   std::string scaled_text(std::size_t position) const;
   std::string fundamental_text() const;
   std::string value_text(double raw) const;
 
-  Scaling scaling_;
-  std::int16_t channel_ = 0;
-  std::int16_t frequency_code_ = 0;
-  std::int16_t sample_seconds_ = 0;
-  HarmonicsWords record_{};
-  std::size_t words_ = 0;  // of the record that is arriving
-  std::size_t records_ = 0;
+  RecordedSettings recorded_;
+  RecordClock clock_;
+  std::array<std::int16_t, 64> record_{};
+  std::size_t words_taken_ = 0;  // of the record
 };
 
 }  // namespace halden

@@ -1,12 +1,9 @@
 #include "logger/power_conversion.h"
 
-#include <algorithm>
-#include <string_view>
+#include <array>
 #include <utility>
 
 #include "formats/file_headers.h"
-#include "logger/recorded_settings.h"
-#include "readings/patterns.h"
 #include "readings/wiring.h"
 
 namespace halden {
@@ -24,46 +21,30 @@ PowerQuantity following(PowerQuantity first, std::size_t offset) {
   return static_cast<PowerQuantity>(static_cast<std::size_t>(first) + offset);
 }
 
-RecordedSettings usable(RecordedSettings recorded) {
-  Scaling& scaling = recorded.scaling;
-  scaling.ct_ratio = recorded_ratio(scaling.ct_ratio);
-  scaling.pt_ratio = recorded_ratio(scaling.pt_ratio);
-  scaling.product_limit = ProductLimit::none;
-  recorded.interval_s = std::max(recorded.interval_s, std::int16_t{0});
-  return recorded;
-}
-
-PhaseGroup values_of(const StoredGroup& group) {
-  const auto [v, i, w, v_angle, i_angle] = group;
-  return {v, i, w, v_angle, i_angle};
-}
-
 }  // namespace
 
 PowerConversion::PowerConversion(const RecordedSettings& recorded)
-    : recorded_(usable(recorded)),
+    : recorded_(recorded),
       chain_(recorded_.scaling, ActivePower::at_most_apparent),
       clock_(recorded_.start_date, recorded_.start_time) {}
 
-std::string PowerConversion::settings_line() const {
-  const Scaling& scaling = recorded_.scaling;
-  const std::string md = format_pattern(scaling.md_period, "####0");
-  const std::string interval = format_pattern(recorded_.interval_s, "####0");
-  const std::string ct = format_pattern(scaling.ct_ratio, "###0");
-  const std::string pt = format_pattern(scaling.pt_ratio, "###0");
-  return stored_power_settings_line(scaling.wiring_system,
-                                    {recorded_frequency_text(recorded_.frequency_code), md, interval, ct, pt},
-                                    recorded_.channel);
+std::string PowerConversion::header() const {
+  return header_lines(stored_power_settings_line(recorded_.scaling.wiring_system,
+                                                 recorded_texts(recorded_).views(), recorded_.channel),
+                      logger_write_header());
 }
 
-std::string PowerConversion::column_line() const {
+std::string PowerConversion::logger_write_header() const {
   return power_column_line(recorded_.scaling.wiring_system);
 }
 
-std::optional<RecordLine> PowerConversion::take(const StoredGroup& group) {
+std::optional<RecordLine> PowerConversion::take(std::int16_t word) {
   const Wiring wiring_system = recorded_.scaling.wiring_system;
   if (!is_known(wiring_system)) return {};
-  keep_phase(chain_.take_phase(phases_taken_, values_of(group)));
+  group_[words_taken_++] = word;
+  if (words_taken_ < group_.size()) return {};
+  words_taken_ = 0;
+  keep_phase(chain_.take_phase(phases_taken_, group()));
   ++phases_taken_;
   if (phases_taken_ < phases_in_use(wiring_system)) return {};
   keep_system();
@@ -71,8 +52,14 @@ std::optional<RecordLine> PowerConversion::take(const StoredGroup& group) {
 }
 
 std::optional<RecordLine> PowerConversion::finish() {
+  words_taken_ = 0;
   if (phases_taken_ == 0) return {};
   return end_record();
+}
+
+PhaseGroup PowerConversion::group() const {
+  const auto [v, i, w, v_angle, i_angle] = group_;
+  return {v, i, w, v_angle, i_angle};
 }
 
 void PowerConversion::keep_phase(const PhaseTexts& texts) {
@@ -102,14 +89,11 @@ void PowerConversion::keep_system() {
 }
 
 RecordLine PowerConversion::end_record() {
-  PowerTexts shown;
-  std::copy(texts_.begin(), texts_.end(), shown.begin());
   RecordLine line =
-      power_record(recorded_.scaling.wiring_system, clock_.date_text(), clock_.time_text(), shown);
-  for (std::string& text : texts_) text.clear();
+      power_record(recorded_.scaling.wiring_system, clock_.date_text(), clock_.time_text(), texts_);
+  texts_.fill({});
   phases_taken_ = 0;
-  clock_.advance(recorded_.interval_s);
-  ++records_;
+  clock_.advance_record_time(recorded_.interval_s);
   return line;
 }
 

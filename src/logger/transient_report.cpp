@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "formats/record_field.h"
-#include "logger/event_time.h"
+#include "logger/meter_time.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
 #include "readings/raw_values.h"
@@ -28,7 +28,7 @@ constexpr double cycles_turn = 65536;  // the meter's counter has 16 bits
 constexpr std::size_t conditions_length = 11;
 
 struct ReportHeader {
-  EventTime start;
+  MeterTime start;
   double pt_ratio = 1;
   double reference = 0;
   double sd_percent = 0;
@@ -133,11 +133,11 @@ EventFields cut_event(std::string_view line) {
 }
 
 // Nothing when the line is short or malformed, and when the recording has no valid start.
-std::optional<EventTime> event_time(const EventTime& start, const EventFields& fields) {
-  const std::optional<int> minutes = elapsed_minutes(fields.elapsed);
-  if (!minutes || !field_number(fields.cycles) || !field_number(fields.conditions) || !exists(start))
+std::optional<MeterTime> event_time(const MeterTime& start, const EventFields& fields) {
+  const std::optional<int> elapsed = elapsed_seconds(fields.elapsed);
+  if (!elapsed || !field_number(fields.cycles) || !field_number(fields.conditions) || !exists(start))
     return std::nullopt;
-  return time_after(start, *minutes);
+  return time_after(start, *elapsed);
 }
 
 // A count above 32767 arrives as a negative number.
@@ -160,8 +160,8 @@ std::string conditions_field(std::string_view text) {
   return std::string(conditions_length - text.size(), ' ').append(text);
 }
 
-std::string event_line(const EventTime& start, const EventFields& fields) {
-  const std::optional<EventTime> time = event_time(start, fields);
+std::string event_line(const MeterTime& start, const EventFields& fields) {
+  const std::optional<MeterTime> time = event_time(start, fields);
   std::string line = record_field(fields.number) + record_field(fields.elapsed);
   line += record_field(time ? date_text(*time) : "");
   line += record_field(time ? minute_text(*time) : "");

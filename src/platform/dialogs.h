@@ -10,10 +10,14 @@ namespace halden {
 
 enum class Icon { none, information, question, exclamation };
 
+// What the Enter key answers to a question.
+enum class Preset { yes, no };
+
 struct Message {
   std::string text;
   std::string title;
   Icon icon = Icon::none;
+  Preset preset = Preset::yes;
 };
 
 // One line of a file dialog's filter list: "csv Files(*.csv)" with "*.csv".

@@ -34,6 +34,10 @@ class Files {
   // Deleting a file that is not there is no failure.
   virtual FileFailure remove(const std::string& path) = 0;
 
+  // Gives a file another name in the same folder. Fails, and changes nothing, when a file of that name is
+  // there.
+  virtual FileFailure rename(const std::string& path, const std::string& new_path) = 0;
+
   // Nothing when the file cannot be seen.
   virtual std::optional<std::uint64_t> length(const std::string& path) = 0;
 };

@@ -74,10 +74,10 @@ void Readings::advance_energy_and_demand(double t) {
   advance_maximum_demand_va(t);
   advance_average_demand_w(t);
   advance_average_demand_va(t);
-  reset_demand_period(t);
+  logger_reset_md_ad_counter(t);
 }
 
-void Readings::reset_demand_period(double t) {
+void Readings::logger_reset_md_ad_counter(double t) {
   if (!demand_period_complete(t)) return;
   demand_samples = 0;
   demand_w_sum = demand_va_sum = average_w_sum = average_va_sum = 0.0;

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 
 namespace halden {
 
@@ -77,10 +78,24 @@ void copy_digits(const Decimal& decimal, int from, int to, char* target) {
     target[index - from] = decimal.digits[static_cast<std::size_t>(index)];
 }
 
-}  // namespace
+constexpr std::array<double, 7> powers_of_ten = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+constexpr double most_quick_counts = 1e13;
+constexpr int most_quick_digits = 20;
 
-std::string format_pattern(double value, std::string_view pattern) {
-  const Shape shape = read_shape(pattern);
+// `magnitude` times 10^places, rounded; nothing where the shortest decimal text has to decide. Below 1e13
+// counts it need not: the half between two counts has so few digits that it is the shortest text of the
+// double nearest to it, so comparing with that double rounds every text to the same side. A product that is
+// rounded up to the next count does no harm, because the value is then below the half behind that count.
+std::optional<std::int64_t> quick_counts(double magnitude, int places) {
+  if (places >= static_cast<int>(powers_of_ten.size())) return {};
+  const double scale = powers_of_ten[static_cast<std::size_t>(places)];
+  const double product = magnitude * scale;
+  if (!(product < most_quick_counts)) return {};
+  const auto counts = static_cast<std::int64_t>(product);
+  return magnitude >= (static_cast<double>(counts) + 0.5) / scale ? counts + 1 : counts;
+}
+
+std::string exact_pattern(double value, const Shape& shape) {
   Decimal decimal = shortest_decimal(std::fabs(value));
   if (shape.percent) decimal.point += 2;
   round_to_places(decimal, shape.places);
@@ -102,6 +117,33 @@ std::string format_pattern(double value, std::string_view pattern) {
     copy_digits(decimal, decimal.point, decimal.point + shape.places, at);
   }
   return text.append(shape.suffix);
+}
+
+}  // namespace
+
+std::string format_pattern(double value, std::string_view pattern) {
+  const Shape shape = read_shape(pattern);
+  const auto counts = quick_counts(std::fabs(value), shape.places + (shape.percent ? 2 : 0));
+  const int least_digits = shape.least_whole_digits + shape.places;
+  if (!counts || least_digits > most_quick_digits) return exact_pattern(value, shape);
+  return counts_text(value < 0.0 ? -*counts : *counts, least_digits, shape.places, shape.suffix);
+}
+
+// Written from the last digit to the first.
+std::string counts_text(std::int64_t counts, int least_digits, int places, std::string_view suffix) {
+  std::array<char, most_quick_digits + 2> text;
+  char* const end = text.data() + text.size();
+  char* at = end;
+  std::int64_t rest = counts < 0 ? -counts : counts;
+  const auto write_digit = [&] {
+    *--at = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  };
+  for (int place = 0; place < places; ++place) write_digit();
+  if (places > 0) *--at = '.';
+  for (int digit = places; digit < least_digits || rest > 0; ++digit) write_digit();
+  if (counts < 0) *--at = '-';
+  return std::string(at, end).append(suffix);
 }
 
 }  // namespace halden

@@ -7,6 +7,7 @@
 //   anything else, from there to the end, is written after the number: "0.00H", "#0.0Hz"
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,5 +17,9 @@ namespace halden {
 // although the double is slightly less than 0.35. All digits before the point are written, also when the
 // pattern has fewer. A result that rounds to zero has no sign. A value that is not finite counts as 0.
 std::string format_pattern(double value, std::string_view pattern);
+
+// Whole counts with at least `least_digits` digits (at most 20) and a point before the last `places` of them:
+// -45 with 4 digits, 2 places and "KW" is "-00.45KW".
+std::string counts_text(std::int64_t counts, int least_digits, int places, std::string_view suffix);
 
 }  // namespace halden

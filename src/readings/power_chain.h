@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
+#include <string_view>
 
 #include "readings/raw_values.h"
 #include "readings/readings.h"
@@ -45,23 +45,23 @@ struct PowerReadings {
   PerPhase<std::optional<std::int32_t>> line_raw{0, 0, 0};  // v12_raw, v23_raw, v31_raw
 };
 
-// The texts of one phase; nothing for a quantity whose field was missing.
+// The texts of one phase, which the chain keeps until its next group; nothing for a quantity whose field was
+// missing.
 class PhaseTexts {
  public:
-  std::optional<std::string>& operator[](PhaseQuantity quantity) { return texts_[index(quantity)]; }
-  const std::optional<std::string>& operator[](PhaseQuantity quantity) const {
-    return texts_[index(quantity)];
-  }
+  std::optional<std::string_view>& operator[](PhaseQuantity quantity) { return texts_[index(quantity)]; }
+  std::optional<std::string_view> operator[](PhaseQuantity quantity) const { return texts_[index(quantity)]; }
 
  private:
   static std::size_t index(PhaseQuantity quantity) { return static_cast<std::size_t>(quantity); }
 
-  std::array<std::optional<std::string>, phase_quantities.size()> texts_;
+  std::array<std::optional<std::string_view>, phase_quantities.size()> texts_;
 };
 
+// The chain keeps them until it is asked for the next ones.
 struct SystemTexts {
-  std::string w, var, va, pf;
-  std::optional<PerPhase<std::string>> lines;  // V12, V23, V31 of a three-phase system
+  std::string_view w, var, va, pf;
+  std::optional<PerPhase<std::string_view>> lines;  // V12, V23, V31 of a three-phase system
 };
 
 class PowerChain {

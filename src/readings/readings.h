@@ -100,7 +100,7 @@ struct Readings {
   std::string energy_pf_text;
   void energy_power_factor();
 
-  // ---- demand: once per sampling instant, count_demand_sample first, reset_demand_period last ----
+  // ---- demand: once per sampling instant, count_demand_sample first, logger_reset_md_ad_counter last ----
   // A period is complete after md_period minutes. Over range adds nothing to a sum, but the sample counts.
   std::int32_t demand_samples = 0;
   void count_demand_sample();
@@ -131,8 +131,9 @@ struct Readings {
   // All of them for one sampling instant, in the order the meter's values are read; texts, then the reset.
   void advance_energy_and_demand(double t);
 
-  // At the end of a complete period: counter and the four sums to 0. Does nothing while t is 0.
-  void reset_demand_period(double t);
+  // At the end of a complete period, live and stored: counter and the four sums to 0. Does nothing while t is
+  // 0.
+  void logger_reset_md_ad_counter(double t);
 
   // Energies, their power factor, everything of the demand, and the demand's texts as at the start.
   void reset_energy_and_demand();

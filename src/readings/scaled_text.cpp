@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "readings/numbers.h"
 #include "readings/patterns.h"
@@ -11,11 +12,13 @@ namespace halden {
 
 namespace {
 
-// From here on "0000" writes five digits (halves round away from zero).
+constexpr int digits = 4;
+
+// From here on a value has five digits: halves round away from zero.
 constexpr double five_digits = 9999.5;
 
-// Digits before the point by exponent modulo 3.
-constexpr std::array<std::size_t, 3> whole_digits = {3, 1, 2};
+// Digits behind the point by exponent modulo 3.
+constexpr std::array<int, 3> places = {1, 3, 2};
 
 double tenth(double value, Division division) {
   return division == Division::integer ? static_cast<double>(integer_quotient(value, 10.0)) : value / 10.0;
@@ -83,10 +86,9 @@ std::string prefix_text(double value, int exponent, Division division, const Uni
   if (!std::isfinite(value)) return std::string(overload_text);
   for (; std::fabs(value) >= five_digits; ++exponent) value = tenth(value, division);
 
-  std::string text = format_pattern(value, "0000");
-  const std::size_t sign = text[0] == '-' ? 1 : 0;
-  text.insert(sign + whole_digits[static_cast<std::size_t>(exponent % 3)], 1, '.');
-  return text.append(unit_of(exponent, units));
+  const auto counts = static_cast<std::int64_t>(std::round(value));
+  return counts_text(counts, digits, places[static_cast<std::size_t>(exponent % 3)],
+                     unit_of(exponent, units));
 }
 
 }  // namespace halden

@@ -3,24 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <vector>
 
 namespace halden {
 namespace {
 
 using Words = std::map<int, std::int16_t>;  // all others are 0
 
-MeterStatus recorded(std::int16_t channel, std::int16_t ct, std::int16_t pt) {
-  MeterStatus status;
-  status.ct_ratio = 7;  // of the live settings, which do not count
-  status.logger_channel = channel;
-  status.logger_system = 3;
-  status.logger_frequency_code = 2;
-  status.logger_ct_ratio = ct;
-  status.logger_pt_ratio = pt;
-  status.logger_sample_seconds = 300;
-  status.md_period = 15;
-  return status;
+RecordedSettings recorded(std::int16_t channel, std::int16_t ct, std::int16_t pt) {
+  return {
+      {ct, pt, 1.0F, 0, Wiring::w3p4w, 15, ProductLimit::none}, 300, 2, channel, "2024-02-28", "23:55:00"};
 }
 
 // The line that the last word completes; "early" when another one does.
@@ -28,21 +19,20 @@ std::string line_of(HarmonicsConversion& conversion, const Words& words) {
   std::string line;
   for (int position = 0; position < 64; ++position) {
     const auto word = words.find(position);
-    const auto record =
-        conversion.add_word(word == words.end() ? std::int16_t{0} : word->second, "2024-02-29", "23:59:58");
+    const auto record = conversion.take(word == words.end() ? std::int16_t{0} : word->second);
     if (record) line = position == 63 ? record->text : "early";
   }
   return line;
 }
 
 // Without date, time and orders.
-std::string summary_of(const MeterStatus& status, const Words& words) {
-  HarmonicsConversion conversion(status);
+std::string summary_of(const RecordedSettings& settings, const Words& words) {
+  HarmonicsConversion conversion(settings);
   return line_of(conversion, words).substr(22, 77);
 }
 
 TEST(HarmonicsConversion, TwoRecordsOfAVoltageWorkedOutByHand) {
-  HarmonicsConversion conversion(recorded(2, 0, 100));
+  HarmonicsConversion conversion(recorded(2, 1, 100));
   const std::string header = conversion.header();
   EXPECT_TRUE(
       header.starts_with("HARMO,Hz=60,MD=15,SEC=300,CT=1,VT=100,INPUT=V2,SYS=3P4W,NO.=51 ,OPTION=%\r\n"
@@ -56,35 +46,31 @@ TEST(HarmonicsConversion, TwoRecordsOfAVoltageWorkedOutByHand) {
       line_of(
           conversion,
           {{0, 2300}, {1, 3254}, {2, 3253}, {4, 10000}, {6, 525}, {53, 7}, {54, 1000}, {55, 599}, {58, 50}}),
-      "2024-02-29,  23:59:58,   23.00KV,   32.54KV,  -32.53KV,    100.0%,   16.26KV,    59.9Hz,   0 to 50,"
+      "2024-02-28,  23:55:00,   23.00KV,   32.54KV,  -32.53KV,    100.0%,   16.26KV,    59.9Hz,   0 to 50,"
       "       0.0,     100.0,       0.0,       5.3," +
           zeros + "       0.1,");
-  EXPECT_EQ(line_of(conversion, {{0, -1}, {1, 32767}, {2, -1}, {55, 500}, {58, 51}}).substr(22, 77),
-            "       OL ,   327.6KV,    -  OL ,      0.0%,       OL ,    50.0Hz, 50 to 100,");
-  EXPECT_FALSE(conversion.is_inside_record());
-
-  for (int extra : {1, 2}) EXPECT_FALSE(conversion.add_word(2300, "", "")) << extra;
-  EXPECT_TRUE(conversion.is_inside_record());
-  EXPECT_EQ(conversion.count_text(), "2 records converted");
+  EXPECT_EQ(
+      line_of(conversion, {{0, -1}, {1, 32767}, {2, -1}, {55, 500}, {58, 51}}).substr(0, 99),
+      "2024-02-29,  00:00:00,       OL ,   327.6KV,    -  OL ,      0.0%,       OL ,    50.0Hz, 50 to 100,");
 }
 
 TEST(HarmonicsConversion, CurrentsHaveTheirClampAndNoLimit) {
-  MeterStatus status = recorded(5, 1, 1);
+  RecordedSettings settings = recorded(5, 1, 1);
   // Only the meter's own -1 is over range: -2 / 1.4142 rounds to -1.
-  EXPECT_EQ(summary_of(status, {{0, -2}, {1, 12}, {54, 1000}, {58, 101}}),
+  EXPECT_EQ(summary_of(settings, {{0, -2}, {1, 12}, {54, 1000}, {58, 101}}),
             "  -000.2mA,   001.2mA,  -000.0mA,    100.0%,  -000.1mA,     0.0Hz,   ?      ,");
 
   // 32767 x 32767 x 3 is 3,221,028,867, beyond 32 bits, in units of 0.1 A.
-  status = recorded(5, 32767, 1);
-  status.logger_current_range = 3;
-  status.logger_clamp_flags = -32768;  // binary 10 at the top
-  EXPECT_EQ(summary_of(status, {{0, 32767}, {58, -1}}).substr(0, 55),
+  settings = recorded(5, 32767, 1);
+  settings.scaling.current_range = 3;
+  settings.scaling.current_scale = 3.0F;
+  EXPECT_EQ(summary_of(settings, {{0, 32767}, {58, -1}}).substr(0, 55),
             "   322.1MA,    000.0A,   -000.0A,      0.0%,   322.1MA,");
-  status.logger_clamp_flags = -16384;  // binary 11
-  status.logger_ct_ratio = 1;
-  status.logger_system = 9;
-  EXPECT_EQ(summary_of(status, {{0, 1000}}).substr(0, 11), "    120.0A,");
-  EXPECT_NE(HarmonicsConversion(status).header().find(",INPUT=I3,SYS=????,NO.=51 ,"), std::string::npos);
+  settings.scaling.current_scale = 1.2F;
+  settings.scaling.ct_ratio = 1;
+  settings.scaling.wiring_system = Wiring{9};
+  EXPECT_EQ(summary_of(settings, {{0, 1000}}).substr(0, 11), "    120.0A,");
+  EXPECT_NE(HarmonicsConversion(settings).header().find(",INPUT=I3,SYS=????,NO.=51 ,"), std::string::npos);
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "logger/event_time.h"
-
 namespace halden {
 namespace {
 
@@ -52,21 +50,6 @@ TEST(TransientReport, TheHeaderDecidesWhatCanBeSaid) {
   for (const char* start : {"9,13", "99999,2"})
     EXPECT_TRUE(lines_of(std::string(start) + ",28,23,50,10,1,2200,10,  100:00:15 00120 02")
                     .ends_with("\r\n         1,  00:00:15,          ,          ,     00120,      2(LO)\r\n"));
-}
-
-TEST(EventTime, DaysAreCarriedThroughMonthsAndYears) {
-  const auto after = [](const EventTime& start, std::string_view elapsed) {
-    const EventTime time = time_after(start, elapsed_minutes(elapsed).value_or(-1));
-    return date_text(time) + " " + second_text(time);
-  };
-  EXPECT_EQ(after({{2008, 2, 28}, 23, 59, 7}, "00:00:01"), "2008-02-29 00:00:07");
-  EXPECT_EQ(after({{2008, 2, 28}, 23, 59, 7}, " 1: 0: 1"), "2008-03-01 00:00:07");
-  EXPECT_EQ(after({{2009, 12, 31}, 0, 0, 0}, "62:24:60"), "2010-03-04 01:00:00");
-  EXPECT_FALSE(elapsed_minutes("00-00:01") || elapsed_minutes("0 :00:01") || elapsed_minutes("00:00:1"));
-  EXPECT_TRUE(exists({{2008, 2, 29}, 23, 59, 59}));
-  EXPECT_FALSE(exists({{2009, 2, 29}, 0, 0, 0}) || exists({{2009, 4, 31}, 0, 0, 0}) ||
-               exists({{2009, 4, 0}, 0, 0, 0}) || exists({{2009, 4, 1}, 24, 0, 0}) ||
-               exists({{2009, 4, 1}, 0, 60, 0}) || exists({{2009, 4, 1}, 0, 0, 60}));
 }
 
 }  // namespace

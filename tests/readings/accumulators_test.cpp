@@ -31,7 +31,7 @@ class Accumulators : public testing::Test {
       readings.advance_maximum_demand_va(t);
       readings.advance_average_demand_w(t);
       readings.advance_average_demand_va(t);
-      readings.reset_demand_period(t);
+      readings.logger_reset_md_ad_counter(t);
     }
     return readings.demand_w_text + '|' + readings.average_w_text + '|' + readings.demand_va_text + '|' +
            readings.average_va_text;

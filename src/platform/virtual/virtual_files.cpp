@@ -1,5 +1,7 @@
 #include "platform/virtual/virtual_files.h"
 
+#include <utility>
+
 namespace halden {
 
 FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) {
@@ -13,6 +15,10 @@ FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std:
 
 FileFailure VirtualFiles::append(const std::string& path, std::string_view bytes) {
   if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
+  if (free_bytes) {
+    if (bytes.size() > *free_bytes) return FileFailure::disk_full;
+    *free_bytes -= bytes.size();
+  }
   contents[path] += bytes;
   return FileFailure::none;
 }
@@ -25,6 +31,15 @@ FileFailure VirtualFiles::replace(const std::string& path, std::string_view byte
 
 FileFailure VirtualFiles::remove(const std::string& path) {
   if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
+  contents.erase(path);
+  return FileFailure::none;
+}
+
+FileFailure VirtualFiles::rename(const std::string& path, const std::string& new_path) {
+  if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
+  if (contents.count(path) == 0) return FileFailure::not_found;
+  if (contents.count(new_path) > 0) return FileFailure::failed;
+  contents[new_path] = std::move(contents[path]);
   contents.erase(path);
   return FileFailure::none;
 }

@@ -17,6 +17,7 @@ class VirtualFiles : public Files {
   FileFailure append(const std::string& path, std::string_view bytes) override;
   FileFailure replace(const std::string& path, std::string_view bytes) override;
   FileFailure remove(const std::string& path) override;
+  FileFailure rename(const std::string& path, const std::string& new_path) override;
   std::optional<std::uint64_t> length(const std::string& path) override;
 
   std::map<std::string, std::string> contents;
@@ -25,6 +26,7 @@ class VirtualFiles : public Files {
   std::map<std::string, FileFailure> read_failures;    // by path
   FileFailure write_failure = FileFailure::none;       // of every append, replace and remove
   std::map<std::string, FileFailure> folder_failures;  // of the same, by the beginning of the path
+  std::optional<std::uint64_t> free_bytes;             // for appends; without a value there is no end
 
  private:
   FileFailure why_not_writable(const std::string& path) const;

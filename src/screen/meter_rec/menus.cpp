@@ -34,7 +34,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"", "show_wave", "Waveform"},
     {"show_wave", "open_waveform", "open"},
     {"show_wave", "close_waveform", "close"},
-    {"", "loggerPWR", "Datalogger", Entry::disabled},
+    {"", "loggerPWR", "Datalogger"},
     {"", "Option_Menu", "Option"},
     {"Option_Menu", "SampleRate", "&Sample Rate"},
     {"Option_Menu", "comm_port", "COM"},

@@ -116,6 +116,14 @@ FileFailure QtFiles::remove(const std::string& path) {
   return folder.isWritable() ? FileFailure::failed : FileFailure::forbidden;
 }
 
+FileFailure QtFiles::rename(const std::string& path, const std::string& new_path) {
+  QFile file(QString::fromStdString(path));
+  if (!file.exists()) return FileFailure::not_found;
+  if (file.rename(QString::fromStdString(new_path))) return FileFailure::none;
+  return QFileInfo(QFileInfo(file).absolutePath()).isWritable() ? FileFailure::failed
+                                                                : FileFailure::forbidden;
+}
+
 std::optional<std::uint64_t> QtFiles::length(const std::string& path) {
   const QFileInfo info(QString::fromStdString(path));
   if (!info.isFile()) return std::nullopt;

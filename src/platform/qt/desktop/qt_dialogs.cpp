@@ -59,6 +59,7 @@ bool QtDialogs::confirm(const Message& question) {
   fill(box, question);
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
+  box.setDefaultButton(question.preset == Preset::yes ? QMessageBox::Yes : QMessageBox::No);
   return wait_for_answer(box) == QMessageBox::Yes;
 }
 

@@ -9,10 +9,10 @@
 
 namespace halden {
 
-// Only a file that exists: for a missing one a viewer shows a box of its own, or nothing at all.
+// Only what exists: for a missing one a viewer shows a box of its own, or nothing at all.
 bool QtShell::open_document(const std::string& path) {
   const QFileInfo file(QString::fromStdString(path));
-  return file.isFile() && QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
+  return file.exists() && QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
 }
 
 void QtShell::beep() { QApplication::beep(); }

@@ -1,0 +1,79 @@
+// The serial line while the datalogger uses it: waits that Cancel ends, and the silence after a transfer.
+//
+// The meter cannot be stopped: a transfer that was cancelled or cut goes on, for an hour when the memory is
+// full, and whatever is sent to the meter meanwhile is lost or answered with the rest of the file. Nothing is
+// sent until the line has been silent for five seconds.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+#include "platform/serial_port.h"
+
+namespace halden {
+
+// After this long without a byte a transfer is over.
+inline constexpr double silence_s = 5.0;
+
+// Seconds on the time-of-day clock. Begins anew when that clock goes back, at midnight.
+class Stopwatch {
+ public:
+  explicit Stopwatch(const Clock& clock) : clock_(clock), start_s_(clock.seconds_since_midnight()) {}
+
+  void restart() { start_s_ = clock_.seconds_since_midnight(); }
+  double elapsed_s();
+
+ private:
+  const Clock& clock_;
+  double start_s_;
+};
+
+class MeterLine {
+ public:
+  // Both outlive the line.
+  MeterLine(Clock& clock, SerialPort& port) : clock_(clock), port_(port) {}
+
+  // An exchange begins: it is not cancelled yet.
+  void begin() { cancelled_ = false; }
+  void cancel() { cancelled_ = true; }
+  bool is_cancelled() const { return cancelled_; }
+
+  void send(std::string_view bytes) { port_.send(bytes); }
+  std::string receive() { return port_.receive(); }
+
+  // Whether bytes wait to be received.
+  bool has_bytes() { return port_.received_count() > 0; }
+
+  // Whether the adapter is gone.
+  bool is_gone() const { return port_.state() != PortState::open; }
+
+  // Waits and yields. False when cancelled, then at once.
+  bool wait(double seconds);
+
+  // Throws away what arrives for `seconds`, and after that as long as bytes wait, at most six seconds more.
+  // False when cancelled, then at once.
+  bool drain(double seconds);
+
+  // Yields for one turn of a wait that has at most this many seconds left.
+  void turn(double at_most_s) { clock_.pause(Yield::yes, at_most_s); }
+
+  // From a transfer on, until the line has been silent: the meter may still be sending.
+  void expect_more() { may_send_on_ = true; }
+  bool may_send_on() const { return may_send_on_; }
+
+  // Throws away what arrives until the line has been silent. `waiting` is called on each turn. False when the
+  // user cancelled or the line was not silent for two hours, longer than any file takes; it still is not
+  // silent then. Forgets an earlier cancellation, which was that of the transfer.
+  bool settle(const std::function<void()>& waiting);
+
+ private:
+  Clock& clock_;
+  SerialPort& port_;
+  bool cancelled_ = false;
+  bool may_send_on_ = false;
+};
+
+}  // namespace halden

@@ -1,0 +1,68 @@
+#include "logger/result_texts.h"
+
+#include <algorithm>
+
+#include "logger/logger_texts.h"
+#include "screen/failure_texts.h"
+
+namespace halden {
+
+namespace {
+
+constexpr Text incomplete = {"{}, bytes were lost: download again", "{}，資料遺失：請重新下載"};
+constexpr Text nothing = {"the meter sent nothing", "電表未傳送任何資料"};
+constexpr Text cancelled = {"cancelled, {}", "已取消，{}"};
+constexpr Text unwritable = {"{}, then {}", "{}，之後{}"};
+
+constexpr Text one_screen = {"1 screen", "1 個畫面"};
+constexpr Text was_there = {"was there already", "檔案已存在"};
+constexpr Text run_counts = {"{} downloaded, {} already there, {} not whole: {}",
+                             "下載 {} 個，已存在 {} 個，不完整 {} 個：{}"};
+constexpr Text run_cancelled = {"cancelled; ", "已取消；"};
+constexpr Text run_failed = {"ended early; ", "提前結束；"};
+
+std::string amount_text(const DownloadResult& result, Amount amount, Language language) {
+  return amount == Amount::screen ? std::string(one_screen.in(language))
+                                  : records_text(result.records, language);
+}
+
+}  // namespace
+
+std::string result_text(const DownloadResult& result, Amount amount, Language language) {
+  const std::string held = amount_text(result, amount, language);
+  switch (result.end) {
+    case DownloadEnd::incomplete:
+      return incomplete.with(language, {held});
+    case DownloadEnd::nothing:
+      return std::string(nothing.in(language));
+    case DownloadEnd::cancelled:
+      return cancelled.with(language, {held});
+    case DownloadEnd::unwritable:
+      return unwritable.with(language, {held, write_failure_text(result.failure, language)});
+    case DownloadEnd::whole:
+      break;
+  }
+  return held;
+}
+
+std::string line_of(const FileOfRun& file, Language language) {
+  const Amount amount = file.kind->convert == nullptr ? Amount::screen : Amount::records;
+  return file.name + ": " +
+         (file.fate == FileFate::was_there ? std::string(was_there.in(language))
+                                           : result_text(file.result, amount, language));
+}
+
+std::string run_text(const RunResult& run, const std::string& folder, Language language) {
+  const auto count = [&run](FileFate fate) {
+    return std::to_string(
+        std::count_if(run.files.begin(), run.files.end(), [fate](const auto& f) { return f.fate == fate; }));
+  };
+  const std::string_view early = run.end == RunEnd::cancelled ? run_cancelled.in(language)
+                                 : run.end == RunEnd::failed  ? run_failed.in(language)
+                                                              : std::string_view();
+  return std::string(early) +
+         run_counts.with(language, {count(FileFate::downloaded), count(FileFate::was_there),
+                                    count(FileFate::not_whole), folder});
+}
+
+}  // namespace halden

@@ -1,0 +1,89 @@
+#include "logger/transfer.h"
+
+#include <algorithm>
+
+#include "logger/word_file.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double drain_s = 2.0;
+constexpr double before_request_s = 1.0;
+constexpr std::string_view download_request = "\x04";
+
+constexpr double show_period_s = 0.1;  // of the figures and of the words in the file
+constexpr double rate_after_s = 1.0;
+
+}  // namespace
+
+TransferResult Transfer::run(const TransferPlan& plan) {
+  result_ = {};
+  if (!ask(plan)) {
+    result_.end = TransferEnd::cancelled;
+    return result_;
+  }
+  Stopwatch silent(clock_);
+  while (silent.elapsed_s() < silence_s) {
+    if (line_.is_cancelled()) {
+      result_.end = TransferEnd::cancelled;
+      break;
+    }
+    const bool arrived = take_what_arrived(plan.unit_bytes);
+    if (arrived) silent.restart();
+    if (!write_and_show(plan)) break;
+    line_.turn(arrived ? 0 : silence_s - silent.elapsed_s());
+  }
+  write_words(plan);
+  show();
+  return result_;
+}
+
+bool Transfer::ask(const TransferPlan& plan) {
+  undecoded_.clear();
+  words_.clear();
+  if (!line_.drain(drain_s) || !line_.wait(before_request_s)) return false;
+  line_.send(download_request);
+  line_.expect_more();
+  asked_s_ = shown_s_ = clock_.monotonic_s();
+  show();
+  line_.wait(plan.after_request_s);
+  return true;
+}
+
+bool Transfer::take_what_arrived(std::size_t unit_bytes) {
+  const std::string received = line_.receive();
+  if (received.empty()) return false;
+  result_.bytes += received.size();
+  undecoded_ += received;
+  const std::size_t whole = undecoded_.size() / unit_bytes * unit_bytes;
+  words_ += word_lines(std::string_view(undecoded_).substr(0, whole));
+  undecoded_.erase(0, whole);
+  return true;
+}
+
+// False when the words could not be written.
+bool Transfer::write_and_show(const TransferPlan& plan) {
+  const double now_s = clock_.monotonic_s();
+  if (now_s - shown_s_ < show_period_s) return true;
+  shown_s_ = now_s;
+  show();
+  return write_words(plan);
+}
+
+bool Transfer::write_words(const TransferPlan& plan) {
+  if (words_.empty() || result_.failure != FileFailure::none) return result_.failure == FileFailure::none;
+  result_.failure = files_.append(plan.words_path, words_);
+  words_.clear();
+  if (result_.failure == FileFailure::none) return true;
+  result_.end = TransferEnd::unwritable;
+  return false;
+}
+
+void Transfer::show() const {
+  const double elapsed_s = clock_.monotonic_s() - asked_s_;
+  const double per_second = elapsed_s < rate_after_s ? 0 : static_cast<double>(result_.bytes) / elapsed_s;
+  show_({result_.bytes, elapsed_s, per_second});
+}
+
+}  // namespace halden

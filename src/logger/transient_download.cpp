@@ -1,0 +1,113 @@
+#include "logger/transient_download.h"
+
+#include "logger/output_file.h"
+#include "logger/transient_report.h"
+
+namespace halden {
+
+namespace {
+
+constexpr double drain_s = 1.0;
+constexpr double press_s = 12.0;
+constexpr double report_silence_s = 2.0;
+constexpr double show_period_s = 0.1;
+constexpr double after_conversion_s = 2.0;
+
+constexpr std::string_view report_file = "temp_data.tra";
+
+}  // namespace
+
+DownloadResult TransientDownload::run(const std::string& path) {
+  OutputFile output(parts_.platform.files, path);
+  note_failure(output.try_to_write());
+  note_failure(parts_.platform.files.replace(parts_.work_path(report_file), ""));
+  if (result_.end != DownloadEnd::unwritable) receive();
+  if (!report_.empty())
+    convert(output);
+  else if (result_.end == DownloadEnd::nothing)
+    parts_.messages.say(no_transient_data_message);
+  output.remove_if_new();
+  finish();
+  return result_;
+}
+
+// The text is kept as it comes; the file of it is brought up to date ten times a second.
+void TransientDownload::receive() {
+  MeterLine& line = parts_.line;
+  if (!line.drain(drain_s)) {
+    result_.end = DownloadEnd::cancelled;
+    return;
+  }
+  parts_.panel.show_notice("Status", "  Waiting for 12 sec. Press the Transient Button");
+  const double began_s = parts_.platform.clock.monotonic_s();
+  Stopwatch silent(parts_.platform.clock);
+  double limit_s = press_s;
+  for (double shown_s = 0; silent.elapsed_s() < limit_s && !line.is_cancelled();) {
+    const std::string received = line.receive();
+    report_ += received;
+    if (!received.empty()) {
+      limit_s = report_silence_s;
+      silent.restart();
+      line.expect_more();
+    }
+    const double elapsed_s = parts_.platform.clock.monotonic_s() - began_s;
+    if (elapsed_s - shown_s >= show_period_s) {
+      shown_s = elapsed_s;
+      parts_.panel.show_figures({report_.size(), elapsed_s, 0}, 0);
+      write_report();
+    }
+    line.turn(received.empty() ? limit_s - silent.elapsed_s() : 0);
+  }
+  parts_.panel.show_figures({report_.size(), parts_.platform.clock.monotonic_s() - began_s, 0}, 0);
+  write_report();
+  result_.bytes = report_.size();
+  if (line.is_cancelled())
+    result_.end = DownloadEnd::cancelled;
+  else if (report_.empty())
+    result_.end = DownloadEnd::nothing;
+}
+
+// A report that cannot be kept is converted all the same.
+void TransientDownload::write_report() {
+  if (written_ == report_.size()) return;
+  const std::string_view rest = std::string_view(report_).substr(written_);
+  parts_.platform.files.append(parts_.work_path(report_file), rest);
+  written_ = report_.size();
+}
+
+void TransientDownload::convert(OutputFile& output) {
+  const TransientEvents events = convert_transient_report(report_, parts_.platform.clock.today());
+  if (events.outcome == TransientOutcome::incomplete) return note_lost_bytes();
+  parts_.panel.show_notice("", "Converting");
+  note_failure(output.append_lines(events.lines));
+  if (result_.end == DownloadEnd::unwritable) return;
+  result_.records = events.records;
+  parts_.panel.show_records(events.records);
+  parts_.panel.show_notice("", transient_count_text(events));
+}
+
+void TransientDownload::finish() {
+  const bool converted = result_.records > 0 || result_.end == DownloadEnd::whole;
+  if (converted && result_.end != DownloadEnd::cancelled)
+    parts_.link.waits.timed_wait(after_conversion_s, Yield::yes);
+  parts_.panel.hide_notice();
+  const bool late = parts_.line.has_bytes();
+  if (late && result_.end == DownloadEnd::whole) note_lost_bytes();
+  const bool stopped = result_.end == DownloadEnd::cancelled && !report_.empty();
+  if (late || stopped) result_.goes_on = wait_for_silence(parts_);
+}
+
+void TransientDownload::note_lost_bytes() {
+  if (result_.end == DownloadEnd::cancelled) return;
+  result_.end = DownloadEnd::incomplete;
+  parts_.messages.say(incomplete_message, Icon::exclamation);
+}
+
+void TransientDownload::note_failure(FileFailure failure) {
+  if (failure == FileFailure::none || result_.end == DownloadEnd::unwritable) return;
+  result_.end = DownloadEnd::unwritable;
+  result_.failure = failure;
+  parts_.messages.say(unwritable_message(failure, parts_.link.state.language), Icon::exclamation);
+}
+
+}  // namespace halden
