@@ -51,7 +51,7 @@ struct LoggerFormTest : NoticeHolder, FormTest {
     field->insert(text);
   }
 
-  QWidget& panel() { return *widget("transfer_panel"); }
+  QWidget& panel() { return *widget("transfer_area"); }
 };
 
 TEST_F(LoggerFormTest, PassesOnWhatTheUserDoes) {

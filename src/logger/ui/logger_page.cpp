@@ -10,7 +10,7 @@
 #include <string>
 
 #include "logger/ui/results_area.h"
-#include "logger/ui/transfer_panel.h"
+#include "logger/ui/transfer_area.h"
 #include "screen/ui/fonts.h"
 
 namespace halden {
@@ -69,7 +69,7 @@ LoggerPage::LoggerPage(FormWindow& form, Window& notice) : form_(form) {
   build_title(*column);
   build_cards(*column);
   build_buttons(*column);
-  column->addWidget(new TransferPanel(form, notice, sizes_, this));
+  column->addWidget(new TransferArea(form, notice, sizes_, this));
   column->addWidget(new ResultsArea(form, sizes_, this), 9);
   connect(&form, &FormWindow::changes_shown, this, &LoggerPage::fit);
 }

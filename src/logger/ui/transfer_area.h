@@ -16,12 +16,12 @@ class QVBoxLayout;
 
 namespace halden {
 
-class TransferPanel : public QWidget {
+class TransferArea : public QWidget {
   Q_OBJECT
 
  public:
-  // Form, notice and sizes outlive the panel.
-  TransferPanel(FormWindow& form, Window& notice, ScaledSizes& sizes, QWidget* parent);
+  // Form, notice and sizes outlive the area.
+  TransferArea(FormWindow& form, Window& notice, ScaledSizes& sizes, QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

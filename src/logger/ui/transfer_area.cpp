@@ -1,4 +1,4 @@
-#include "logger/ui/transfer_panel.h"
+#include "logger/ui/transfer_area.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -37,14 +37,14 @@ void keep_room(QWidget& hidden) {
 
 }  // namespace
 
-TransferPanel::TransferPanel(FormWindow& form, Window& notice, ScaledSizes& sizes, QWidget* parent)
+TransferArea::TransferArea(FormWindow& form, Window& notice, ScaledSizes& sizes, QWidget* parent)
     : QWidget(parent),
       form_(form),
       notice_(notice),
       notice_mirror_(notice),
       sizes_(sizes),
       rows_(new QVBoxLayout(this)) {
-  setObjectName(QStringLiteral("transfer_panel"));
+  setObjectName(QStringLiteral("transfer_area"));
   rows_->setSpacing(0);
   sizes_.add(margin_pixels, [this](int margin) {
     rows_->setContentsMargins(margin + accent_width, margin / 2, margin, margin / 2);
@@ -53,14 +53,14 @@ TransferPanel::TransferPanel(FormWindow& form, Window& notice, ScaledSizes& size
   build_task();
   build_figures();
   build_note();
-  // A hidden panel does not notice that its rows have another height.
+  // A hidden widget does not notice that its rows have another height.
   sizes_.add_height(design_height_ + margin_pixels + rounding_pixels, *this);
   keep_room(*this);
   form_.follow(notice_, [this] { show_notice(); });
   form_.mirror().tie(std::string(transfer_task), [this](const Control&) { show_or_hide(); });
 }
 
-QWidget* TransferPanel::add_row(double design_height) {
+QWidget* TransferArea::add_row(double design_height) {
   auto* const row = new QWidget(this);
   sizes_.add_height(design_height, *row);
   design_height_ += design_height;
@@ -71,7 +71,7 @@ QWidget* TransferPanel::add_row(double design_height) {
   return row;
 }
 
-QLabel* TransferPanel::add_text(std::string_view control, double design_pixels, QHBoxLayout& row) {
+QLabel* TransferArea::add_text(std::string_view control, double design_pixels, QHBoxLayout& row) {
   auto* const label = new QLabel(this);
   label->setObjectName(to_qt(control));
   label->setTextFormat(Qt::PlainText);
@@ -80,7 +80,7 @@ QLabel* TransferPanel::add_text(std::string_view control, double design_pixels, 
   return label;
 }
 
-void TransferPanel::add_bar(const std::string& control, Mirror& mirror, double design_height) {
+void TransferArea::add_bar(const std::string& control, Mirror& mirror, double design_height) {
   auto* const bar = new QProgressBar(this);
   bar->setObjectName(to_qt(control));
   bar->setTextVisible(false);
@@ -91,7 +91,7 @@ void TransferPanel::add_bar(const std::string& control, Mirror& mirror, double d
   keep_room(*bar);
 }
 
-void TransferPanel::build_notice() {
+void TransferArea::build_notice() {
   notice_row_ = add_row(30);
   keep_room(*notice_row_);
   auto& line = static_cast<QHBoxLayout&>(*notice_row_->layout());
@@ -108,7 +108,7 @@ void TransferPanel::build_notice() {
   add_bar(std::string(notice_progress), notice_mirror_, 4);
 }
 
-void TransferPanel::build_task() {
+void TransferArea::build_task() {
   auto& line = static_cast<QHBoxLayout&>(*add_row(28)->layout());
   for (const std::string_view name : {transfer_task, download_name.label})
     form_.mirror().tie(std::string(name), *add_text(name, task_pixels, line));
@@ -121,7 +121,7 @@ void TransferPanel::build_task() {
   add_bar(std::string(transfer_progress), form_.mirror(), 8);
 }
 
-void TransferPanel::add_file_name(QHBoxLayout& row) {
+void TransferArea::add_file_name(QHBoxLayout& row) {
   const std::string name(download_name.value);
   auto* const file = new ElidedLabel(0, this);
   file->setObjectName(to_qt(name));
@@ -131,7 +131,7 @@ void TransferPanel::add_file_name(QHBoxLayout& row) {
   row.addWidget(file, 1);
 }
 
-void TransferPanel::build_figures() {
+void TransferArea::build_figures() {
   auto& line = static_cast<QHBoxLayout&>(*add_row(50)->layout());
   for (const LoggerPanel& figure : transfer_panels()) add_figure(figure, line);
   auto* const cancel = new QPushButton(this);
@@ -143,7 +143,7 @@ void TransferPanel::build_figures() {
   keep_room(*cancel);
 }
 
-void TransferPanel::add_figure(const LoggerPanel& figure, QHBoxLayout& row) {
+void TransferArea::add_figure(const LoggerPanel& figure, QHBoxLayout& row) {
   auto* const column = new QVBoxLayout;
   column->setSpacing(0);
   row.addLayout(column, 1);
@@ -163,14 +163,14 @@ void TransferPanel::add_figure(const LoggerPanel& figure, QHBoxLayout& row) {
   form_.mirror().tie(std::string(figure.value), *value);
 }
 
-void TransferPanel::build_note() {
+void TransferArea::build_note() {
   auto& line = static_cast<QHBoxLayout&>(*add_row(22)->layout());
   QLabel* const note = add_text(transfer_note, quiet_pixels, line);
   set_role(*note, Role::quiet);
   form_.mirror().tie(std::string(transfer_note), *note);
 }
 
-void TransferPanel::show_notice() {
+void TransferArea::show_notice() {
   notice_mirror_.show_changes();
   notice_caption_->setText(to_qt(notice_.caption()));
   notice_text_->setAccessibleName(notice_caption_->text());
@@ -178,7 +178,7 @@ void TransferPanel::show_notice() {
 }
 
 // The notice of a recording has its mark in the main window.
-void TransferPanel::show_or_hide() {
+void TransferArea::show_or_hide() {
   const bool notice_shown = notice_.visible() && !is_lasting_notice(notice_);
   const Control& waited_for = notice_[notice_progress];
   notice_row_->setVisible(notice_shown);
@@ -187,7 +187,7 @@ void TransferPanel::show_or_hide() {
   setVisible(notice_shown || form_.window()[transfer_task].visible);
 }
 
-void TransferPanel::paintEvent(QPaintEvent*) {
+void TransferArea::paintEvent(QPaintEvent*) {
   paint_card(*this, form_.theme());
   QPainter painter(this);
   painter.fillRect(QRect(0, 0, accent_width, height()), form_.theme().accent);
