@@ -26,9 +26,7 @@ struct NoticeHolder {
 };
 
 struct LoggerFormTest : NoticeHolder, FormTest {
-  LoggerFormTest() : FormTest(make_logger_window(), logger_form_design(notice)) {
-    resize(1024, 660);  // the work area of a screen of 1024 x 700
-  }
+  LoggerFormTest() : FormTest(make_logger_window(), logger_form_design(notice)) {}
 
   void show_transfer(bool shown) {
     for (const std::string_view name : {transfer_task, transfer_progress, transfer_note, transfer_cancel})
@@ -75,6 +73,15 @@ TEST_F(LoggerFormTest, PassesOnWhatTheUserDoes) {
   form.show_changes();
   for (const char* button : {"Read_Status", "Command1"}) static_cast<QPushButton*>(widget(button))->click();
   EXPECT_EQ(clicks, expected);
+}
+
+// The buttons had the smallest text until the window was resized.
+TEST_F(LoggerFormTest, TextsHaveTheirSizeWhenTheWindowIsFirstShown) {
+  const QSize start = form.size();
+  const int first = widget("DL_All")->font().pixelSize();
+  resize(start.width() + 1, start.height() + 1);
+  resize(start.width(), start.height());
+  EXPECT_EQ(widget("DL_All")->font().pixelSize(), first);
 }
 
 TEST_F(LoggerFormTest, EscapeCancelsATransferAndOtherwiseClosesTheWindow) {

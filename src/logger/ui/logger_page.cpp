@@ -28,6 +28,10 @@ constexpr double largest_digits = 42;
 constexpr double margin_pixels = 16;
 constexpr double gap_pixels = 8;
 
+// How cards and results share the room that is left.
+constexpr int card_stretch = 5;
+constexpr int results_stretch = 9;
+
 constexpr double icon_width_part = 1.25;  // of its height
 constexpr int smallest_text = 8;
 constexpr int button_frame = 14;  // line and padding on both sides
@@ -70,17 +74,15 @@ LoggerPage::LoggerPage(FormWindow& form, Window& notice) : form_(form) {
   build_cards(*column);
   build_buttons(*column);
   column->addWidget(new TransferArea(form, notice, sizes_, this));
-  column->addWidget(new ResultsArea(form, sizes_, this), 9);
+  column->addWidget(new ResultsArea(form, sizes_, this), results_stretch);
   connect(&form, &FormWindow::changes_shown, this, &LoggerPage::fit);
 }
 
-QWidget* LoggerPage::add_row(double design_pixels, QVBoxLayout& column) {
-  auto* const row = new QWidget(this);
-  sizes_.add_height(design_pixels, *row);
-  column.addWidget(row);
-  auto* const line = new QHBoxLayout(row);
-  line->setContentsMargins(0, 0, 0, 0);
-  sizes_.add(gap_pixels, [line](int gap) { line->setSpacing(gap); });
+// A layout and no widget: a widget would lay out its own children only after the page is resized.
+QHBoxLayout* LoggerPage::add_row(QVBoxLayout& column, int stretch) {
+  auto* const row = new QHBoxLayout;
+  sizes_.add(gap_pixels, [row](int gap) { row->setSpacing(gap); });
+  column.addLayout(row, stretch);
   return row;
 }
 
@@ -94,7 +96,7 @@ QLabel* LoggerPage::add_label(std::string_view control, double design_pixels) {
 }
 
 void LoggerPage::build_title(QVBoxLayout& column) {
-  auto& line = static_cast<QHBoxLayout&>(*add_row(38, column)->layout());
+  QHBoxLayout& line = *add_row(column, 0);
   QLabel* const title = add_label(setup_title, title_pixels);
   sizes_.add(title_pixels, [title](int pixels) { title->setFont(with_pixel_size(reading_font(), pixels)); });
   QLabel* const files = add_label(stored_files, button_pixels);
@@ -128,17 +130,10 @@ QPushButton* LoggerPage::make_status_button() {
   return button;
 }
 
-QHBoxLayout* LoggerPage::add_cards(QVBoxLayout& column) {
-  auto* const row = new QHBoxLayout;
-  sizes_.add(gap_pixels, [row](int gap) { row->setSpacing(gap); });
-  column.addLayout(row, 5);
-  return row;
-}
-
 void LoggerPage::build_cards(QVBoxLayout& column) {
-  QHBoxLayout* const upper = add_cards(column);
+  QHBoxLayout* const upper = add_row(column, card_stretch);
   for (const LoggerPanel& panel : recorded_panels()) add_card(panel, *upper);
-  QHBoxLayout* const lower = add_cards(column);
+  QHBoxLayout* const lower = add_row(column, card_stretch);
   for (const LoggerPanel& panel : selected_panels()) add_card(panel, *lower);
   for (const LoggerPanel& box : start_boxes()) add_box(box, *lower);
 }
@@ -170,10 +165,11 @@ void LoggerPage::build_buttons(QVBoxLayout& column) {
   set_role(*title, Role::quiet);
   sizes_.add_height(22, *title);
   column.addWidget(title);
-  QLayout* const line = add_row(42, column)->layout();
+  QHBoxLayout* const line = add_row(column, 0);
   for (const std::string_view name : logger_buttons()) {
     auto* const button = new QPushButton(this);
-    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // all have the same width
+    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // all have the same width
+    sizes_.add_height(42, *button);
     emphasize(*button, name);
     form_.tie_button(std::string(name), *button);
     line->addWidget(button);

@@ -33,8 +33,7 @@ class LoggerPage : public QWidget {
   void build_cards(QVBoxLayout& column);
   void build_buttons(QVBoxLayout& column);
 
-  QWidget* add_row(double design_height, QVBoxLayout& column);
-  QHBoxLayout* add_cards(QVBoxLayout& column);
+  QHBoxLayout* add_row(QVBoxLayout& column, int stretch);
   QLabel* add_label(std::string_view control, double design_pixels);
   QPushButton* make_status_button();
   void add_card(const LoggerPanel& designed, QHBoxLayout& row);

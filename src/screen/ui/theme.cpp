@@ -51,7 +51,7 @@ QLineEdit[role="edit_box"] {
   background: @background@; color: @text@; border: 1px solid @edge@; border-bottom: 2px solid @accent@;
   border-radius: 2px; padding: 1px 6px 0 6px; }
 QLineEdit[role="edit_box"]:focus { background: @panel@; border: 2px solid @accent@; padding: 0 5px; }
-QLineEdit[role="edit_box"]:disabled { color: @disabled@; }
+QLineEdit[role="edit_box"]:disabled { color: @disabled@; border-color: @line@; }
 QLineEdit[over_range="true"] { color: @warning@; }
 QLineEdit[old="true"] { color: @quiet@; }
 QLabel[role="quiet"] { color: @quiet@; }
