@@ -86,20 +86,19 @@ QHBoxLayout* LoggerPage::add_row(QVBoxLayout& column, int stretch) {
   return row;
 }
 
-QLabel* LoggerPage::add_label(std::string_view control, double design_pixels) {
+QLabel* LoggerPage::add_label(std::string_view control, double design_pixels, const QFont& font) {
   auto* const label = new QLabel(this);
   label->setObjectName(to_qt(control));
   label->setTextFormat(Qt::PlainText);
-  sizes_.add_text(design_pixels, *label);
+  sizes_.add_text(design_pixels, *label, font);
   form_.mirror().tie(std::string(control), *label);
   return label;
 }
 
 void LoggerPage::build_title(QVBoxLayout& column) {
   QHBoxLayout& line = *add_row(column, 0);
-  QLabel* const title = add_label(setup_title, title_pixels);
-  sizes_.add(title_pixels, [title](int pixels) { title->setFont(with_pixel_size(reading_font(), pixels)); });
-  QLabel* const files = add_label(stored_files, button_pixels);
+  QLabel* const title = add_label(setup_title, title_pixels, reading_font());
+  QLabel* const files = add_label(stored_files, button_pixels, text_font());
   set_role(*files, Role::quiet);
   line.addWidget(title);
   line.addSpacing(static_cast<int>(margin_pixels));
@@ -160,7 +159,7 @@ void LoggerPage::add_box(const LoggerPanel& designed, QHBoxLayout& row) {
 }
 
 void LoggerPage::build_buttons(QVBoxLayout& column) {
-  QLabel* const title = add_label(download_title, quiet_pixels);
+  QLabel* const title = add_label(download_title, quiet_pixels, text_font());
   title->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
   set_role(*title, Role::quiet);
   sizes_.add_height(22, *title);

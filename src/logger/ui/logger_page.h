@@ -34,7 +34,7 @@ class LoggerPage : public QWidget {
   void build_buttons(QVBoxLayout& column);
 
   QHBoxLayout* add_row(QVBoxLayout& column, int stretch);
-  QLabel* add_label(std::string_view control, double design_pixels);
+  QLabel* add_label(std::string_view control, double design_pixels, const QFont& font);
   QPushButton* make_status_button();
   void add_card(const LoggerPanel& designed, QHBoxLayout& row);
   void add_box(const LoggerPanel& designed, QHBoxLayout& row);

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <utility>
 
-#include "screen/ui/fonts.h"
-
 namespace halden {
 
 namespace {
@@ -19,9 +17,9 @@ void ScaledSizes::add(double design_pixels, std::function<void(int)> set) {
   sizes_.push_back({design_pixels, std::move(set)});
 }
 
-void ScaledSizes::add_text(double design_pixels, QWidget& widget) {
-  add(design_pixels, [&widget](int pixels) {
-    widget.setFont(with_pixel_size(text_font(), std::max(pixels, smallest_text)));
+void ScaledSizes::add_text(double design_pixels, QWidget& widget, const QFont& font) {
+  add(design_pixels, [&widget, font](int pixels) {
+    widget.setFont(with_pixel_size(font, std::max(pixels, smallest_text)));
   });
 }
 

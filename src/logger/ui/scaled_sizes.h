@@ -4,6 +4,8 @@
 #include <functional>
 #include <vector>
 
+#include "screen/ui/fonts.h"
+
 class QWidget;
 
 namespace halden {
@@ -14,7 +16,7 @@ class ScaledSizes {
   void add(double design_pixels, std::function<void(int pixels)> set);
 
   // The text of a widget, never so small that it cannot be read.
-  void add_text(double design_pixels, QWidget& widget);
+  void add_text(double design_pixels, QWidget& widget, const QFont& font = text_font());
 
   void add_height(double design_pixels, QWidget& row);
 

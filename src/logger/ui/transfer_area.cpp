@@ -126,7 +126,7 @@ void TransferArea::add_file_name(QHBoxLayout& row) {
   auto* const file = new ElidedLabel(0, this);
   file->setObjectName(to_qt(name));
   set_role(*file, Role::reading);
-  sizes_.add(task_pixels, [file](int pixels) { file->setFont(with_pixel_size(reading_font(), pixels)); });
+  sizes_.add_text(task_pixels, *file, reading_font());
   form_.mirror().tie(name, *file);
   row.addWidget(file, 1);
 }

@@ -94,8 +94,9 @@ int largest_reading(const ReadingText& text, QSize room, int smallest, int large
 void paint_reading(QPainter& painter, const ReadingText& text, const QRect& place, Qt::Alignment side,
                    const ReadingFonts& fonts, const ReadingColours& colours) {
   const bool at_bottom = side.testFlag(Qt::AlignBottom);
-  const auto [up, down] = reach(text, fonts);
-  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + (up + down) / 2;
+  // In the middle all texts of a row have the same baseline, whatever their letters.
+  const double bottom = at_bottom ? place.bottom() + 1 : place.center().y() + fonts.height / 2;
+  const double down = at_bottom ? reach(text, fonts).down : overshoot_part * fonts.pixels;
   const bool at_right = side.testFlag(Qt::AlignRight);
   const int left = at_right ? place.right() + 1 - reading_size(text, fonts).width() : place.left();
   const QPointF baseline(left, std::round(bottom - down));
