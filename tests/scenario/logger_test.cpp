@@ -344,6 +344,27 @@ TEST(Logger, ARunOverAllFilesStopsForGoodReasonsOnly) {
   EXPECT_EQ(j.world.dialogs.told.back().text, "Please report ERROR CODE 61");
 }
 
+// Status 9 s, 1 s, first file 11 s, status 9 s, selection 9 s, status 9 s, 3 s: the second file is asked for
+// 51 s after the click, and takes 0.15 s.
+TEST(Logger, APulledCableAndAnEndedProgramLeaveTheEarlierFilesWhole) {
+  for (const bool pulled : {true, false}) {
+    LoggerJourney j;
+    j.store_three_files();
+    j.world.user_closes(51.1, [&] { pulled ? j.port.unplug() : j.window().closed(); });
+    dispatch([&j] { j.press("DL_All"); });
+    EXPECT_EQ(lines_of(j.file("work/20090512153000P.csv")).size(), 3U);
+    EXPECT_EQ(j.files_ending_in("H.csv"), 0U);
+    EXPECT_EQ(j.world.files.contents.count("work/20091231235902C.txt"), 0U);
+    EXPECT_EQ(j.program().link.state.logger_active, 0);
+    if (!pulled) continue;
+    EXPECT_EQ(j.files_ending_in("H.csv.part"), 1U);
+    ASSERT_EQ(j.world.dialogs.told.size(), 2U);
+    EXPECT_EQ(j.world.dialogs.told[0].text, "Data transfer incomplete");
+    EXPECT_EQ(j.world.dialogs.told[1].text, status_failed);
+    EXPECT_TRUE(j.hint().starts_with("ended early; 1 downloaded")) << j.hint();
+  }
+}
+
 TEST(Logger, FilesThatCannotBeWrittenStopBeforeTheMeterIsAsked) {
   LoggerJourney j;
   j.store_three_files();
