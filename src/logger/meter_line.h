@@ -62,6 +62,7 @@ class MeterLine {
 
   // From a transfer on, until the line has been silent: the meter may still be sending.
   void expect_more() { may_send_on_ = true; }
+  void expect_nothing() { may_send_on_ = false; }
   bool may_send_on() const { return may_send_on_; }
 
   // Throws away what arrives until the line has been silent. `waiting` is called on each turn. False when the

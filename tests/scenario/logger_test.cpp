@@ -204,9 +204,11 @@ TEST(Logger, PollingPausesWhileTheWindowIsOpen) {
   j.click("loggerPWR");
   EXPECT_TRUE(j.window("Logger").visible());
   const std::size_t length = j.file("r.csv").size();
+  j.press("Read_Status");
   j.world.run_for(60);
   EXPECT_EQ(j.file("r.csv").size(), length);
   j.window("Logger").closed();
+  EXPECT_EQ(j.window("CHKSPEED").visible(), true) << "the notice of the recording";
   j.world.run_for(10);
   EXPECT_GT(j.file("r.csv").size(), length);
   EXPECT_EQ(j.file("r.csv").find("NO COM"), std::string::npos);
