@@ -221,6 +221,7 @@ bool LoggerWindow::query_keeping_start() {
   link_.query.query_meter_status();
   start_edited_ = false;
   if (!link_.query.succeeded()) return false;
+  if (line_.is_cancelled()) return false;
   if (!typed || stamp != stored_file_stamp(link_.status)) return true;
   window_.set_text(start_boxes()[0].value, typed->date);
   window_.set_text(start_boxes()[1].value, typed->time);
