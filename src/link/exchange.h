@@ -24,8 +24,13 @@ class Exchange {
     const Afterwards afterwards = work();
     if (afterwards == Afterwards::read_status) query_.query_meter_status();
     polling_.resume_polling(1);
-    for (const auto& handler : ended_) handler();
+    tell_ended();
     return afterwards;
+  }
+
+  // For an exchange that runs without these steps, such as a download.
+  void tell_ended() const {
+    for (const auto& handler : ended_) handler();
   }
 
   // Called after each exchange, once polling goes on.

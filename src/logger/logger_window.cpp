@@ -60,7 +60,7 @@ LoggerWindow::LoggerWindow(const Platform& platform, Windows& windows, Window& m
 }
 
 void LoggerWindow::connect() {
-  link_.query.on_status_read([this] { show_start(link_.status, link_.state.language, window_); });
+  link_.query.on_status_read([this] { show_status(); });
   link_.gate.on_refused(
       [this] { meter_rec_.set_text(status_hint, refused_meanwhile.in(link_.state.language)); });
   link_.gate.connect(meter_rec_, "loggerPWR", [this] { open_asked(); });
@@ -133,6 +133,7 @@ void LoggerWindow::exchange(std::string_view name, const Text& task, Cancelling 
     work();
     panel_.end();
     lock(false);
+    link_.exchange.tell_ended();
     if (close_wanted_) unload();
   });
 }
@@ -144,6 +145,13 @@ void LoggerWindow::lock(bool locked) {
   for (const LoggerPanel& box : start_boxes()) window_.set_enabled(box.value, !locked);
 }
 
+// A meter that answers a query sends nothing else any more.
+void LoggerWindow::show_status() {
+  line_.expect_nothing();
+  show_start(link_.status, link_.state.language, window_);
+  if (link_.status.logger_file_count != 0) show_recorded_status(link_.status, link_.state.language, window_);
+}
+
 // ---- the exchanges ----
 
 bool LoggerWindow::read_status() {
@@ -153,10 +161,7 @@ bool LoggerWindow::read_status() {
   link_.query.query_meter_status();
   let_events_run(platform_.clock);
   start_edited_ = false;
-  if (!link_.query.succeeded()) return false;
-  if (nothing_is_stored()) return false;
-  show_recorded_status(link_.status, link_.state.language, window_);
-  return true;
+  return link_.query.succeeded() && !nothing_is_stored();
 }
 
 bool LoggerWindow::nothing_is_stored() {
@@ -216,6 +221,7 @@ bool LoggerWindow::query_keeping_start() {
   link_.query.query_meter_status();
   start_edited_ = false;
   if (!link_.query.succeeded()) return false;
+  if (line_.is_cancelled()) return false;
   if (!typed || stamp != stored_file_stamp(link_.status)) return true;
   window_.set_text(start_boxes()[0].value, typed->date);
   window_.set_text(start_boxes()[1].value, typed->time);

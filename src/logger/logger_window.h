@@ -53,6 +53,7 @@ class LoggerWindow {
   void exchange(std::string_view name, const Text& task, Cancelling cancelling,
                 const std::function<void()>& work);
   void lock(bool locked);
+  void show_status();
   bool nothing_is_stored();
   void ask_and_download(const StoredKind& kind);
   void ask_and_download_transient();

@@ -37,18 +37,31 @@ bool MeterLine::drain(double seconds) {
   return !cancelled_;
 }
 
+MeterLine::Ending MeterLine::receive_until_silent(
+    double first_s, double then_s, const std::function<bool(const std::string& received)>& take) {
+  Stopwatch silent(clock_);
+  for (double limit_s = first_s; silent.elapsed_s() < limit_s;) {
+    if (cancelled_) return Ending::cancelled;
+    const std::string received = receive();
+    if (!received.empty()) {
+      limit_s = then_s;
+      silent.restart();
+    }
+    if (!take(received)) return Ending::stopped;
+    turn(received.empty() ? limit_s - silent.elapsed_s() : 0);
+  }
+  return Ending::silent;
+}
+
 bool MeterLine::settle(const std::function<void()>& waiting) {
   cancelled_ = false;
-  Stopwatch silent(clock_);
   const double end_s = clock_.monotonic_s() + settle_limit_s;
-  while (silent.elapsed_s() < silence_s) {
-    if (cancelled_ || clock_.monotonic_s() >= end_s) return false;
-    if (!receive().empty()) silent.restart();
+  const Ending ending = receive_until_silent(silence_s, silence_s, [&](const std::string&) {
     waiting();
-    turn(silence_s - silent.elapsed_s());
-  }
-  may_send_on_ = false;
-  return true;
+    return clock_.monotonic_s() < end_s;
+  });
+  if (ending == Ending::silent) may_send_on_ = false;
+  return ending == Ending::silent;
 }
 
 }  // namespace halden

@@ -33,6 +33,8 @@ class Stopwatch {
 
 class MeterLine {
  public:
+  enum class Ending { silent, cancelled, stopped };
+
   // Both outlive the line.
   MeterLine(Clock& clock, SerialPort& port) : clock_(clock), port_(port) {}
 
@@ -57,11 +59,17 @@ class MeterLine {
   // False when cancelled, then at once.
   bool drain(double seconds);
 
-  // Yields for one turn of a wait that has at most this many seconds left.
-  void turn(double at_most_s) { clock_.pause(Yield::yes, at_most_s); }
+  // Lets the program react for a moment.
+  void yield() { turn(0); }
+
+  // Receives until nothing has come for `first_s`, and after the first byte for `then_s`. On each turn `take`
+  // gets what has arrived, nothing included; it returns false to stop.
+  Ending receive_until_silent(double first_s, double then_s,
+                              const std::function<bool(const std::string& received)>& take);
 
   // From a transfer on, until the line has been silent: the meter may still be sending.
   void expect_more() { may_send_on_ = true; }
+  void expect_nothing() { may_send_on_ = false; }
   bool may_send_on() const { return may_send_on_; }
 
   // Throws away what arrives until the line has been silent. `waiting` is called on each turn. False when the
@@ -70,6 +78,9 @@ class MeterLine {
   bool settle(const std::function<void()>& waiting);
 
  private:
+  // Yields for one turn of a wait that has at most this many seconds left.
+  void turn(double at_most_s) { clock_.pause(Yield::yes, at_most_s); }
+
   Clock& clock_;
   SerialPort& port_;
   bool cancelled_ = false;

@@ -97,7 +97,7 @@ void StoredDownload::convert(const std::string& path) {
   const FileConversion converted =
       kind_.convert(parts_.platform.files, words_path_, recorded, path, [this](std::size_t records) {
         parts_.panel.show_records(records);
-        parts_.line.turn(0);
+        parts_.line.yield();
       });
   result_.records = converted.records;
   if (!converted.start_is_valid)

@@ -23,17 +23,11 @@ TransferResult Transfer::run(const TransferPlan& plan) {
     result_.end = TransferEnd::cancelled;
     return result_;
   }
-  Stopwatch silent(clock_);
-  while (silent.elapsed_s() < silence_s) {
-    if (line_.is_cancelled()) {
-      result_.end = TransferEnd::cancelled;
-      break;
-    }
-    const bool arrived = take_what_arrived(plan.unit_bytes);
-    if (arrived) silent.restart();
-    if (!write_and_show(plan)) break;
-    line_.turn(arrived ? 0 : silence_s - silent.elapsed_s());
-  }
+  const auto ending = line_.receive_until_silent(silence_s, silence_s, [&](const std::string& received) {
+    take(received, plan.unit_bytes);
+    return write_and_show(plan);
+  });
+  if (ending == MeterLine::Ending::cancelled) result_.end = TransferEnd::cancelled;
   write_words(plan);
   show();
   return result_;
@@ -51,15 +45,13 @@ bool Transfer::ask(const TransferPlan& plan) {
   return true;
 }
 
-bool Transfer::take_what_arrived(std::size_t unit_bytes) {
-  const std::string received = line_.receive();
-  if (received.empty()) return false;
+void Transfer::take(const std::string& received, std::size_t unit_bytes) {
   result_.bytes += received.size();
   undecoded_ += received;
   const std::size_t whole = undecoded_.size() / unit_bytes * unit_bytes;
+  if (whole == 0) return;
   words_ += word_lines(std::string_view(undecoded_).substr(0, whole));
   undecoded_.erase(0, whole);
-  return true;
 }
 
 // False when the words could not be written.

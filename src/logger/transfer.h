@@ -52,7 +52,7 @@ class Transfer {
 
  private:
   bool ask(const TransferPlan& plan);
-  bool take_what_arrived(std::size_t unit_bytes);
+  void take(const std::string& received, std::size_t unit_bytes);
   bool write_and_show(const TransferPlan& plan);
   bool write_words(const TransferPlan& plan);
   void show() const;

@@ -31,7 +31,7 @@ DownloadResult TransientDownload::run(const std::string& path) {
   return result_;
 }
 
-// The text is kept as it comes; the file of it is brought up to date ten times a second.
+// The text is kept as it comes.
 void TransientDownload::receive() {
   MeterLine& line = parts_.line;
   if (!line.drain(drain_s)) {
@@ -39,32 +39,26 @@ void TransientDownload::receive() {
     return;
   }
   parts_.panel.show_notice("Status", "  Waiting for 12 sec. Press the Transient Button");
-  const double began_s = parts_.platform.clock.monotonic_s();
-  Stopwatch silent(parts_.platform.clock);
-  double limit_s = press_s;
-  for (double shown_s = 0; silent.elapsed_s() < limit_s && !line.is_cancelled();) {
-    const std::string received = line.receive();
-    report_ += received;
-    if (!received.empty()) {
-      limit_s = report_silence_s;
-      silent.restart();
-      line.expect_more();
-    }
-    const double elapsed_s = parts_.platform.clock.monotonic_s() - began_s;
-    if (elapsed_s - shown_s >= show_period_s) {
-      shown_s = elapsed_s;
-      parts_.panel.show_figures({report_.size(), elapsed_s, 0}, 0);
-      write_report();
-    }
-    line.turn(received.empty() ? limit_s - silent.elapsed_s() : 0);
-  }
-  parts_.panel.show_figures({report_.size(), parts_.platform.clock.monotonic_s() - began_s, 0}, 0);
-  write_report();
+  began_s_ = parts_.platform.clock.monotonic_s();
+  const auto ending =
+      line.receive_until_silent(press_s, report_silence_s, [this](const std::string& received) {
+        report_ += received;
+        if (!received.empty()) parts_.line.expect_more();
+        if (parts_.platform.clock.monotonic_s() - shown_s_ >= show_period_s) keep_and_show();
+        return true;
+      });
+  keep_and_show();
   result_.bytes = report_.size();
-  if (line.is_cancelled())
+  if (ending == MeterLine::Ending::cancelled)
     result_.end = DownloadEnd::cancelled;
   else if (report_.empty())
     result_.end = DownloadEnd::nothing;
+}
+
+void TransientDownload::keep_and_show() {
+  shown_s_ = parts_.platform.clock.monotonic_s();
+  write_report();
+  parts_.panel.show_figures({report_.size(), shown_s_ - began_s_, 0}, 0);
 }
 
 // A report that cannot be kept is converted all the same.

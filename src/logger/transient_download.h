@@ -20,6 +20,7 @@ class TransientDownload {
 
  private:
   void receive();
+  void keep_and_show();
   void write_report();
   void convert(OutputFile& output);
   void finish();
@@ -29,6 +30,8 @@ class TransientDownload {
   const LoggerParts& parts_;
   std::string report_;       // what was received
   std::size_t written_ = 0;  // bytes of it that are in the file of the report
+  double began_s_ = 0;       // monotonic, as the next
+  double shown_s_ = 0;
   DownloadResult result_;
 };
 

@@ -204,9 +204,11 @@ TEST(Logger, PollingPausesWhileTheWindowIsOpen) {
   j.click("loggerPWR");
   EXPECT_TRUE(j.window("Logger").visible());
   const std::size_t length = j.file("r.csv").size();
+  j.press("Read_Status");
   j.world.run_for(60);
   EXPECT_EQ(j.file("r.csv").size(), length);
   j.window("Logger").closed();
+  EXPECT_EQ(j.window("CHKSPEED").visible(), true) << "the notice of the recording";
   j.world.run_for(10);
   EXPECT_GT(j.file("r.csv").size(), length);
   EXPECT_EQ(j.file("r.csv").find("NO COM"), std::string::npos);
@@ -342,6 +344,27 @@ TEST(Logger, ARunOverAllFilesStopsForGoodReasonsOnly) {
   j.world.files.contents.erase("work/20090512153000P.csv");
   j.press("DL_All");
   EXPECT_EQ(j.world.dialogs.told.back().text, "Please report ERROR CODE 61");
+}
+
+// Status 9 s, 1 s, first file 11 s, status 9 s, selection 9 s, status 9 s, 3 s: the second file is asked for
+// 51 s after the click, and takes 0.15 s.
+TEST(Logger, APulledCableAndAnEndedProgramLeaveTheEarlierFilesWhole) {
+  for (const bool pulled : {true, false}) {
+    LoggerJourney j;
+    j.store_three_files();
+    j.world.user_closes(51.1, [&] { pulled ? j.port.unplug() : j.window().closed(); });
+    dispatch([&j] { j.press("DL_All"); });
+    EXPECT_EQ(lines_of(j.file("work/20090512153000P.csv")).size(), 3U);
+    EXPECT_EQ(j.files_ending_in("H.csv"), 0U);
+    EXPECT_EQ(j.world.files.contents.count("work/20091231235902C.txt"), 0U);
+    EXPECT_EQ(j.program().link.state.logger_active, 0);
+    if (!pulled) continue;
+    EXPECT_EQ(j.files_ending_in("H.csv.part"), 1U);
+    ASSERT_EQ(j.world.dialogs.told.size(), 2U);
+    EXPECT_EQ(j.world.dialogs.told[0].text, "Data transfer incomplete");
+    EXPECT_EQ(j.world.dialogs.told[1].text, status_failed);
+    EXPECT_TRUE(j.hint().starts_with("ended early; 1 downloaded")) << j.hint();
+  }
 }
 
 TEST(Logger, FilesThatCannotBeWrittenStopBeforeTheMeterIsAsked) {
