@@ -60,6 +60,13 @@ TEST_F(LoggerFormTest, PassesOnWhatTheUserDoes) {
   EXPECT_EQ(widget("Read_Status")->accessibleName(), QStringLiteral("讀取記錄器設定"));
   EXPECT_EQ(widget("received_value")->accessibleName(), QStringLiteral("已接收"));
   EXPECT_EQ(nameless_in_focus(form), "");
+  std::string tab_order;
+  for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain())
+    if (next->focusPolicy() & Qt::TabFocus && next->isVisible())
+      tab_order += from_qt(next->objectName()) + " ";
+  EXPECT_EQ(tab_order,
+            "Read_Status Text1_1 Text1_2 Read_All Command2 Command3 DL_HC DL_All Command1 transfer_cancel "
+            "open_folder results ");
   Names expected(logger_buttons().begin(), logger_buttons().end());
   expected.insert(expected.end(), {"Read_Status", "transfer_cancel", "open_folder"});
   for (const std::string& button : expected) static_cast<QPushButton*>(widget(button))->click();

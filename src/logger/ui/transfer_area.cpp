@@ -80,7 +80,7 @@ QLabel* TransferArea::add_text(std::string_view control, double design_pixels, Q
   return label;
 }
 
-void TransferArea::add_bar(const std::string& control, Mirror& mirror, double design_height) {
+QProgressBar* TransferArea::add_bar(const std::string& control, Mirror& mirror, double design_height) {
   auto* const bar = new QProgressBar(this);
   bar->setObjectName(to_qt(control));
   bar->setTextVisible(false);
@@ -89,6 +89,7 @@ void TransferArea::add_bar(const std::string& control, Mirror& mirror, double de
   mirror.tie(control, *bar);
   rows_->addWidget(bar);
   keep_room(*bar);
+  return bar;
 }
 
 void TransferArea::build_notice() {
@@ -105,7 +106,7 @@ void TransferArea::build_notice() {
   QLabel* const port = add_text(notice_port, quiet_pixels, line);
   set_role(*port, Role::quiet);
   notice_mirror_.tie(std::string(notice_port), *port);
-  add_bar(std::string(notice_progress), notice_mirror_, 4);
+  notice_bar_ = add_bar(std::string(notice_progress), notice_mirror_, 4);
 }
 
 void TransferArea::build_task() {
@@ -182,8 +183,7 @@ void TransferArea::show_or_hide() {
   const bool notice_shown = notice_.visible() && !is_lasting_notice(notice_);
   const Control& waited_for = notice_[notice_progress];
   notice_row_->setVisible(notice_shown);
-  findChild<QProgressBar*>(to_qt(notice_progress))
-      ->setVisible(notice_shown && waited_for.maximum > waited_for.minimum);
+  notice_bar_->setVisible(notice_shown && waited_for.maximum > waited_for.minimum);
   setVisible(notice_shown || form_.window()[transfer_task].visible);
 }
 

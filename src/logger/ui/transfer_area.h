@@ -35,7 +35,7 @@ class TransferArea : public QWidget {
   QWidget* add_row(double design_height);
   QLabel* add_text(std::string_view control, double design_pixels, QHBoxLayout& row);
   void add_file_name(QHBoxLayout& row);
-  void add_bar(const std::string& control, Mirror& mirror, double design_height);
+  QProgressBar* add_bar(const std::string& control, Mirror& mirror, double design_height);
   void add_figure(const LoggerPanel& figure, QHBoxLayout& row);
 
   void show_notice();
@@ -50,6 +50,7 @@ class TransferArea : public QWidget {
   QWidget* notice_row_ = nullptr;
   QLabel* notice_caption_ = nullptr;
   ReadingField* notice_text_ = nullptr;
+  QProgressBar* notice_bar_ = nullptr;
 };
 
 }  // namespace halden
