@@ -15,6 +15,7 @@ constexpr double before_first_file_s = 1.0;
 constexpr std::string_view part_ending = ".part";
 
 constexpr Text wrong_index = {"File Index Command Error, Stop Down Load", "檔案指標錯誤,停止下載"};
+constexpr Text selecting = {"Selecting file {}", "選擇第 {} 號檔案"};
 constexpr Text file_of_files = {"file {} of {}", "第 {} 個，共 {} 個"};
 
 std::string two_digits(int number) { return format_pattern(number, "00"); }
@@ -104,8 +105,11 @@ void DownloadAll::show_file(int number) {
 
 bool DownloadAll::select(std::string_view digits) {
   if (!is_ready_for_request(parts_)) return false;
+  parts_.panel.say(selecting.with(parts_.link.state.language, {digits}));
   select_stored_file(parts_.link.waits, parts_.platform.port, digits);
-  return read_status_();
+  const bool read = read_status_();
+  parts_.panel.say("");
+  return read;
 }
 
 bool DownloadAll::is_selected(int number) const {

@@ -39,14 +39,16 @@ bool Transfer::ask(const TransferPlan& plan) {
   if (!line_.drain(drain_s) || !line_.wait(before_request_s)) return false;
   line_.send(download_request);
   line_.expect_more();
-  asked_s_ = shown_s_ = clock_.monotonic_s();
+  asked_s_ = last_byte_s_ = shown_s_ = clock_.monotonic_s();
   show();
   line_.wait(plan.after_request_s);
   return true;
 }
 
 void Transfer::take(const std::string& received, std::size_t unit_bytes) {
+  if (received.empty()) return;
   result_.bytes += received.size();
+  last_byte_s_ = clock_.monotonic_s();
   undecoded_ += received;
   const std::size_t whole = undecoded_.size() / unit_bytes * unit_bytes;
   if (whole == 0) return;
@@ -74,7 +76,8 @@ bool Transfer::write_words(const TransferPlan& plan) {
 
 void Transfer::show() const {
   const double elapsed_s = clock_.monotonic_s() - asked_s_;
-  const double per_second = elapsed_s < rate_after_s ? 0 : static_cast<double>(result_.bytes) / elapsed_s;
+  const double receiving_s = last_byte_s_ - asked_s_;
+  const double per_second = receiving_s < rate_after_s ? 0 : static_cast<double>(result_.bytes) / receiving_s;
   show_({result_.bytes, elapsed_s, per_second});
 }
 

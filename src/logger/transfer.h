@@ -20,7 +20,7 @@ namespace halden {
 struct TransferFigures {
   std::size_t bytes = 0;
   double elapsed_s = 0;         // since the meter was asked
-  double bytes_per_second = 0;  // since then; 0 in the first second
+  double bytes_per_second = 0;  // up to the last byte; 0 in the first second
 };
 
 struct TransferPlan {
@@ -65,6 +65,7 @@ class Transfer {
   std::string undecoded_;  // the bytes of an incomplete unit
   std::string words_;      // decoded, not written
   double asked_s_ = 0;     // monotonic
+  double last_byte_s_ = 0;
   double shown_s_ = 0;
 };
 
