@@ -113,6 +113,9 @@ bool unplug(const Words& words, Meter&, ConsoleAnswer& answer) {
   return true;
 }
 
+// The caller knows the time.
+bool press_transient(const Words&, Meter&, ConsoleAnswer& answer) { return answer.press_transient = true; }
+
 bool quit(const Words&, Meter&, ConsoleAnswer& answer) { return answer.quit = true; }
 
 struct Command {
@@ -121,7 +124,7 @@ struct Command {
   bool (*run)(const Words& words, Meter& meter, ConsoleAnswer& answer);
 };
 
-constexpr std::array<Command, 11> commands = {{{"mode", 1, set_mode},
+constexpr std::array<Command, 12> commands = {{{"mode", 1, set_mode},
                                                {"wiring", 1, set_wiring},
                                                {"channel", 1, set_channel},
                                                {"silence", 1, set_silence},
@@ -130,6 +133,7 @@ constexpr std::array<Command, 11> commands = {{{"mode", 1, set_mode},
                                                {"raw", 1, free_load},
                                                {"raw", 6, set_raw},
                                                {"log", 0, show_log},
+                                               {"transient", 0, press_transient},
                                                {"unplug", 1, unplug},
                                                {"quit", 0, quit}}};
 

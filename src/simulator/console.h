@@ -10,6 +10,7 @@
 //   raw PHASE V I W P Q         fixes phase 1..3 at these raw numbers
 //   raw off                     lets the load drift again
 //   log                         shows the received bytes
+//   transient                   presses the button that sends the transient report
 //   unplug SECONDS
 //   quit
 //
@@ -28,6 +29,7 @@ namespace halden::simulator {
 struct ConsoleAnswer {
   std::string text = "ok";  // without line end
   bool quit = false;
+  bool press_transient = false;    // Meter::press_transient is to be called
   std::optional<double> unplug_s;  // how long the cable is to be unplugged
 };
 

@@ -9,6 +9,7 @@
 
 #include "platform/process.h"
 #include "simulator/pty_meter.h"
+#include "simulator/stored_files.h"
 
 namespace simulator = halden::simulator;
 
@@ -18,6 +19,7 @@ struct Options {
   std::string link;
   std::string wiring = "3P4W";
   std::string mode = "power";
+  std::string memory = "example";
   std::vector<std::string> faults;
 };
 
@@ -37,6 +39,9 @@ void describe(CLI::App& app, Options& options) {
   app.add_option("--mode", options.mode, "power or harmonics")
       ->capture_default_str()
       ->check(CLI::IsMember({"power", "harmonics"}));
+  app.add_option("--memory", options.memory, "What is stored in the meter: example or empty")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"example", "empty"}));
   app.add_option("--fault", options.faults,
                  "silence, garbage, doubled, noise, restarts, stream, unplugged, cut=BYTES, drop=EVERY, "
                  "late=SECONDS, split=BYTES:SECONDS, file_cut=BYTES, file_lose=BYTE, file_extra=BYTES, "
@@ -49,7 +54,7 @@ void describe(CLI::App& app, Options& options) {
       "The first line on standard output is the device. Then one-line commands are read from standard "
       "input:\n"
       "mode power|harmonics, wiring SYSTEM, channel 0..5, silence on|off, garbage on|off, fault NAME|none,\n"
-      "raw PHASE V I W P Q, raw off, unplug SECONDS, log, quit.");
+      "raw PHASE V I W P Q, raw off, transient, unplug SECONDS, log, quit.");
 }
 
 int serve(const Options& options) {
@@ -58,6 +63,7 @@ int serve(const Options& options) {
   settings.wiring = simulator::wiring_of(options.wiring).value_or(settings.wiring);
   settings.clock_start = local_time();
   simulator::Meter meter(settings);
+  if (options.memory == "example") meter.memory() = simulator::example_memory();
   for (const std::string& fault : options.faults) simulator::switch_on(fault, meter.faults());
   simulator::PtyMeter device(meter, options.link);
   const std::string refusal = device.run();

@@ -161,6 +161,7 @@ bool PtyMeter::take_console(double now_s) {
       unplug();
       plug_back_s_ = now_s + *answer.unplug_s;
     }
+    if (answer.press_transient) meter_.press_transient(now_s);
     if (!answer.text.empty()) say(answer.text);
     if (answer.quit) return false;
   }

@@ -7,7 +7,8 @@ namespace halden::simulator {
 
 namespace {
 
-constexpr std::size_t buffer_bytes = 65536;
+// Nearly five hours of the line, far longer than any stored file.
+constexpr std::size_t buffer_bytes = std::size_t{16} * 1024 * 1024;
 
 bool is_port_number(int number) { return number >= first_port_number && number <= last_port_number; }
 
@@ -75,6 +76,8 @@ void SimulatedPort::plug_in() {
   collect();
   plugged_ = true;
 }
+
+void SimulatedPort::press_transient() { meter_.press_transient(clock_.monotonic_s()); }
 
 // The meter sends whether the port is open or not.
 void SimulatedPort::collect() {

@@ -37,6 +37,9 @@ class SimulatedPort : public SerialPort {
   void unplug();
   void plug_in();
 
+  // The button of the meter, pressed now.
+  void press_transient();
+
  private:
   void collect();
 
@@ -46,7 +49,7 @@ class SimulatedPort : public SerialPort {
   std::string lock_file_;
   bool open_ = false;
   bool plugged_ = true;
-  std::string received_;  // at most 64 KiB; a full buffer drops what arrives next
+  std::string received_;  // at most 16 MiB; a full buffer drops what arrives next
 };
 
 }  // namespace halden::simulator

@@ -82,7 +82,7 @@ TEST(CommandLine, PortsThatDoNotOpenAndTheDemoLeaveTheFolderAlone) {
   EXPECT_EQ(demo.exit_code, 0);
   EXPECT_EQ(demo.errors, "");
   EXPECT_TRUE(demo.output.starts_with(R"({"meter_mode":1,"harmonic_channel":0,"wiring_system":3,)"));
-  EXPECT_TRUE(demo.output.ends_with("\"logger_file_count\":0}\n")) << demo.output;
+  EXPECT_TRUE(demo.output.ends_with("\"logger_file_count\":7}\n")) << demo.output;
   EXPECT_EQ(folder.read("commport.dat") + folder.read("language.pha"), "9\r\n1\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 3);
 }

@@ -28,6 +28,13 @@ TEST(PtyMeter, TheLineIsTransparentAndSlowAndOpensAgainAndAgain) {
   EXPECT_GT(elapsed.count(), 2.19);
   for (int time = 0; time < 2; ++time)
     EXPECT_EQ(ask(meter.port, "?", 210).substr(0, 18), "00000 00004 00002 ");
+  EXPECT_EQ(meter.program.answer("transient"), "ok");
+  EXPECT_EQ(ask(meter.port, "x", 29), "26,02,27,23,50,10,1,2300,10\r\n") << "x asks for nothing";
+}
+
+TEST(PtyMeter, HoldsTheExampleFilesUnlessItIsToBeEmpty) {
+  for (const auto& [option, files] : {std::pair("", "00007 "), {"--memory empty", "00000 "}})
+    EXPECT_EQ(ask(SimulatedMeter(option).port, "?", 210).substr(34 * 6), files);
 }
 
 // With and without a console.

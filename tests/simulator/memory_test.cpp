@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <tuple>
 
+#include "platform/virtual/virtual_world.h"
 #include "simulator/meter.h"
 #include "simulator/screen_picture.h"
+#include "simulator/simulated_port.h"
 #include "simulator/stored_files.h"
 
 namespace halden::simulator {
@@ -156,6 +158,21 @@ TEST(FileFaults, SpoilTheFileAndNotTheStatusReply) {
   EXPECT_NEAR(pausing.next_output_s(4.9), 0.02 + 4.9 + 5.0 / 960, 1e-9);
   for (const char* fault : {"file_cut", "file_lose=x", "file_pause=4", "wrong_index=-1", "file_sends_on=1e9"})
     EXPECT_FALSE(switch_on(fault, pausing.faults())) << fault;
+}
+
+// The port kept 64 KiB of what the program only counted: the rest of a long file was lost.
+TEST(SimulatedPort, ALongReplyIsKeptWholeWhileTheProgramCountsIt) {
+  VirtualWorld world;
+  Meter meter;
+  meter.memory().store({{}, std::string(80'000, 'A') + 'Z'});
+  SimulatedPort port(world.clock, meter);
+  port.open(1);
+  port.send("\x04");
+  for (int minute = 0; minute < 2; ++minute) {
+    EXPECT_EQ(port.received_count(), minute * 57'580U);
+    world.run_for(60.0);
+  }
+  EXPECT_EQ(port.receive().back(), 'Z');
 }
 
 // An hour of 960 bytes a second behind ten bytes of file and one extra; a poll afterwards has the usual limit

@@ -259,6 +259,7 @@ TEST(Console, CommandsAreTheButtonsOfTheMeterAndNonsenseChangesNothing) {
   EXPECT_GT(meter.load().raw(2, meter.settings(), 0.0).i, 4000);
   EXPECT_EQ(apply_command("unplug 2.5", meter).unplug_s, 2.5);
   EXPECT_TRUE(apply_command("quit", meter).quit);
+  EXPECT_TRUE(apply_command("transient", meter).press_transient);
   EXPECT_EQ(apply_command("  ", meter).text, "");
   meter.receive(std::string_view("? \r\n\"\\\0\xfe", 8), 0.0);
   EXPECT_EQ(apply_command("log", meter).text, R"(8 "? \r\n\"\\\x00\xfe")");

@@ -509,6 +509,10 @@ TEST(DemoPanel, ButtonsActOnTheMeter) {
   EXPECT_EQ(meter.settings().mode, simulator::MeterMode::harmonics);
   EXPECT_EQ(meter.settings().wiring, simulator::Wiring::w3p3w);
   EXPECT_EQ(meter.settings().channel, 3);
+  meter.memory().transient_report = "report";
+  button("demo_transient")->click();
+  world.run_for(1.0);
+  EXPECT_EQ(port.receive(), "report");
   for (const PortState state : {PortState::vanished, PortState::open}) {
     button("demo_cable_out")->click();
     EXPECT_EQ(port.state(), state);

@@ -56,7 +56,7 @@ DemoPanel::DemoPanel(simulator::Meter& meter, simulator::SimulatedPort& port, QW
               std::array{Choice{"V1", 0}, Choice{"I1", 1}, Choice{"V2", 2}, Choice{"I2", 3}, Choice{"V3", 4},
                          Choice{"I3", 5}},
               settings.channel, [&settings](int value) { settings.channel = value; });
-  add_transient();
+  add_transient(port);
   add_cable(port);
 }
 
@@ -89,10 +89,10 @@ void DemoPanel::add_choices(const char* title, const Choices& choices, int chose
   });
 }
 
-void DemoPanel::add_transient() {
+void DemoPanel::add_transient(simulator::SimulatedPort& port) {
   add_heading("Event");
   auto* const button = make_button(QStringLiteral("demo_transient"), QStringLiteral("TRANSIENT"));
-  button->setEnabled(false);
+  connect(button, &QPushButton::clicked, this, [&port] { port.press_transient(); });
   grid_->addWidget(button, grid_->rowCount(), 0, 1, columns);
 }
 

@@ -32,7 +32,7 @@ class DemoPanel : public QWidget {
   template <typename Choices>
   void add_choices(const char* title, const Choices& choices, int chosen, std::function<void(int)> choose);
   void add_heading(const char* title);
-  void add_transient();
+  void add_transient(simulator::SimulatedPort& port);
   void add_cable(simulator::SimulatedPort& port);
 
   QGridLayout* grid_;

@@ -30,6 +30,7 @@
 #include "simulator/demo_port.h"
 #include "simulator/meter.h"
 #include "simulator/simulated_port.h"
+#include "simulator/stored_files.h"
 
 namespace halden {
 
@@ -61,7 +62,9 @@ StartOptions start_options(const DesktopOptions& options) {
 
 // The platform of the desktop.
 struct Outside {
-  explicit Outside(const DesktopOptions& options) : real_port(port_table(options)) {}
+  explicit Outside(const DesktopOptions& options) : real_port(port_table(options)) {
+    if (options.demo) meter.memory() = simulator::example_memory();
+  }
 
   Platform platform(const DesktopOptions& options) {
     return {clock,

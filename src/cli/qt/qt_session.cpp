@@ -8,6 +8,7 @@
 #include "cli/process_io.h"
 #include "platform/process.h"
 #include "screen/failure_texts.h"
+#include "simulator/stored_files.h"
 
 namespace halden {
 
@@ -35,7 +36,9 @@ QtSession::QtSession(const PortArgument& port, Interruption interruption, FileAc
     : real_port_(port_table(port)),
       program_(platform(port, access), start_options(port)),
       port_number_(port.number),
-      interruption_(interruption) {}
+      interruption_(interruption) {
+  if (port.simulated) simulated_meter_.memory() = simulator::example_memory();
+}
 
 Platform QtSession::platform(const PortArgument& port, FileAccess access) {
   SerialPort& chosen = port.simulated ? static_cast<SerialPort&>(simulated_port_) : real_port_;
