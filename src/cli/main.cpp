@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
   halden::add_live_command(app, chosen);
   halden::add_record_command(app, chosen);
   halden::add_set_command(app, chosen);
+  halden::add_logger_command(app, chosen);
   for (CLI::App* command : app.get_subcommands({}))
     command->set_version_flag("--version", "haldenctl " HALDEN_VERSION);
   try {
