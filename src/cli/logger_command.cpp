@@ -95,7 +95,7 @@ void add_clear(CLI::App& logger, ChosenCommand& chosen) {
   CLI::App& command = add_command(logger, "clear", "Erase all stored files", typed, chosen,
                                   [](LoggerRun& run, const Typed&) { run.clear(); });
   command.add_flag("--yes", typed->sure, "They are not needed any more");
-  command.final_callback([typed] {
+  command.parse_complete_callback([typed] {
     if (!typed->sure)
       throw CLI::ValidationError("clear", "all files in the meter would be erased; give --yes to do that");
   });

@@ -30,7 +30,11 @@ Written write_all(std::FILE* stream, std::string_view bytes) {
 }  // namespace
 
 extern "C" {
-static void note_signal(int) { signals_came = signals_came + 1; }
+// A signal is handled once only, unless that is asked for again.
+static void note_signal(int signal) {
+  std::signal(signal, note_signal);
+  signals_came = signals_came + 1;
+}
 }
 
 void note_interruptions() {

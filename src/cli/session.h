@@ -53,7 +53,8 @@ class Session : public Terminal {
   // From now on an interruption runs `finish`, which ends the command.
   virtual void on_interruption(std::function<void()> finish) = 0;
 
-  // The same for a command that takes time to end: `handler` runs once for every interruption.
+  // The same for a command that must leave the meter and its files in order, and ends by itself: `handler`
+  // runs once for every interruption. A reader of its results who has gone does not end it.
   virtual void on_each_interruption(std::function<void()> handler) = 0;
 
   // Calls the handler every `period_ms` while the session runs.

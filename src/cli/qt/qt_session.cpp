@@ -95,8 +95,8 @@ void QtSession::print(const std::string& results) {
   switch (write_results(results)) {
     case Written::all:
       return;
-    case Written::reader_gone:
-      return done();
+    case Written::reader_gone:  // it has seen enough
+      return each_ ? void() : done();
     case Written::failed:
       return failed(not_written);
     case Written::interrupted:
