@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "logger/logger_texts.h"
-#include "logger/result_texts.h"
 #include "logger/status_panel.h"
 #include "logger/stored_kind.h"
 #include "readings/wave_texts.h"
@@ -48,7 +47,9 @@ std::string_view fate_text(FileFate fate) {
   return fate == FileFate::downloaded ? "downloaded" : "not whole";
 }
 
-bool counts_records(const StoredKind& kind) { return kind.convert != nullptr; }
+Amount amount_of(const StoredKind& kind) {
+  return kind.convert == nullptr ? Amount::screen : Amount::records;
+}
 
 }  // namespace
 
@@ -123,8 +124,7 @@ void LoggerRun::download(const std::string& file, std::optional<int> number) {
   const std::string before = last_message_();
   const DownloadResult result = program_.logger.download(*kind, file);
   note_messages(before);
-  tell_result({{"file", file}, {"kind", kind->name.in(Language::english)}}, file, result,
-              counts_records(*kind));
+  tell_result({{"file", file}, {"kind", kind->name.in(Language::english)}}, file, result, amount_of(*kind));
 }
 
 void LoggerRun::download_transient(const std::string& file) {
@@ -133,7 +133,7 @@ void LoggerRun::download_transient(const std::string& file) {
   const std::string before = last_message_();
   const DownloadResult result = program_.logger.download_transient(file);
   note_messages(before);
-  tell_result({{"file", file}, {"kind", "Transient"}}, file, result, true);
+  tell_result({{"file", file}, {"kind", "Transient"}}, file, result, Amount::records);
 }
 
 // The last one that was said since then.
@@ -142,12 +142,11 @@ void LoggerRun::note_messages(const std::string& before) {
 }
 
 void LoggerRun::tell_result(Record record, const std::string& file, const DownloadResult& result,
-                            bool has_records) {
-  if (has_records) record["records"] = result.records;
+                            Amount amount) {
+  if (amount == Amount::records) record["records"] = result.records;
   record["bytes"] = result.bytes;
   if (result.bytes > 0) terminal_.print(formatted(record, format_));
   if (result.end == DownloadEnd::whole) return terminal_.done();
-  const Amount amount = has_records ? Amount::records : Amount::screen;
   terminal_.failed(file + ": " + result_text(result, amount, Language::english) + ".");
 }
 
@@ -165,14 +164,14 @@ void LoggerRun::print_file(const FileOfRun& file, const std::string& folder) {
   Record record = {
       {"file", path}, {"kind", file.kind->name.in(Language::english)}, {"state", fate_text(file.fate)}};
   if (file.fate != FileFate::was_there) {
-    if (counts_records(*file.kind)) record["records"] = file.result.records;
+    if (amount_of(*file.kind) == Amount::records) record["records"] = file.result.records;
     record["bytes"] = file.result.bytes;
   }
   terminal_.print(formatted(record, format_) + (format_ == Format::text ? "\n" : ""));
 }
 
 void LoggerRun::end_run(const RunResult& run, const std::string& folder) {
-  for (const std::string& message : run.messages) terminal_.note(message + ".");
+  for (const std::string& message : run.messages) terminal_.note(message);
   const bool answered = program_.link.query.succeeded();
   if (run.end == RunEnd::nothing_stored) terminal_.note(last_message_());
   const bool whole = std::none_of(run.files.begin(), run.files.end(),

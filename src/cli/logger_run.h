@@ -9,6 +9,7 @@
 #include "app/program.h"
 #include "cli/command.h"
 #include "cli/session.h"
+#include "logger/result_texts.h"
 
 namespace halden {
 
@@ -43,7 +44,7 @@ class LoggerRun {
   bool select(int number);
   bool stopped();
   void note_messages(const std::string& before);
-  void tell_result(Record record, const std::string& file, const DownloadResult& result, bool has_records);
+  void tell_result(Record record, const std::string& file, const DownloadResult& result, Amount amount);
   void print_file(const FileOfRun& file, const std::string& folder);
   void end_run(const RunResult& run, const std::string& folder);
 
