@@ -1,6 +1,7 @@
 #include "cli/command.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <nlohmann/json.hpp>
 
 namespace halden {
@@ -39,6 +40,25 @@ void add_common_options(CLI::App& command, CommonOptions& options) {
           "How results are printed: name=value lines, or one JSON object a line")
       ->type_name("text|json")
       ->check(CLI::IsMember({"text", "json"}).description(""));
+}
+
+void add_output_options(CLI::App& command, const char* description, std::string& file,
+                        ExistingFile& existing) {
+  command.add_option("--out", file, description)
+      ->type_name("FILE")
+      ->required()
+      ->check([](const std::string& name) {
+        return name.empty() ? std::string("expected the name of a file, not \"\"") : std::string();
+      });
+  command.add_flag_callback(
+      "--append", [&existing] { existing = ExistingFile::appended_to; },
+      "Write behind what the file holds already");
+}
+
+bool is_refused(Files& files, const std::string& file, ExistingFile existing) {
+  if (existing == ExistingFile::appended_to || !files.exists(file)) return false;
+  std::fprintf(stderr, "%s exists. Give --append to write behind what it holds.\n", file.c_str());
+  return true;
 }
 
 std::string formatted(const Record& record, Format format) {

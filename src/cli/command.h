@@ -8,6 +8,7 @@
 
 #include "cli/port_argument.h"
 #include "cli/session.h"
+#include "platform/files.h"
 
 namespace CLI {
 class App;
@@ -25,6 +26,7 @@ void add_status_command(CLI::App& app, ChosenCommand& chosen);
 void add_live_command(CLI::App& app, ChosenCommand& chosen);
 void add_record_command(CLI::App& app, ChosenCommand& chosen);
 void add_set_command(CLI::App& app, ChosenCommand& chosen);
+void add_logger_command(CLI::App& app, ChosenCommand& chosen);
 
 struct CommonOptions {
   PortArgument port;
@@ -33,6 +35,15 @@ struct CommonOptions {
 
 // Adds --port and --format. `options` lives until the command line is parsed.
 void add_common_options(CLI::App& command, CommonOptions& options);
+
+enum class ExistingFile { refused, appended_to };
+
+// Adds --out and --append. `file` and `existing` live until the command line is parsed.
+void add_output_options(CLI::App& command, const char* description, std::string& file,
+                        ExistingFile& existing);
+
+// Says that the file exists when it is not to be added to.
+bool is_refused(Files& files, const std::string& file, ExistingFile existing);
 
 // Named values: an object whose members are texts and numbers, in the order in which they are printed.
 using Record = nlohmann::ordered_json;

@@ -10,6 +10,12 @@
 
 namespace {
 
+// Every command has it.
+void add_version_flag(CLI::App& command) {
+  command.set_version_flag("--version", "haldenctl " HALDEN_VERSION);
+  for (CLI::App* behind : command.get_subcommands({})) add_version_flag(*behind);
+}
+
 // Something typed that is not known is the cause, not what is missing because of it.
 void parse(CLI::App& app, int argc, char** argv) {
   try {
@@ -33,14 +39,13 @@ int main(int argc, char** argv) {
   halden::prepare_process();
   CLI::App app("Companion of the Halden power and harmonics analyzer, without windows", "haldenctl");
   app.require_subcommand(1);
-  app.set_version_flag("--version", "haldenctl " HALDEN_VERSION);
   halden::ChosenCommand chosen;
   halden::add_status_command(app, chosen);
   halden::add_live_command(app, chosen);
   halden::add_record_command(app, chosen);
   halden::add_set_command(app, chosen);
-  for (CLI::App* command : app.get_subcommands({}))
-    command->set_version_flag("--version", "haldenctl " HALDEN_VERSION);
+  halden::add_logger_command(app, chosen);
+  add_version_flag(app);
   try {
     parse(app, argc, argv);
   } catch (const CLI::ParseError& end) {

@@ -82,7 +82,7 @@ class NoFiles : public Files {
   std::optional<std::uint64_t> length(const std::string&) override { return std::nullopt; }
 };
 
-// For a command that records: the files on the disk, except that the configuration of the program with
+// For a command that writes files: the files on the disk, except that the configuration of the program with
 // windows is neither read nor written.
 class RecordedFiles : public Files {
  public:

@@ -7,10 +7,11 @@
 
 namespace halden {
 
-// From now on Ctrl-C and the request to terminate are noted instead of ending the program. Signals already
+// From now on Ctrl-C and the request to terminate are counted instead of ending the program. Signals already
 // ignored at start stay ignored.
 void note_interruptions();
-bool interrupted();
+int interruptions();
+inline bool interrupted() { return interruptions() > 0; }
 
 enum class Written { all, reader_gone, failed, interrupted };
 

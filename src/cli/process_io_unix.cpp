@@ -23,8 +23,8 @@ constexpr int look_ms = 50;                     // from one look for an interrup
 constexpr int looks_when_interrupted = 10;      // half a second
 constexpr std::size_t most_at_once = PIPE_BUF;  // fits into a pipe that poll calls writable
 
-// A signal handler can only use what exists as long as the process, and do little more than set a flag.
-volatile std::sig_atomic_t signal_came = 0;
+// A signal handler can only use what exists as long as the process, and do little more than count.
+volatile std::sig_atomic_t signals_came = 0;
 
 // False when the reader takes nothing although the command was interrupted. A reader that has gone counts as
 // ready: the write tells.
@@ -51,7 +51,7 @@ Written write_all(int stream, std::string_view bytes) {
 }  // namespace
 
 extern "C" {
-static void note_signal(int) { signal_came = 1; }
+static void note_signal(int) { signals_came = signals_came + 1; }
 }
 
 // Without SA_RESTART, so that a signal ends a write that waits.
@@ -65,7 +65,7 @@ void note_interruptions() {
   }
 }
 
-bool interrupted() { return signal_came != 0; }
+int interruptions() { return signals_came; }
 
 Written write_results(std::string_view results) { return write_all(STDOUT_FILENO, results); }
 

@@ -17,8 +17,8 @@ namespace {
 
 constexpr std::array signals = {SIGINT, SIGTERM};
 
-// A signal handler can only use what exists as long as the process, and do little more than set a flag.
-volatile std::sig_atomic_t signal_came = 0;
+// A signal handler can only use what exists as long as the process, and do little more than count.
+volatile std::sig_atomic_t signals_came = 0;
 
 Written write_all(std::FILE* stream, std::string_view bytes) {
   errno = 0;
@@ -30,7 +30,11 @@ Written write_all(std::FILE* stream, std::string_view bytes) {
 }  // namespace
 
 extern "C" {
-static void note_signal(int) { signal_came = 1; }
+// A signal is handled once only, unless that is asked for again.
+static void note_signal(int signal) {
+  std::signal(signal, note_signal);
+  signals_came = signals_came + 1;
+}
 }
 
 void note_interruptions() {
@@ -38,7 +42,7 @@ void note_interruptions() {
     if (std::signal(signal, note_signal) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
-bool interrupted() { return signal_came != 0; }
+int interruptions() { return signals_came; }
 
 Written write_results(std::string_view results) { return write_all(stdout, results); }
 

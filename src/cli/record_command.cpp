@@ -1,7 +1,6 @@
 #include "cli/record_command.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -16,15 +15,9 @@ constexpr int check_period_ms = 500;
 constexpr int most_records = 1'000'000'000;
 constexpr double longest_duration_s = 1.0e9;
 
-int refuse(const std::string& file) {
-  std::fprintf(stderr, "%s exists. Give --append to write behind what it holds.\n", file.c_str());
-  return exit_failed;
-}
-
 int run_record(const OpenSession& open, const PortArgument& port, const RecordOptions& options) {
   const auto session = open(port, Interruption::is_failure, FileAccess::disk);
-  if (options.existing == ExistingFile::refused && session->program().platform.files.exists(options.file))
-    return refuse(options.file);
+  if (is_refused(session->program().platform.files, options.file, options.existing)) return exit_failed;
   RecordRun run(session->program(), options, *session);
   session->every(check_period_ms, [&] { run.check_progress(); });
   return session->run([&] {
@@ -115,12 +108,7 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
                          "the meter is silent, lines say so. In its harmonics mode the file holds spectra");
   add_common_options(*command, typed->common);
   RecordOptions& record = typed->record;
-  command->add_option("--out", record.file, "The data file")
-      ->type_name("FILE")
-      ->required()
-      ->check([](const std::string& name) {
-        return name.empty() ? std::string("expected the name of a file, not \"\"") : std::string();
-      });
+  add_output_options(*command, "The data file", record.file, record.existing);
   command
       ->add_option("--sample", record.sample_s,
                    "Seconds from one record to the next; 2 when not given, at least 4 for waveforms")
@@ -149,9 +137,6 @@ void add_record_command(CLI::App& app, ChosenCommand& chosen) {
       ->type_name("percent|angle")
       ->check(CLI::IsMember({"percent", "angle"}).description(""))
       ->excludes("--waveform");
-  command->add_flag_callback(
-      "--append", [&record] { record.existing = ExistingFile::appended_to; },
-      "Write behind what the file holds already");
   command->callback([typed, &chosen] {
     typed->record.format = typed->common.format;
     chosen = [typed](const OpenSession& open) { return run_record(open, typed->common.port, typed->record); };

@@ -13,7 +13,6 @@
 
 namespace halden {
 
-enum class ExistingFile { refused, appended_to };
 enum class OrderValues { percent, angle };
 
 struct RecordOptions {

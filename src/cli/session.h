@@ -53,6 +53,10 @@ class Session : public Terminal {
   // From now on an interruption runs `finish`, which ends the command.
   virtual void on_interruption(std::function<void()> finish) = 0;
 
+  // The same for a command that must leave the meter and its files in order, and ends by itself: `handler`
+  // runs once for every interruption. A reader of its results who has gone does not end it.
+  virtual void on_each_interruption(std::function<void()> handler) = 0;
+
   // Calls the handler every `period_ms` while the session runs.
   virtual void every(int period_ms, std::function<void()> handler) = 0;
 
@@ -66,8 +70,9 @@ class Session : public Terminal {
 enum class Interruption { is_end, is_failure };
 
 // The files of a command: none at all, or those of the disk. The configuration of the program with windows is
-// neither read nor written.
-enum class FileAccess { none, disk };
+// neither read nor written. What a command keeps beside its results goes into the current folder, or into a
+// private one that is removed at the end.
+enum class FileAccess { none, disk, disk_and_private_folder };
 
 using OpenSession =
     std::function<std::unique_ptr<Session>(const PortArgument& port, Interruption, FileAccess)>;

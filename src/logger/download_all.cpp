@@ -12,8 +12,6 @@ namespace {
 
 constexpr double before_first_file_s = 1.0;
 
-constexpr std::string_view part_ending = ".part";
-
 constexpr Text wrong_index = {"File Index Command Error, Stop Down Load", "檔案指標錯誤,停止下載"};
 constexpr Text selecting = {"Selecting file {}", "選擇第 {} 號檔案"};
 constexpr Text file_of_files = {"file {} of {}", "第 {} 個，共 {} 個"};

@@ -18,6 +18,8 @@
 
 namespace halden {
 
+inline constexpr std::string_view part_ending = ".part";
+
 // "20090512153003" of the selected file.
 std::string stored_file_stamp(const MeterStatus& status);
 

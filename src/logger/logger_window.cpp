@@ -184,9 +184,12 @@ DownloadResult LoggerWindow::download_transient(const std::string& path) {
   return TransientDownload(parts_).run(path);
 }
 
-RunResult LoggerWindow::download_all(const std::string& folder) {
-  return download_all_.run(
-      folder, [this](const FileOfRun& file) { add_result(line_of(file, link_.state.language)); });
+RunResult LoggerWindow::download_all(const std::string& folder,
+                                     const std::function<void(const FileOfRun&)>& file_done) {
+  return download_all_.run(folder, [&](const FileOfRun& file) {
+    add_result(line_of(file, link_.state.language));
+    if (file_done) file_done(file);
+  });
 }
 
 bool LoggerWindow::clear_memory() {

@@ -39,7 +39,8 @@ class LoggerWindow {
   bool select(int number);
   DownloadResult download(const StoredKind& kind, const std::string& path);
   DownloadResult download_transient(const std::string& path);
-  RunResult download_all(const std::string& folder);
+  RunResult download_all(const std::string& folder,
+                         const std::function<void(const FileOfRun&)>& file_done = {});
   bool clear_memory();
   void cancel() { line_.cancel(); }
 

@@ -39,9 +39,9 @@ void describe(CLI::App& app, Options& options) {
   app.add_option("--mode", options.mode, "power or harmonics")
       ->capture_default_str()
       ->check(CLI::IsMember({"power", "harmonics"}));
-  app.add_option("--memory", options.memory, "What is stored in the meter: example or empty")
+  app.add_option("--memory", options.memory, "What is stored in the meter: example, small or empty")
       ->capture_default_str()
-      ->check(CLI::IsMember({"example", "empty"}));
+      ->check(CLI::IsMember({"example", "small", "empty"}));
   app.add_option("--fault", options.faults,
                  "silence, garbage, doubled, noise, restarts, stream, unplugged, cut=BYTES, drop=EVERY, "
                  "late=SECONDS, split=BYTES:SECONDS, file_cut=BYTES, file_lose=BYTE, file_extra=BYTES, "
@@ -64,6 +64,7 @@ int serve(const Options& options) {
   settings.clock_start = local_time();
   simulator::Meter meter(settings);
   if (options.memory == "example") meter.memory() = simulator::example_memory();
+  if (options.memory == "small") meter.memory() = simulator::small_memory();
   for (const std::string& fault : options.faults) simulator::switch_on(fault, meter.faults());
   simulator::PtyMeter device(meter, options.link);
   const std::string refusal = device.run();

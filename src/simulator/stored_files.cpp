@@ -165,4 +165,16 @@ Memory example_memory() {
   return memory;
 }
 
+Memory small_memory() {
+  constexpr MeterClock start = {2026, 3, 5, 8, 15, 0};
+  const Load load;
+  MeterSettings settings;
+  settings.wiring = Wiring::w1p2w;
+  Memory memory;
+  memory.store(power_file(load, settings, start, 3));
+  memory.store(harmonics_file(load, settings, start, 1));
+  memory.store(hardcopy_file(load, settings, start));
+  return memory;
+}
+
 }  // namespace halden::simulator

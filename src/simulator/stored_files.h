@@ -54,4 +54,7 @@ std::string transient_report(const TransientRecording& recording, std::span<cons
 // A power file per wiring system, harmonics of V1 and of I1, a hardcopy and a transient report.
 Memory example_memory();
 
+// A file of each kind, each as short as a test needs it.
+Memory small_memory();
+
 }  // namespace halden::simulator

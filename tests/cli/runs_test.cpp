@@ -1,4 +1,4 @@
-// Commands that run beside the simulated meter, and the terminal that keeps what they say.
+// Commands that run beside the simulated meter.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
@@ -7,27 +7,10 @@
 #include "cli/record_command.h"
 #include "cli/set_command.h"
 #include "cli/view_choice.h"
+#include "noted_terminal.h"
 
 namespace halden {
 namespace {
-
-struct NotedTerminal : Terminal {
-  void print(const std::string& results) override { printed.push_back(results); }
-  std::optional<ScreenSize> screen() const override { return size; }
-  void note(const std::string& sentence) override { notes.push_back(sentence); }
-  void progress(const std::string& sentence) override { steps += sentence; }
-  void done() override { end("done"); }
-  void failed(const std::string& sentence) override { end(sentence); }
-  void end(const std::string& how) {
-    if (ended.empty()) ended = how;
-  }
-
-  std::vector<std::string> printed;
-  std::vector<std::string> notes;
-  std::string steps;
-  std::string ended;
-  std::optional<ScreenSize> size;
-};
 
 struct LiveReports : testing::Test {
   void start(LiveOptions options) {

@@ -23,11 +23,11 @@ class Program {
   // The words of the command stand between blanks or in double quotes. A process that runs far too long (90
   // s, of what takes 25 s when the computer has nothing else to do) is killed, so that no wait below is
   // endless.
-  explicit Program(const std::string& command) {
+  explicit Program(const std::string& command, unsigned limit_s = 90) {
     static const bool found = qputenv("PATH", HALDEN_BIN_DIR ":" + qgetenv("PATH"));
-    process_.setChildProcessModifier([] {
+    process_.setChildProcessModifier([limit_s] {
       for (const int signal : {SIGINT, SIGTERM, SIGALRM}) ::signal(signal, SIG_DFL);  // nohup hands on others
-      ::alarm(90);
+      ::alarm(limit_s);
     });
     process_.startCommand(QString::fromStdString(command));
     EXPECT_TRUE(found && process_.waitForStarted()) << command;
@@ -95,8 +95,8 @@ void wait_until(Condition condition) {
 
 // halden-meter with its device under the name `port`.
 struct SimulatedMeter {
-  explicit SimulatedMeter(const std::string& options = {})
-      : program("halden-meter --link " + port + " " + options) {
+  explicit SimulatedMeter(const std::string& options = {}, unsigned limit_s = 90)
+      : program("halden-meter --link " + port + " " + options, limit_s) {
     EXPECT_NE(program.read_line(), "") << "the meter does not start";
   }
 

@@ -22,19 +22,11 @@ PortTable port_table(const PortArgument& port) {
   return table;
 }
 
-StartOptions start_options(const PortArgument& port) {
-  StartOptions options;
-  options.work_folder = QDir::currentPath().toStdString();
-  options.temporary_folder = QDir::tempPath().toStdString();
-  options.first_port = port.number;
-  return options;
-}
-
 }  // namespace
 
 QtSession::QtSession(const PortArgument& port, Interruption interruption, FileAccess access)
     : real_port_(port_table(port)),
-      program_(platform(port, access), start_options(port)),
+      program_(platform(port, access), start_options(port, access)),
       port_number_(port.number),
       interruption_(interruption) {
   if (port.simulated) simulated_meter_.memory() = simulator::example_memory();
@@ -42,8 +34,21 @@ QtSession::QtSession(const PortArgument& port, Interruption interruption, FileAc
 
 Platform QtSession::platform(const PortArgument& port, FileAccess access) {
   SerialPort& chosen = port.simulated ? static_cast<SerialPort&>(simulated_port_) : real_port_;
-  Files& files = access == FileAccess::disk ? static_cast<Files&>(recorded_files_) : no_files_;
+  Files& files = access == FileAccess::none ? static_cast<Files&>(no_files_) : recorded_files_;
   return {clock_, timer1_, timer2_, chosen, dialogs_, printer_, pictures_, shell_, files};
+}
+
+// Without a private folder its files stand beside those of other programs.
+StartOptions QtSession::start_options(const PortArgument& port, FileAccess access) {
+  StartOptions options;
+  options.work_folder = QDir::currentPath().toStdString();
+  options.temporary_folder = QDir::tempPath().toStdString();
+  options.first_port = port.number;
+  if (access != FileAccess::disk_and_private_folder) return options;
+  private_folder_.emplace();
+  options.work_folder =
+      private_folder_->isValid() ? private_folder_->path().toStdString() : options.temporary_folder;
+  return options;
 }
 
 int QtSession::run(const std::function<void()>& command) {
@@ -90,8 +95,8 @@ void QtSession::print(const std::string& results) {
   switch (write_results(results)) {
     case Written::all:
       return;
-    case Written::reader_gone:
-      return done();
+    case Written::reader_gone:  // it has seen enough
+      return each_ ? void() : done();
     case Written::failed:
       return failed(not_written);
     case Written::interrupted:
@@ -134,6 +139,10 @@ void QtSession::end(int exit_code) {
 
 void QtSession::end_when_interrupted() {
   if (!interrupted() || world_.ending()) return;
+  if (each_) {
+    for (; answered_interruptions_ < interruptions(); ++answered_interruptions_) world_.run(each_);
+    return;
+  }
   if (finish_) {
     world_.run(finish_);
     return;

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QTemporaryDir>
 #include <array>
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -29,6 +31,7 @@ class QtSession : public Session {
 
   int run(const std::function<void()>& command) override;
   void on_interruption(std::function<void()> finish) override { finish_ = std::move(finish); }
+  void on_each_interruption(std::function<void()> handler) override { each_ = std::move(handler); }
   void every(int period_ms, std::function<void()> handler) override;
 
   void print(const std::string& results) override;
@@ -43,6 +46,7 @@ class QtSession : public Session {
 
  private:
   Platform platform(const PortArgument& port, FileAccess access);
+  StartOptions start_options(const PortArgument& port, FileAccess access);
   bool connect_to_meter();
   void erase_progress();
   void end(int exit_code);
@@ -67,11 +71,14 @@ class QtSession : public Session {
   SilentShell shell_{[this] { done(); }};
   NoFiles no_files_;
   QtFiles disk_;
+  std::optional<QTemporaryDir> private_folder_;
   RecordedFiles recorded_files_{disk_};
   Program program_;
   const int port_number_;
   const Interruption interruption_;
   std::function<void()> finish_;
+  std::function<void()> each_;
+  int answered_interruptions_ = 0;
   std::size_t progress_length_ = 0;  // of the line that stands on the terminal
   int exit_code_ = exit_done;
 };
