@@ -79,6 +79,7 @@ Afterwards PortChoice::try_chosen(int number) {
 PortRefusal PortChoice::open(int number) {
   const PortRefusal refusal = platform_.port.open(number);
   if (refusal == PortRefusal::none) number_ = number;
+  link_.state.file_bytes = FileBytes::none;  // of the meter at another port
   return refusal;
 }
 

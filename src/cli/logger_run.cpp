@@ -47,31 +47,27 @@ std::string_view fate_text(FileFate fate) {
   return fate == FileFate::downloaded ? "downloaded" : "not whole";
 }
 
-Amount amount_of(const StoredKind& kind) {
-  return kind.convert == nullptr ? Amount::screen : Amount::records;
-}
-
 }  // namespace
 
 LoggerRun::LoggerRun(Program& program, std::function<std::string()> last_message, Format format,
                      Terminal& terminal)
     : program_(program),
       status_(program.link.status),
+      datalogger_(program.logger.exchanges()),
       last_message_(std::move(last_message)),
       format_(format),
       terminal_(terminal) {}
 
 void LoggerRun::interrupt() {
-  program_.logger.cancel();
+  datalogger_.cancel();
   if (++interruptions_ > patient_interruptions) return terminal_.failed(was_interrupted);
   terminal_.progress("Ending...");
 }
 
 // Nothing when the meter does not say; the command has failed then.
 std::optional<int> LoggerRun::count_stored_files() {
-  program_.logger.open();
-  program_.logger.read_status();
-  if (!program_.link.query.succeeded()) {
+  datalogger_.take_line();
+  if (datalogger_.read_status() == StatusRead::failed) {
     terminal_.failed(last_message_());
     return std::nullopt;
   }
@@ -87,7 +83,7 @@ bool LoggerRun::stopped() {
 bool LoggerRun::select(int number) {
   if (selected_number(status_) == number) return true;
   terminal_.progress("Selecting file " + std::to_string(number) + "...");
-  if (program_.logger.select(number)) return true;
+  if (datalogger_.select(number)) return true;
   const int selected = selected_number(status_);
   terminal_.failed(program_.link.query.succeeded() && selected != number
                        ? "The meter has selected file " + std::to_string(selected) + " instead of file " +
@@ -122,18 +118,18 @@ void LoggerRun::download(const std::string& file, std::optional<int> number) {
   const StoredKind* const kind = kind_of(status_.logger_data_type);
   if (kind == nullptr) return terminal_.failed("The kind of the selected file is not known.");
   const std::string before = last_message_();
-  const DownloadResult result = program_.logger.download(*kind, file);
+  const DownloadResult result = datalogger_.download(*kind, file);
   note_messages(before);
-  tell_result({{"file", file}, {"kind", kind->name.in(Language::english)}}, file, result, amount_of(*kind));
+  tell_result({{"file", file}, {"kind", kind->name.in(Language::english)}}, file, result);
 }
 
 void LoggerRun::download_transient(const std::string& file) {
-  program_.logger.open();
+  datalogger_.take_line();
   terminal_.note("Press the TRANSIENT button of the meter within 12 seconds.");
   const std::string before = last_message_();
-  const DownloadResult result = program_.logger.download_transient(file);
+  const DownloadResult result = datalogger_.download_transient(file);
   note_messages(before);
-  tell_result({{"file", file}, {"kind", "Transient"}}, file, result, Amount::records);
+  tell_result({{"file", file}, {"kind", "Transient"}}, file, result);
 }
 
 // The last one that was said since then.
@@ -141,19 +137,17 @@ void LoggerRun::note_messages(const std::string& before) {
   if (const std::string message = last_message_(); message != before) terminal_.note(message);
 }
 
-void LoggerRun::tell_result(Record record, const std::string& file, const DownloadResult& result,
-                            Amount amount) {
-  if (amount == Amount::records) record["records"] = result.records;
+void LoggerRun::tell_result(Record record, const std::string& file, const DownloadResult& result) {
+  if (result.amount == Amount::records) record["records"] = result.records;
   record["bytes"] = result.bytes;
   if (result.bytes > 0) terminal_.print(formatted(record, format_));
   if (result.end == DownloadEnd::whole) return terminal_.done();
-  terminal_.failed(file + ": " + result_text(result, amount, Language::english) + ".");
+  terminal_.failed(file + ": " + result_text(result, Language::english) + ".");
 }
 
 void LoggerRun::download_all(const std::string& folder) {
-  program_.logger.open();
-  end_run(program_.logger.download_all(folder, [&](const FileOfRun& file) { print_file(file, folder); }),
-          folder);
+  datalogger_.take_line();
+  end_run(datalogger_.download_all(folder, [&](const FileOfRun& file) { print_file(file, folder); }), folder);
 }
 
 void LoggerRun::print_file(const FileOfRun& file, const std::string& folder) {
@@ -164,7 +158,7 @@ void LoggerRun::print_file(const FileOfRun& file, const std::string& folder) {
   Record record = {
       {"file", path}, {"kind", file.kind->name.in(Language::english)}, {"state", fate_text(file.fate)}};
   if (file.fate != FileFate::was_there) {
-    if (amount_of(*file.kind) == Amount::records) record["records"] = file.result.records;
+    if (file.result.amount == Amount::records) record["records"] = file.result.records;
     record["bytes"] = file.result.bytes;
   }
   terminal_.print(formatted(record, format_) + (format_ == Format::text ? "\n" : ""));
@@ -190,13 +184,14 @@ void LoggerRun::clear() {
     return terminal_.done();
   }
   terminal_.progress("Clearing " + english_files(*count) + "...");
-  if (program_.logger.clear_memory()) {
+  const Cleared cleared = datalogger_.clear_memory();
+  if (cleared == Cleared::yes) {
     terminal_.print(formatted({{"cleared_files", *count}}, format_));
     return terminal_.done();
   }
-  terminal_.failed(program_.link.query.succeeded() ? "The memory was not cleared: it holds " +
-                                                         english_files(status_.logger_file_count) + "."
-                                                   : last_message_());
+  terminal_.failed(cleared == Cleared::no ? "The memory was not cleared: it holds " +
+                                                english_files(status_.logger_file_count) + "."
+                                          : last_message_());
 }
 
 }  // namespace halden

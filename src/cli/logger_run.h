@@ -44,12 +44,13 @@ class LoggerRun {
   bool select(int number);
   bool stopped();
   void note_messages(const std::string& before);
-  void tell_result(Record record, const std::string& file, const DownloadResult& result, Amount amount);
+  void tell_result(Record record, const std::string& file, const DownloadResult& result);
   void print_file(const FileOfRun& file, const std::string& folder);
   void end_run(const RunResult& run, const std::string& folder);
 
   Program& program_;
   const MeterStatus& status_;
+  Datalogger& datalogger_;
   std::function<std::string()> last_message_;
   const Format format_;
   Terminal& terminal_;

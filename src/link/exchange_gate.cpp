@@ -23,7 +23,7 @@ void ExchangeGate::run(const std::string& name, const std::function<void()>& exc
     return;
   }
   if (alone_) {
-    if (refused_) refused_();
+    if (refused_) refused_(name);
     return;
   }
   const bool known =

@@ -26,7 +26,7 @@ class ExchangeGate {
   void run_alone(const std::string& name, const std::function<void()>& exchange);
 
   // Called for each click that run_alone refuses.
-  void on_refused(std::function<void()> handler) { refused_ = std::move(handler); }
+  void on_refused(std::function<void(const std::string& name)> handler) { refused_ = std::move(handler); }
 
   // Runs a live tick. Exchanges that the user starts during the tick run after it in a handler of their own,
   // so that ticks continue during them. A tick during an exchange or another tick runs at once.
@@ -46,7 +46,7 @@ class ExchangeGate {
   Clock& clock_;
   bool busy_ = false;
   bool alone_ = false;
-  std::function<void()> refused_;
+  std::function<void(const std::string& name)> refused_;
   std::vector<std::pair<std::string, std::function<void()>>> kept_;
 };
 

@@ -14,6 +14,14 @@ inline constexpr std::int16_t harmonics_view = 0;
 inline constexpr std::int16_t power_view = 1;
 inline constexpr std::int16_t waveform_view = 2;
 
+// Whether bytes of a stored file may still come. The meter cannot be stopped: while they do, whatever is
+// asked is lost or answered with the rest of the file.
+enum class FileBytes {
+  none,
+  perhaps,   // a transfer has ended by silence; nothing has come since
+  certainly  // they came, or were coming when the wait for their end was given up
+};
+
 struct LinkState {
   Language language = Language::english;
   std::int16_t port_ready = 0;     // 1 once a port opened
@@ -21,9 +29,10 @@ struct LinkState {
   std::int16_t display_mode = power_view;
   std::int16_t missed_polls = 0;  // consecutive live ticks that ended with an incomplete frame
   std::int16_t link_lost = 0;     // 1 after more than 16 of them
-  std::string reply_buffer;       // the answer to the status query
-  std::string poll_buffer;        // live frames of the power and harmonics views
-  std::string wave_buffer;        // live frames of the waveform view, as bytes
+  FileBytes file_bytes = FileBytes::none;
+  std::string reply_buffer;  // the answer to the status query
+  std::string poll_buffer;   // live frames of the power and harmonics views
+  std::string wave_buffer;   // live frames of the waveform view, as bytes
 };
 
 // No frame or reply is nearly this long. The limits bound the memory when a device that is no meter sends

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t shortest_reply = 161;
 constexpr std::size_t field_count = 35;
+constexpr std::size_t digits_of_field = 5;
 
 struct Skipped {};
 using Number16 = std::int16_t MeterStatus::*;
@@ -104,6 +105,11 @@ bool holds_digits(std::string_view field) {
   return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
+// Settings of the selected stored file; its number and start, and the number of files.
+bool is_about_stored_file(int field) { return (field >= 13 && field <= 21) || (field >= 28 && field <= 35); }
+
+bool is_whole(std::string_view field) { return field.size() == digits_of_field && holds_digits(field); }
+
 // Stores one field in its destination.
 struct Store {
   MeterStatus& status;
@@ -145,6 +151,7 @@ std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus
   MeterStatus found = status;
   StatusReply read;
   int numbers = 0;
+  bool whole = true;
   for (const Destination& destination : destinations) {
     const std::size_t blank = reply.find(' ');
     // A field cut before its blank may lack digits; only the last one can be known to be whole.
@@ -154,9 +161,11 @@ std::optional<StatusReply> read_status_reply(std::string_view reply, MeterStatus
     std::visit(Store{found, field}, destination);
     reply.remove_prefix(blank == std::string_view::npos ? reply.size() : blank + 1);
     ++read.fields;
+    if (is_about_stored_file(read.fields)) whole = whole && is_whole(field);
     if (holds_digits(field)) ++numbers;
   }
   if (3 * numbers < 2 * static_cast<int>(field_count)) return std::nullopt;
+  read.stored_file_is_whole = whole && read.fields == static_cast<int>(field_count);
   status = found;
   return read;
 }

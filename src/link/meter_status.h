@@ -48,6 +48,9 @@ struct MeterStatus : Scaling {
 // How many fields were read from a status reply; those after them are unchanged.
 struct StatusReply {
   int fields = 0;
+  // Every field about the selected stored file has the five digits in which the meter sends it: a lost byte
+  // would give it the settings or the start of another file.
+  bool stored_file_is_whole = false;
 };
 
 // Drops everything up to the first "E", then leading blanks and an echo of the request, and reads the fields

@@ -69,16 +69,27 @@ std::string setting_text(Setting setting, const MeterStatus& status) {
 }  // namespace
 
 void StatusQuery::query_meter_status() {
+  if (query_unless_file_comes() || (line_is_free() && query_unless_file_comes())) return;
+  report_failure();
+}
+
+bool StatusQuery::query_unless_file_comes() {
   succeeded_ = false;
-  ask();
+  if (!ask()) {
+    began_s_.reset();
+    notice_.hide();
+    return false;
+  }
   MeterStatus read = status_;
   const std::optional<StatusReply> reply = read_status_reply(state_.reply_buffer, read);
   if (!reply) {
     report_failure();
-    return;
+    return true;
   }
   status_ = read;
+  reply_ = *reply;
   succeeded_ = true;
+  state_.file_bytes = FileBytes::none;
   show_status(reply->fields);
   // A ratio the meter has not set counts as 1; its box shows what the meter sent.
   if (status_.ct_ratio == 0) status_.ct_ratio = 1;
@@ -86,6 +97,18 @@ void StatusQuery::query_meter_status() {
   for (const auto& handler : status_read_) handler();
   notice_.hide();
   let_events_run(platform_.clock);
+  return true;
+}
+
+bool StatusQuery::line_is_free() {
+  if (file_comes() && waits_.discard_until_silent()) state_.file_bytes = FileBytes::none;
+  return state_.file_bytes != FileBytes::certainly;
+}
+
+bool StatusQuery::file_comes() {
+  if (state_.file_bytes == FileBytes::perhaps && platform_.port.received_count() > 0)
+    state_.file_bytes = FileBytes::certainly;
+  return state_.file_bytes == FileBytes::certainly;
 }
 
 void StatusQuery::show_splash() {
@@ -94,17 +117,20 @@ void StatusQuery::show_splash() {
   notice_.show();
 }
 
-void StatusQuery::ask() {
+// False when bytes of a stored file come; nothing has been sent then.
+bool StatusQuery::ask() {
   began_s_ = platform_.clock.monotonic_s();
   notice_.set_range(notice_progress, 0, whole_progress);
   show_progress();
   show_splash();
   let_events_run(platform_.clock);
   waits_.timed_wait(quiet_s, Yield::no);
+  if (file_comes()) return false;
   waits_.discard();
   state_.reply_buffer.clear();
   show_splash();
   waits_.timed_wait(before_request_s, Yield::yes);
+  if (file_comes()) return false;
   platform_.port.send("?");
   show_splash();
   let_events_run(platform_.clock);
@@ -112,6 +138,7 @@ void StatusQuery::ask() {
   waits_.collect(reply_s, state_.reply_buffer);
   show_progress();
   began_s_.reset();
+  return true;
 }
 
 // A wait that begins anew at midnight takes longer; the progress stops at its end then.
@@ -123,9 +150,7 @@ void StatusQuery::show_progress() {
 
 void StatusQuery::report_failure() {
   polling_.resume_polling(1);
-  const Message failed = {
-      "Meter status could not be obtained, please check connections, com port, etc, and try again.", "",
-      Icon::none};
+  const Message failed = {std::string(failed_message), "", Icon::none};
   // Nobody may be there to answer while all stored files are downloaded.
   if (state_.logger_active == 1)
     platform_.dialogs.tell(failed);

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -33,8 +34,16 @@ class StatusQuery {
         notice_(notice),
         label_column_left_(label_column_left) {}
 
-  // A reply that is too short resumes polling, tells the user and leaves the status as it was.
+  // A reply that is too short resumes polling, tells the user and leaves the status as it was. So does a
+  // meter that goes on sending a stored file: it is not asked.
   void query_meter_status();
+
+  // The same, but returns false, with nothing told, as soon as bytes of a stored file come: a download that
+  // was over has been cut.
+  bool query_unless_file_comes();
+
+  // Whether the meter can be asked. A stored file that still comes is thrown away for at most six seconds.
+  bool line_is_free();
 
   // Brings the notice's progress up to date: the part of a query's 9 seconds that is over.
   void show_progress();
@@ -42,12 +51,20 @@ class StatusQuery {
   // Whether the last query got a reply.
   bool succeeded() const { return succeeded_; }
 
+  // Whether that reply told everything about the selected stored file.
+  bool told_stored_file() const { return succeeded_ && reply_.stored_file_is_whole; }
+
+  // What the user is told without a reply.
+  static constexpr std::string_view failed_message =
+      "Meter status could not be obtained, please check connections, com port, etc, and try again.";
+
   // Called after each successful query, once its values are shown.
   void on_status_read(std::function<void()> handler) { status_read_.push_back(std::move(handler)); }
 
  private:
   void show_splash();
-  void ask();
+  bool file_comes();
+  bool ask();
   void show_status(int fields);
   void report_failure();
 
@@ -60,6 +77,7 @@ class StatusQuery {
   Window& notice_;
   const LabelColumns& label_column_left_;
   bool succeeded_ = false;
+  StatusReply reply_;
   std::optional<double> began_s_;  // of the query that runs, monotonic
   std::vector<std::function<void()>> status_read_;
 };

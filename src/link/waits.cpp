@@ -7,6 +7,7 @@ namespace halden {
 namespace {
 
 constexpr double arriving_limit_s = 6.0;
+constexpr double file_silence_s = 5.0;
 constexpr double quiet_step_s = 0.5;
 constexpr std::size_t unlikely_count = 1000;  // the "previous count" before wait_until_quiet has read one
 
@@ -35,6 +36,15 @@ std::size_t Waits::drain(std::string& buffer) {
 }
 
 void Waits::discard() { port_.receive(); }
+
+bool Waits::discard_until_silent() {
+  double silent_since_s = clock_.monotonic_s();
+  for_seconds(arriving_limit_s, Yield::no, [&] {
+    if (!port_.receive().empty()) silent_since_s = clock_.monotonic_s();
+    return clock_.monotonic_s() - silent_since_s < file_silence_s;
+  });
+  return clock_.monotonic_s() - silent_since_s >= file_silence_s;
+}
 
 void Waits::collect(double seconds, std::string& buffer) {
   const auto gather = [&] {

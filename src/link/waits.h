@@ -28,6 +28,10 @@ class Waits {
   // Throws away everything received.
   void discard();
 
+  // The same until nothing has come for five seconds, without yielding. False when that was not so within
+  // six.
+  bool discard_until_silent();
+
   // For `seconds`, without yielding, appends everything received to `buffer`; never ends early. Keeps the
   // first reply_buffer_limit bytes.
   void collect(double seconds, std::string& buffer);

@@ -1,5 +1,7 @@
 #include "logger/download_all.h"
 
+#include <algorithm>
+
 #include "logger/logger_form.h"
 #include "logger/meter_commands.h"
 #include "logger/status_panel.h"
@@ -11,6 +13,7 @@ namespace halden {
 namespace {
 
 constexpr double before_first_file_s = 1.0;
+constexpr int most_files = 100;  // a number has two digits
 
 constexpr Text wrong_index = {"File Index Command Error, Stop Down Load", "檔案指標錯誤,停止下載"};
 constexpr Text selecting = {"Selecting file {}", "選擇第 {} 號檔案"};
@@ -54,10 +57,11 @@ RunResult DownloadAll::run(const std::string& folder,
                            const std::function<void(const FileOfRun&)>& file_done) {
   RunResult result;
   parts_.link.polling.stop_polling();
-  if (!read_status_()) {
-    if (!parts_.link.query.succeeded()) return result;
-    parts_.messages.say(no_data_recorded.in(parts_.link.state.language));
-    result.end = RunEnd::nothing_stored;
+  const StatusRead read = read_status_();
+  if (read != StatusRead::read) {
+    if (read == StatusRead::nothing_stored)
+      parts_.messages.say(no_data_recorded.in(parts_.link.state.language));
+    result.end = end_of(read);
     return result;
   }
   const Active active(parts_.link.state, window_);
@@ -69,16 +73,23 @@ RunResult DownloadAll::run(const std::string& folder,
     file_done(file);
   });
   result.messages = parts_.messages.take_told();
+  if (result.end == RunEnd::failed && !parts_.link.query.succeeded())
+    result.messages.emplace_back(StatusQuery::failed_message);
   return result;
+}
+
+RunEnd DownloadAll::end_of(StatusRead read) const {
+  if (parts_.line.is_cancelled()) return RunEnd::cancelled;
+  return read == StatusRead::nothing_stored ? RunEnd::nothing_stored : RunEnd::failed;
 }
 
 RunEnd DownloadAll::run_over_files(const std::string& folder,
                                    const std::function<void(const FileOfRun&)>& file_done) {
-  const int count = parts_.link.status.logger_file_count;
+  const int count = std::min<int>(parts_.link.status.logger_file_count, most_files);
   if (!parts_.line.wait(before_first_file_s)) return RunEnd::cancelled;
-  if (!is_selected(0) && !select("0")) return RunEnd::failed;
+  StatusRead read = is_selected(0) ? StatusRead::read : select("0");
   for (int number = 0; number < count; ++number) {
-    if (parts_.line.is_cancelled()) return RunEnd::cancelled;
+    if (read != StatusRead::read || parts_.line.is_cancelled()) return end_of(read);
     if (!is_selected(number)) {
       parts_.messages.say(wrong_index.in(parts_.link.state.language));
       return RunEnd::failed;
@@ -88,8 +99,7 @@ RunEnd DownloadAll::run_over_files(const std::string& folder,
     file_done(file);
     if (file.result.end == DownloadEnd::cancelled) return RunEnd::cancelled;
     if (!file.result.goes_on) return RunEnd::failed;
-    if (parts_.line.is_cancelled()) return RunEnd::cancelled;
-    if (number + 1 < count && !select(two_digits(number + 1))) return RunEnd::failed;
+    if (number + 1 < count && !parts_.line.is_cancelled()) read = select(two_digits(number + 1));
   }
   return RunEnd::complete;
 }
@@ -101,17 +111,18 @@ void DownloadAll::show_file(int number) {
                    file_of_files.with(parts_.link.state.language, {std::to_string(number + 1), count}));
 }
 
-bool DownloadAll::select(std::string_view digits) {
-  if (!is_ready_for_request(parts_)) return false;
+StatusRead DownloadAll::select(std::string_view digits) {
+  if (!is_ready_for_request(parts_)) return StatusRead::failed;
   parts_.panel.say(selecting.with(parts_.link.state.language, {digits}));
   select_stored_file(parts_.link.waits, parts_.platform.port, digits);
-  const bool read = read_status_();
+  const StatusRead read = read_status_();
   parts_.panel.say("");
   return read;
 }
 
 bool DownloadAll::is_selected(int number) const {
-  return parts_.link.status.logger_file_index_text == two_digits(number);
+  const MeterStatus& status = parts_.link.status;
+  return status.logger_file_index_text == two_digits(number) && status.logger_file_index == number;
 }
 
 FileOfRun DownloadAll::download(const std::string& folder) {
@@ -130,7 +141,7 @@ FileOfRun DownloadAll::download(const std::string& folder) {
   const std::string part = path + std::string(part_ending);
   parts_.platform.files.remove(part);
   file.result = StoredDownload(parts_, *file.kind, start_of(window_)).run(part);
-  if (file.result.end == DownloadEnd::whole) give_whole_name(part, path, file);
+  if (file.result.end == DownloadEnd::whole && file.result.goes_on) give_whole_name(part, path, file);
   return file;
 }
 

@@ -23,6 +23,8 @@ inline constexpr std::string_view part_ending = ".part";
 // "20090512153003" of the selected file.
 std::string stored_file_stamp(const MeterStatus& status);
 
+enum class StatusRead { read, nothing_stored, failed };
+
 enum class FileFate { downloaded, not_whole, was_there };
 
 struct FileOfRun {
@@ -42,8 +44,7 @@ struct RunResult {
 
 class DownloadAll {
  public:
-  // Reads the status and shows it; false when that failed or nothing is stored.
-  using ReadStatus = std::function<bool()>;
+  using ReadStatus = std::function<StatusRead()>;
 
   // The parts and the datalogger window outlive the run.
   DownloadAll(const LoggerParts& parts, Window& logger, ReadStatus read_status)
@@ -58,8 +59,9 @@ class DownloadAll {
  private:
   class Active;
 
+  RunEnd end_of(StatusRead read) const;
   RunEnd run_over_files(const std::string& folder, const std::function<void(const FileOfRun&)>& file_done);
-  bool select(std::string_view digits);
+  StatusRead select(std::string_view digits);
   bool is_selected(int number) const;
   FileOfRun download(const std::string& folder);
   void give_whole_name(const std::string& part, const std::string& path, FileOfRun& file) const;

@@ -18,10 +18,14 @@ enum class DownloadEnd {
   unwritable   // a file could not be written
 };
 
+enum class Amount { records, words };  // those of a hardcopy
+
 struct DownloadResult {
   DownloadEnd end = DownloadEnd::whole;
   std::size_t bytes = 0;    // received
-  std::size_t records = 0;  // in the file
+  std::size_t records = 0;  // or words, in the file
+  Amount amount = Amount::records;
+  bool sign_cut = false;  // a value has lost its minus sign
   FileFailure failure = FileFailure::none;
   // The meter was silent at the end, and its status was read again where that belongs to the download.
   bool goes_on = true;

@@ -23,11 +23,6 @@
 
 namespace halden {
 
-// The messages in which this download differs from the one of power data.
-inline constexpr std::string_view not_harmonics_message =
-    "Data stored is not harmonic data, please press the i button to check";
-inline constexpr std::string_view harmonics_error_message = "Program error, please restart program again.";
-
 class HarmonicsConversion {
  public:
   explicit HarmonicsConversion(const RecordedSettings& recorded);

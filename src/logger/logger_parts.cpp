@@ -13,13 +13,24 @@ constexpr Text keeps_sending = {
 bool wait_for_silence(const LoggerParts& parts) {
   const Clock& clock = parts.platform.clock;
   const double began_s = clock.monotonic_s();
-  if (parts.line.settle([&] { parts.panel.show_still_sending(clock.monotonic_s() - began_s); })) return true;
-  parts.messages.say(keeps_sending.in(parts.link.state.language), Icon::exclamation);
-  return false;
+  const bool silent =
+      parts.line.settle([&] { parts.panel.show_still_sending(clock.monotonic_s() - began_s); });
+  parts.panel.hide_still_sending();
+  if (!silent) parts.messages.say(keeps_sending.in(parts.link.state.language), Icon::exclamation);
+  return silent;
 }
 
 bool is_ready_for_request(const LoggerParts& parts) {
-  return !parts.line.may_send_on() || !parts.line.has_bytes() || wait_for_silence(parts);
+  return !parts.line.file_comes() || wait_for_silence(parts);
+}
+
+bool query_stored_file(const LoggerParts& parts) {
+  StatusQuery& query = parts.link.query;
+  do {
+    if (!is_ready_for_request(parts)) return false;
+  } while (!query.query_unless_file_comes());
+  if (query.succeeded() && !query.told_stored_file()) parts.messages.say(StatusQuery::failed_message);
+  return query.told_stored_file();
 }
 
 }  // namespace halden

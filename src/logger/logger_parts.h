@@ -24,10 +24,14 @@ struct LoggerParts {
 };
 
 // After a transfer that was cancelled or cut: waits until the line has been silent and shows that. False,
-// and the user is told, when it was not; then nothing more may be sent to the meter.
+// and the user is told, when it was not; then nothing may be sent to the meter.
 bool wait_for_silence(const LoggerParts& parts);
 
-// The same before an exchange, only when bytes of an earlier transfer are still arriving.
+// The same before an exchange, only when bytes of an earlier transfer come.
 bool is_ready_for_request(const LoggerParts& parts);
+
+// Reads the status of the meter once it is silent. False, and the user is told, when that failed or when the
+// reply has lost a byte about the stored file: no file may get the dates of another one.
+bool query_stored_file(const LoggerParts& parts);
 
 }  // namespace halden

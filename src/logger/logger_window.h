@@ -1,4 +1,5 @@
-// The datalogger window Logger: what the meter has stored, its downloads, and clearing its memory.
+// The datalogger window Logger: its buttons, what the user is asked before an exchange, and what became of
+// it.
 //
 // Live polling stands still from the opening of the window to its closing, because a stored file may be
 // arriving at any time in between. One exchange runs at a time; what the user clicks meanwhile is refused,
@@ -10,14 +11,10 @@
 #include <string_view>
 
 #include "link/link.h"
-#include "logger/download_all.h"
+#include "logger/datalogger.h"
 #include "logger/download_result.h"
-#include "logger/logger_messages.h"
-#include "logger/logger_parts.h"
-#include "logger/meter_line.h"
-#include "logger/result_texts.h"
+#include "logger/logger_form.h"
 #include "logger/stored_kind.h"
-#include "logger/transfer_panel.h"
 #include "platform/platform.h"
 #include "screen/windows.h"
 
@@ -31,52 +28,42 @@ class LoggerWindow {
   LoggerWindow(const LoggerWindow&) = delete;
   LoggerWindow& operator=(const LoggerWindow&) = delete;
 
-  // Live polling stops and the window is shown.
-  void open();
-
-  // What the buttons do once the file is chosen, for a program without windows.
-  bool read_status();
-  bool select(int number);
-  DownloadResult download(const StoredKind& kind, const std::string& path);
-  DownloadResult download_transient(const std::string& path);
-  RunResult download_all(const std::string& folder,
-                         const std::function<void(const FileOfRun&)>& file_done = {});
-  bool clear_memory();
-  void cancel() { line_.cancel(); }
+  // The exchanges, for a program without windows.
+  Datalogger& exchanges() { return datalogger_; }
 
  private:
   enum class Cancelling { possible, impossible };
 
   void connect();
-  void open_asked();
+  void connect_downloads();
+  void open();
+  void ask_and_open();
   void close();
   void unload();
   void exchange(std::string_view name, const Text& task, Cancelling cancelling,
                 const std::function<void()>& work);
   void lock(bool locked);
-  void show_status();
-  bool nothing_is_stored();
+  void note_refusal(const std::string& name);
+  void forget_refusal();
+
   void ask_and_download(const StoredKind& kind);
   void ask_and_download_transient();
-  void download_all_into_work_folder();
+  void download_all();
   void ask_and_clear();
   bool query_keeping_start();
   std::string chosen_file(std::string_view extension, const std::string& suggested_name);
-  void show_result(const std::string& path, const DownloadResult& result, Amount amount);
+  void show_result(const std::string& path, const DownloadResult& result);
   void add_result(const std::string& line);
 
   Platform platform_;
   Window& meter_rec_;
   Link& link_;
-  Window window_;
-  MeterLine line_;
-  LoggerMessages messages_;
-  TransferPanel panel_;
-  LoggerParts parts_;
-  DownloadAll download_all_;
+  Window window_ = make_logger_window();
+  Datalogger datalogger_;
   bool busy_ = false;
   bool close_wanted_ = false;
   bool start_edited_ = false;  // by the user, since the status was read
+  std::string refusal_;        // told in the main window's status line
   Lines results_;
   std::string results_folder_;
 };

@@ -1,5 +1,8 @@
 #include "logger/meter_line.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace halden {
 
 namespace {
@@ -37,30 +40,35 @@ bool MeterLine::drain(double seconds) {
   return !cancelled_;
 }
 
+bool MeterLine::file_comes() {
+  if (state_.file_bytes == FileBytes::perhaps && has_bytes()) state_.file_bytes = FileBytes::certainly;
+  return state_.file_bytes == FileBytes::certainly;
+}
+
 MeterLine::Ending MeterLine::receive_until_silent(
     double first_s, double then_s, const std::function<bool(const std::string& received)>& take) {
   Stopwatch silent(clock_);
-  for (double limit_s = first_s; silent.elapsed_s() < limit_s;) {
-    if (cancelled_) return Ending::cancelled;
+  for (double limit_s = first_s; silent.elapsed_s() < limit_s || has_bytes();) {
     const std::string received = receive();
-    if (!received.empty()) {
-      limit_s = then_s;
-      silent.restart();
-    }
+    if (!received.empty()) limit_s = then_s;
     if (!take(received)) return Ending::stopped;
-    turn(received.empty() ? limit_s - silent.elapsed_s() : 0);
+    if (cancelled_) return Ending::cancelled;
+    was_gone_ = was_gone_ || port_.state() != PortState::open;
+    if (!received.empty()) silent.restart();
+    turn(received.empty() ? std::max(limit_s - silent.elapsed_s(), 0.0) : 0);
   }
   return Ending::silent;
 }
 
 bool MeterLine::settle(const std::function<void()>& waiting) {
-  cancelled_ = false;
+  const bool cancelled_before = std::exchange(cancelled_, false);
   const double end_s = clock_.monotonic_s() + settle_limit_s;
   const Ending ending = receive_until_silent(silence_s, silence_s, [&](const std::string&) {
     waiting();
     return clock_.monotonic_s() < end_s;
   });
-  if (ending == Ending::silent) may_send_on_ = false;
+  state_.file_bytes = ending == Ending::silent ? FileBytes::none : FileBytes::certainly;
+  cancelled_ = cancelled_ || cancelled_before;
   return ending == Ending::silent;
 }
 

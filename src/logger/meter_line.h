@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "link/link_state.h"
 #include "platform/clock.h"
 #include "platform/serial_port.h"
 
@@ -35,11 +36,11 @@ class MeterLine {
  public:
   enum class Ending { silent, cancelled, stopped };
 
-  // Both outlive the line.
-  MeterLine(Clock& clock, SerialPort& port) : clock_(clock), port_(port) {}
+  // All outlive the line.
+  MeterLine(Clock& clock, SerialPort& port, LinkState& state) : clock_(clock), port_(port), state_(state) {}
 
-  // An exchange begins: it is not cancelled yet.
-  void begin() { cancelled_ = false; }
+  // An exchange begins: it is not cancelled yet, and the adapter is there.
+  void begin() { cancelled_ = was_gone_ = false; }
   void cancel() { cancelled_ = true; }
   bool is_cancelled() const { return cancelled_; }
 
@@ -49,8 +50,8 @@ class MeterLine {
   // Whether bytes wait to be received.
   bool has_bytes() { return port_.received_count() > 0; }
 
-  // Whether the adapter is gone.
-  bool is_gone() const { return port_.state() != PortState::open; }
+  // Whether the adapter was gone at some moment of the exchange; it may have come back.
+  bool was_gone() const { return was_gone_; }
 
   // Waits and yields. False when cancelled, then at once.
   bool wait(double seconds);
@@ -63,18 +64,20 @@ class MeterLine {
   void yield() { turn(0); }
 
   // Receives until nothing has come for `first_s`, and after the first byte for `then_s`. On each turn `take`
-  // gets what has arrived, nothing included; it returns false to stop.
+  // gets what has arrived, nothing included; it returns false to stop. Bytes that came while the user read a
+  // box, or while the computer slept, are no silence.
   Ending receive_until_silent(double first_s, double then_s,
                               const std::function<bool(const std::string& received)>& take);
 
-  // From a transfer on, until the line has been silent: the meter may still be sending.
-  void expect_more() { may_send_on_ = true; }
-  void expect_nothing() { may_send_on_ = false; }
-  bool may_send_on() const { return may_send_on_; }
+  // From a request on bytes of a stored file come, until the line has been silent.
+  void expect_file() { state_.file_bytes = FileBytes::perhaps; }
+
+  // Whether such bytes come now, or were coming when a wait for their end was given up.
+  bool file_comes();
 
   // Throws away what arrives until the line has been silent. `waiting` is called on each turn. False when the
-  // user cancelled or the line was not silent for two hours, longer than any file takes; it still is not
-  // silent then. Forgets an earlier cancellation, which was that of the transfer.
+  // user cancels that, or when the line is not silent for two hours, longer than any file takes. An earlier
+  // cancellation, that of the transfer, does not end it and is not forgotten.
   bool settle(const std::function<void()>& waiting);
 
  private:
@@ -83,8 +86,9 @@ class MeterLine {
 
   Clock& clock_;
   SerialPort& port_;
+  LinkState& state_;
   bool cancelled_ = false;
-  bool may_send_on_ = false;
+  bool was_gone_ = false;
 };
 
 }  // namespace halden

@@ -12,7 +12,7 @@ namespace halden {
 
 class OutputFile {
  public:
-  // `files` outlives this.
+  // `files` outlives this. A file that was not there before and into which nothing was written does not stay.
   OutputFile(Files& files, std::string path)
       : files_(files), path_(std::move(path)), new_(!files.exists(path_)) {}
 
@@ -24,10 +24,11 @@ class OutputFile {
   // Adds lines, each with its line end.
   FileFailure append_lines(std::string_view lines) { return halden::append_lines(files_, path_, lines); }
 
-  // For a download that wrote nothing.
-  void remove_if_new() {
+  ~OutputFile() {
     if (new_ && files_.length(path_) == 0) files_.remove(path_);
   }
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
 
  private:
   Files& files_;

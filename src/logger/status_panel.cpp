@@ -29,14 +29,7 @@ std::string general_text(double number) {
   return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
 }
 
-}  // namespace
-
-std::string_view kind_text(std::int16_t logger_data_type, Language language) {
-  const StoredKind* const kind = kind_of(logger_data_type);
-  return kind != nullptr ? kind->name.in(language) : unknown;
-}
-
-void show_recorded_status(const MeterStatus& status, Language language, Window& logger) {
+void show_recorded(const MeterStatus& status, Language language, Window& logger) {
   logger.set_text("SYS_REC_value", text_of(systems, status.logger_system));
   logger.set_text("HZ_REC_value", text_of(frequencies, status.logger_frequency_code));
   logger.set_text("Harmo_or_Power_0", kind_text(status.logger_data_type, language));
@@ -47,13 +40,21 @@ void show_recorded_status(const MeterStatus& status, Language language, Window& 
   logger.set_text("PT_REC_value", format_pattern(status.logger_pt_ratio, "###0"));
 }
 
+}  // namespace
+
+std::string_view kind_text(std::int16_t logger_data_type, Language language) {
+  const StoredKind* const kind = kind_of(logger_data_type);
+  return kind != nullptr ? kind->name.in(language) : unknown;
+}
+
 RecordedStart start_of(const Window& logger) { return {logger["Text1_1"].text, logger["Text1_2"].text}; }
 
-void show_start(const MeterStatus& status, Language language, Window& logger) {
+void show_status(const MeterStatus& status, Language language, Window& logger) {
   logger.set_text("Text1_1", status.meter_year + "-" + status.meter_month + "-" + status.meter_day);
   logger.set_text("Text1_2", status.meter_hour + ":" + status.meter_minute + ":" + status.meter_second);
-  logger.set_text(stored_files,
-                  files_text(static_cast<std::size_t>(std::max<int>(status.logger_file_count, 0)), language));
+  const int count = std::max<int>(status.logger_file_count, 0);
+  logger.set_text(stored_files, files_text(static_cast<std::size_t>(count), language));
+  if (count > 0) show_recorded(status, language, logger);
 }
 
 }  // namespace halden

@@ -17,11 +17,9 @@ struct RecordedStart {
   std::string time;
 };
 
-// Settings, kind and number of the file. Codes without a meaning show "?".
-void show_recorded_status(const MeterStatus& status, Language language, Window& logger);
-
-// Start of the file and how many files there are.
-void show_start(const MeterStatus& status, Language language, Window& logger);
+// Start of the file and how many files there are; when there are some, settings, kind and number of the
+// file. Codes without a meaning show "?".
+void show_status(const MeterStatus& status, Language language, Window& logger);
 
 // When the selected file begins, as the boxes of the window have it.
 RecordedStart start_of(const Window& logger);

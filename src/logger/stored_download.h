@@ -31,15 +31,16 @@ class StoredDownload {
   void receive();
   void convert(const std::string& path);
   void finish();
+  void look_for_late_bytes();
+  void query_status();
   void note_lost_bytes();
   void note_failure(FileFailure failure);
-  std::size_t record_bytes() const;
-  bool converts() const { return kind_.convert != nullptr; }
+  bool was_stopped() const;
 
   const LoggerParts& parts_;
   const StoredKind& kind_;
   RecordedStart start_;
-  std::string words_path_;
+  std::string words_path_;  // of the received words; of a hardcopy its file
   DownloadResult result_;
 };
 

@@ -28,17 +28,17 @@ TransferResult Transfer::run(const TransferPlan& plan) {
     return write_and_show(plan);
   });
   if (ending == MeterLine::Ending::cancelled) result_.end = TransferEnd::cancelled;
-  write_words(plan);
+  if (result_.bytes > 0 || ending == MeterLine::Ending::silent) write_words(plan);
   show();
   return result_;
 }
 
 bool Transfer::ask(const TransferPlan& plan) {
   undecoded_.clear();
-  words_.clear();
+  words_ = plan.first_line;
   if (!line_.drain(drain_s) || !line_.wait(before_request_s)) return false;
   line_.send(download_request);
-  line_.expect_more();
+  line_.expect_file();
   asked_s_ = last_byte_s_ = shown_s_ = clock_.monotonic_s();
   show();
   line_.wait(plan.after_request_s);
@@ -62,7 +62,7 @@ bool Transfer::write_and_show(const TransferPlan& plan) {
   if (now_s - shown_s_ < show_period_s) return true;
   shown_s_ = now_s;
   show();
-  return write_words(plan);
+  return result_.bytes == 0 || write_words(plan);
 }
 
 bool Transfer::write_words(const TransferPlan& plan) {

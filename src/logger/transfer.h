@@ -27,6 +27,7 @@ struct TransferPlan {
   std::size_t unit_bytes = 2;  // decoded together
   double after_request_s = 0;  // from the request to the first look
   std::string words_path;      // the received words are written to the end of this file
+  std::string first_line{};    // before them, once the meter has sent something or fallen silent
 };
 
 enum class TransferEnd { silent, cancelled, unwritable };

@@ -36,12 +36,18 @@ void TransferPanel::end() {
 }
 
 void TransferPanel::show_controls(bool visible) {
+  shown_ = visible;
   for (const LoggerPanel& panel : transfer_panels()) {
     window_.set_visible(panel.label, visible);
     window_.set_visible(panel.value, visible);
   }
-  for (const std::string_view name : {transfer_task, transfer_note, transfer_cancel})
-    window_.set_visible(name, visible);
+  window_.set_visible(transfer_task, visible);
+  show_cancel(visible);
+}
+
+void TransferPanel::show_cancel(bool visible) {
+  window_.set_visible(transfer_note, visible);
+  window_.set_visible(transfer_cancel, visible);
 }
 
 void TransferPanel::show_notice(std::string_view caption, std::string_view text) {
@@ -73,9 +79,16 @@ void TransferPanel::show_records(std::size_t records) {
   window_.set_text(transfer_panels().back().value, with_thousands(records));
 }
 
+// Also in an exchange that otherwise cannot be cancelled.
 void TransferPanel::show_still_sending(double waited_s) {
   window_.set_text(transfer_note,
                    still_sending.with(link_.language, {duration_text(waited_s, link_.language)}));
+  show_cancel(true);
+}
+
+void TransferPanel::hide_still_sending() {
+  window_.restore_caption(transfer_note, link_.language);
+  show_cancel(shown_);
 }
 
 void TransferPanel::say(std::string_view text) { window_.set_text(status_hint, text); }

@@ -33,16 +33,19 @@ class TransferPanel {
 
   // Instead of what Cancel does: the meter is still sending, and for how long that has been waited for.
   void show_still_sending(double waited_s);
+  void hide_still_sending();
 
   // What became of an exchange, in the status line.
   void say(std::string_view text);
 
  private:
   void show_controls(bool visible);
+  void show_cancel(bool visible);
 
   Window& window_;
   Window& notice_;
   const LinkState& link_;
+  bool shown_ = false;  // from begin() to end()
 };
 
 }  // namespace halden

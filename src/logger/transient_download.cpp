@@ -26,7 +26,6 @@ DownloadResult TransientDownload::run(const std::string& path) {
     convert(output);
   else if (result_.end == DownloadEnd::nothing)
     parts_.messages.say(no_transient_data_message);
-  output.remove_if_new();
   finish();
   return result_;
 }
@@ -43,7 +42,7 @@ void TransientDownload::receive() {
   const auto ending =
       line.receive_until_silent(press_s, report_silence_s, [this](const std::string& received) {
         report_ += received;
-        if (!received.empty()) parts_.line.expect_more();
+        if (!received.empty()) parts_.line.expect_file();
         if (parts_.platform.clock.monotonic_s() - shown_s_ >= show_period_s) keep_and_show();
         return true;
       });
@@ -85,7 +84,7 @@ void TransientDownload::finish() {
   if (converted && result_.end != DownloadEnd::cancelled)
     parts_.link.waits.timed_wait(after_conversion_s, Yield::yes);
   parts_.panel.hide_notice();
-  const bool late = parts_.line.has_bytes();
+  const bool late = parts_.line.file_comes();
   if (late && result_.end == DownloadEnd::whole) note_lost_bytes();
   const bool stopped = result_.end == DownloadEnd::cancelled && !report_.empty();
   if (late || stopped) result_.goes_on = wait_for_silence(parts_);

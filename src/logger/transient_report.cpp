@@ -115,7 +115,9 @@ std::string header_text(const ReportHeader& header, const Date& today) {
           : prefix_text(header.reference * header.pt_ratio, 0, Division::integer, voltage_units);
   std::string text = "TODAY: " + record_date(today);
   text.append(line_end).append("START RECORDING:");
-  text.append(date_text(header.start)).append(" ").append(second_text(header.start)).append(line_end);
+  if (exists(header.start))
+    text.append(date_text(header.start)).append(" ").append(second_text(header.start));
+  text.append(line_end);
   text.append("REF=").append(reference).append(" ,SD%=");
   text.append(format_pattern(header.sd_percent, "####0")).append("%").append(line_end);
   return text.append(column_line).append(line_end);

@@ -105,8 +105,8 @@ TEST_F(LoggerRuns, ADownloadIsWholeOrSaysWhyNot) {
 // for until a second interruption.
 TEST_F(LoggerRuns, InterruptionsEndTheTransferThenTheWaitForSilenceThenAll) {
   const std::tuple<std::vector<double>, double, std::string> rows[] = {
-      {{14}, 25, "d/c.txt: cancelled, 1 screen."},
-      {{14, 16}, 16, "d/c.txt: cancelled, 1 screen."},
+      {{14}, 25, "d/c.txt: cancelled, 950 words."},
+      {{14, 16}, 16, "d/c.txt: cancelled, 950 words."},
       {{1, 1.5, 2}, 9, "It was interrupted."}};
   for (const auto& [moments, end_s, ended] : rows) {
     restart();

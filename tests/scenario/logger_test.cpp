@@ -300,7 +300,7 @@ TEST(Logger, AllFilesGetTheirNamesAndASecondRunFetchesWhatIsMissing) {
   // Status 9 s, 1 s; file 0 with one digit, then its status; the file; and so on with two digits.
   EXPECT_TRUE(j.log_since(start_s).starts_with("? 40, R 100, 0 120, 13 140, ? 210, 4 290, "));
   const Texts results = {"20090512153000P.csv: 1 record", "20090513000001H.csv: 1 record",
-                         "20091231235902C.txt: 1 screen"};
+                         "20091231235902C.txt: 2 words"};
   EXPECT_EQ(*j.window("Logger")["results"].lines, results);
   EXPECT_EQ(j.hint(), "3 downloaded, 0 already there, 0 not whole: work");
   EXPECT_EQ(lines_of(j.file("work/20090512153000P.csv")).size(), 3U);
@@ -365,6 +365,113 @@ TEST(Logger, APulledCableAndAnEndedProgramLeaveTheEarlierFilesWhole) {
     EXPECT_EQ(j.world.dialogs.told[1].text, status_failed);
     EXPECT_TRUE(j.hint().starts_with("ended early; 1 downloaded")) << j.hint();
   }
+}
+
+// 100 groups take 1.04 s. The rest of them comes long after the silence that ended the transfer: in the look
+// behind it, or in the quiet seconds of the status query.
+TEST(Logger, AFileThatGoesOnAfterItsSilenceIsNotWhole) {
+  for (const double pause_s : {6.5, 9.5}) {
+    LoggerJourney j;
+    std::string bytes;
+    for (int i = 0; i < 100; ++i) bytes += simulator::word_bytes(std::array{2300, 5000, -690, 0, -1269});
+    j.stored(1, bytes, {2024, 1, 2, 3, 4, 5});
+    j.meter.faults().file.pause_after = 600;
+    j.meter.faults().file.pause_s = pause_s;
+    j.press("DL_All");
+    ASSERT_EQ(j.world.dialogs.told.size(), 1U) << pause_s;
+    EXPECT_EQ(j.world.dialogs.told[0].text, "Data transfer incomplete");
+    EXPECT_EQ(j.files_ending_in("P.csv.part"), 1U);
+    const auto& log = j.meter.log();
+    const double asked_s = std::ranges::find(log, '\x04', &simulator::ReceivedByte::byte)->time_s;
+    EXPECT_GT(log.back().time_s, asked_s + 1.04 + pause_s + 5) << "five silent seconds before \"?\"";
+  }
+}
+
+// A box of the main window is open for eight of the fifteen seconds of a transfer; the adapter is pulled for
+// two.
+TEST(Logger, ABoxDoesNotCutATransferAndAPulledAdapterIsRemembered) {
+  LoggerJourney j;
+  std::string bytes;
+  for (int i = 0; i < 1440; ++i) bytes += simulator::word_bytes(std::array{2300, 5000, -690, 0, -1269});
+  j.stored(1, bytes, {2024, 1, 2, 3, 4, 5});
+  j.world.dialogs.while_open = [&j](const Message& box) {
+    if (box.title == "About") j.world.run_for(8);
+  };
+  j.world.user_does(14, [&j] { j.click("HelpAbout"); });
+  j.world.dialogs.file_answers = {"whole.csv", "cut.csv"};
+  j.press("Read_All");
+  EXPECT_EQ(j.hint(), "1,440 records");
+  j.world.user_closes(14, [&j] { j.port.unplug(); });
+  j.world.user_closes(16, [&j] { j.port.plug_in(); });
+  j.meter.faults().file.cut_after = 11000;
+  j.press("Read_All");
+  EXPECT_EQ(j.hint(), "bytes were lost: download again");
+}
+
+TEST(Logger, NothingIsAskedWhileTheMeterSendsAnEarlierFile) {
+  LoggerJourney j;
+  j.store_three_files();
+  j.meter.faults().file.sends_on_s = 600;
+  j.world.dialogs.file_answers = {"out.csv"};
+  j.world.user_does(13.5, [&j] { j.window("Logger").press("transfer_cancel"); });
+  j.world.user_does(20, [&j] { j.window("Logger").press("transfer_cancel"); });
+  j.press("Read_All");
+  const double given_up_s = j.now_s();
+  EXPECT_TRUE(j.world.dialogs.messages.back().text.starts_with("The meter does not stop sending."));
+  j.window().set_text("ct_value", "5");
+  for (const char* button : {"set_ct", "get_hz"}) j.click(button);
+  EXPECT_EQ(j.received(given_up_s), "");
+  EXPECT_TRUE(j.world.dialogs.messages[1].text.starts_with("The meter is still sending a stored file."));
+  EXPECT_EQ(j.world.dialogs.messages[2].text, status_failed);
+  // The button waits, with a Cancel, until the ten minutes are over.
+  j.world.user_does(100, [&j] { EXPECT_TRUE(j.window("Logger")["transfer_cancel"].visible); });
+  j.press("Read_Status");
+  EXPECT_EQ(j.received(given_up_s), "?");
+  EXPECT_GT(j.meter.log().back().time_s - given_up_s, 600 - 20 + 5);
+  EXPECT_FALSE(j.window("Logger")["transfer_cancel"].visible);
+  EXPECT_EQ(j.logger("Harmo_or_Power_0"), "Power");
+}
+
+// A reply that has lost a digit, or its end, would give a file the start of another one.
+TEST(Logger, ADamagedStatusReplyEndsEveryHandler) {
+  const std::string whole =
+      "00001 00000 00003 00001 00000 00001 00001 00002 00000 00001 00000 00015 00001 00000 00000 00001 00256 "
+      "00001 00001 00030 00000 00000 00000 00001 00000 00000 00000 00000 00024 00001 00012 00003 00004 00005 "
+      "00001 ";
+  std::string lost_digit = whole;
+  lost_digit.erase(30 * 6, 1);
+  for (const std::string& reply : {lost_digit, whole.substr(0, 29 * 6)}) {
+    LoggerJourney j;
+    j.store_three_files();
+    j.meter.faults().status_reply = reply;
+    for (const char* button : {"Read_All", "DL_All", "Command1"}) j.press(button);
+    EXPECT_EQ(j.world.dialogs.message_texts(), Texts(3, status_failed));
+    EXPECT_EQ(std::ranges::count(j.received(j.opened_s), '\x04'), 0);
+    j.meter.faults().status_reply = whole;
+    j.press("Read_All");
+    EXPECT_EQ(j.world.dialogs.file_questions.back().suggested_name, "20240112030400P.csv");
+  }
+}
+
+TEST(Logger, CancelAndTypedStartsCountFromTheFirstQueryOn) {
+  LoggerJourney j;
+  j.store_three_files();
+  j.world.user_does(3.5, [&j] { j.window("Logger").closed(); });  // the query yields for a second
+  j.press("Command1");
+  EXPECT_TRUE(j.world.dialogs.questions.empty());
+  EXPECT_FALSE(j.window("Logger").visible());
+  j.click("loggerPWR");
+  j.press("Read_Status");
+  j.window("Logger").set_text("Text1_1", "2001-02-30");
+  j.window("Logger").changed("Text1_1");
+  j.world.dialogs.messages.clear();
+  j.world.dialogs.file_answers = {"x.csv", "temp_data.pwr"};
+  j.press("Read_All");
+  EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"ERROR CODE 13 Date or Time is not correct"});
+  EXPECT_TRUE(lines_of(j.file("x.csv")).back().starts_with("          ,          ,    230.0V,"));
+  EXPECT_EQ(j.logger("Text1_1"), "2009-05-12");
+  j.press("Read_All");
+  EXPECT_TRUE(j.world.dialogs.messages.back().text.starts_with("This name is used for the transfer"));
 }
 
 TEST(Logger, FilesThatCannotBeWrittenStopBeforeTheMeterIsAsked) {

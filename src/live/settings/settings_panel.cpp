@@ -25,6 +25,8 @@ constexpr double reading_time_s = 5.0;
 constexpr Text is_now = {"{} is now {}", "{} 現為 {}"};
 constexpr Text was_kept = {"The meter kept {} {}", "電表保留 {} {}"};
 constexpr Text and_then = {"{}. {}", "{}。{}"};
+constexpr Text file_comes = {"The meter is still sending a stored file. Try again when it has ended.",
+                             "電表仍在傳送儲存的檔案，請稍後再試。"};
 constexpr Text sending = {"Sending {} to the meter...", "正在傳送 {} 至電表…"};
 
 // "1" for 50 Hz, "2" for 60 Hz, "0" for automatic.
@@ -98,6 +100,10 @@ void SettingsPanel::tell(const std::string& sentence) {
 }
 
 Afterwards SettingsPanel::send(const SettingNames& names, const std::string& text) {
+  if (!link_.query.line_is_free()) {
+    platform_.dialogs.message({std::string(file_comes.in(link_.state.language)), "", Icon::exclamation});
+    return Afterwards::just_poll;
+  }
   link_.waits.wait_until_quiet();
   if (names.setting == Setting::sec && is_odd(leading_number(text))) {
     platform_.dialogs.message(
