@@ -2,7 +2,7 @@
 //
 //   status panel     "DATALOGGER SETUP": how the selected stored file was recorded, and when it starts
 //   downloads        a button for each kind, for all files, and for clearing the memory
-//   transfer panel   shown while an exchange of this window runs: what arrives, and Cancel
+//   transfer panel   shown while a download runs: what arrives, and Cancel
 //   results          the files of this session, newest last, with the folder they are in
 #pragma once
 
@@ -44,7 +44,7 @@ inline constexpr LoggerPanel download_name = {"dl_label", "dl_f_name"};
 inline constexpr LoggerPanel total_files = {"total_files_label", "total_files_text"};
 inline constexpr std::string_view file_of_total = "file_of_total";  // "file 4 of 9"
 
-// Visible while an exchange of this window runs; its text says what is done ("Down Load Power Data").
+// Visible while a download runs; its text is that of the button ("Down Load Power Data").
 inline constexpr std::string_view transfer_task = "transfer_task";
 inline constexpr std::string_view transfer_progress =
     "transfer_progress";  // files of a run; no range: unknown

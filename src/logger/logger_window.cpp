@@ -25,9 +25,6 @@ constexpr Text recording_runs = {
 constexpr Text refused_meanwhile = {"Not while the datalogger works with the meter.",
                                     "記錄器正在與電表通訊，請稍候。"};
 
-constexpr Text no_task = {"", ""};
-constexpr Text transients = {"Down Load Transient", "下載驟升驟降記錄"};
-constexpr Text all_files = {"Down Load All Files", "下載所有檔案"};
 constexpr Text files_go = {"Clear Memory: {}", "清除所有記錄：{}"};
 
 // In the order of Cleared.
@@ -68,7 +65,7 @@ void LoggerWindow::connect() {
       link_.gate.run("MeterRec.loggerPWR", [this] { ask_and_open(); });
   });
   window_.on_click(read_status_button, [this] {
-    exchange(read_status_button, no_task, Cancelling::impossible, [this] {
+    exchange(read_status_button, Cancelling::impossible, [this] {
       if (datalogger_.read_status() != StatusRead::failed) start_edited_ = false;
     });
   });
@@ -83,16 +80,15 @@ void LoggerWindow::connect_downloads() {
        {std::pair{"Read_All", &power_kind}, std::pair{"Command2", &harmonics_kind},
         std::pair{"DL_HC", &hardcopy_kind}})
     window_.on_click(button, [this, button = button, kind = kind] {
-      exchange(button, kind->name, Cancelling::possible, [this, kind] { ask_and_download(*kind); });
+      exchange(button, Cancelling::possible, [this, kind] { ask_and_download(*kind); });
     });
   window_.on_click("Command3", [this] {
-    exchange("Command3", transients, Cancelling::possible, [this] { ask_and_download_transient(); });
+    exchange("Command3", Cancelling::possible, [this] { ask_and_download_transient(); });
   });
-  window_.on_click(
-      "DL_All", [this] { exchange("DL_All", all_files, Cancelling::possible, [this] { download_all(); }); });
-  window_.on_click("Command1", [this] {
-    exchange("Command1", no_task, Cancelling::impossible, [this] { ask_and_clear(); });
-  });
+  window_.on_click("DL_All",
+                   [this] { exchange("DL_All", Cancelling::possible, [this] { download_all(); }); });
+  window_.on_click("Command1",
+                   [this] { exchange("Command1", Cancelling::impossible, [this] { ask_and_clear(); }); });
 }
 
 // ---- opening and closing ----
@@ -129,14 +125,14 @@ void LoggerWindow::unload() {
 // ---- one exchange ----
 
 // Not of a window that was closed before its turn came.
-void LoggerWindow::exchange(std::string_view name, const Text& task, Cancelling cancelling,
+void LoggerWindow::exchange(std::string_view button, Cancelling cancelling,
                             const std::function<void()>& work) {
-  link_.gate.run_alone("Logger." + std::string(name), [this, task, cancelling, work] {
+  link_.gate.run_alone("Logger." + std::string(button), [this, button, cancelling, work] {
     if (!window_.visible()) return;
     lock(true);
     datalogger_.begin();
     datalogger_.panel().say("");
-    if (cancelling == Cancelling::possible) datalogger_.panel().begin(task);
+    if (cancelling == Cancelling::possible) datalogger_.panel().begin(window_[button].text);
     work();
     datalogger_.panel().end();
     lock(false);

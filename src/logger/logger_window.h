@@ -40,8 +40,7 @@ class LoggerWindow {
   void ask_and_open();
   void close();
   void unload();
-  void exchange(std::string_view name, const Text& task, Cancelling cancelling,
-                const std::function<void()>& work);
+  void exchange(std::string_view button, Cancelling cancelling, const std::function<void()>& work);
   void lock(bool locked);
   void note_refusal(const std::string& name);
   void forget_refusal();

@@ -22,9 +22,9 @@ constexpr std::string_view behind_bytes = "    ";
 
 }  // namespace
 
-void TransferPanel::begin(const Text& task) {
+void TransferPanel::begin(std::string_view task) {
   say("");
-  window_.set_text(transfer_task, task.in(link_.language));
+  window_.set_text(transfer_task, task);
   window_.restore_caption(transfer_note, link_.language);
   for (const LoggerPanel& panel : transfer_panels()) window_.set_text(panel.value, "");
   show_controls(true);

@@ -18,7 +18,7 @@ class TransferPanel {
       : window_(logger), notice_(notice), link_(link) {}
 
   // An exchange that Cancel can end begins; the panel shows no figures yet.
-  void begin(const Text& task);
+  void begin(std::string_view task);
   void end();
 
   // The notice, with its caption unless that is empty.

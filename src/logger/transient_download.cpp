@@ -85,7 +85,7 @@ void TransientDownload::finish() {
     parts_.link.waits.timed_wait(after_conversion_s, Yield::yes);
   parts_.panel.hide_notice();
   const bool late = parts_.line.file_comes();
-  if (late && result_.end == DownloadEnd::whole) note_lost_bytes();
+  if ((late || parts_.line.was_gone()) && result_.end == DownloadEnd::whole) note_lost_bytes();
   const bool stopped = result_.end == DownloadEnd::cancelled && !report_.empty();
   if (late || stopped) result_.goes_on = wait_for_silence(parts_);
 }
