@@ -321,6 +321,20 @@ TEST(Logger, AllFilesGetTheirNamesAndASecondRunFetchesWhatIsMissing) {
   EXPECT_EQ(j.world.dialogs.told[0].text, "Data transfer incomplete");
 }
 
+TEST(Logger, NineFilesOfAllKindsAreFetchedInOneRun) {
+  LoggerJourney j;
+  j.meter.memory() = simulator::example_memory();  // seven: every wiring system, V1, I1, a screen
+  j.stored(0, std::string(256, '\0'), {2026, 3, 3, 0, 0, 0});
+  j.stored(1, std::string(20, '\0'), {2026, 3, 4, 0, 0, 0});
+  const double start_s = j.now_s();
+  j.press("DL_All");
+  EXPECT_EQ(j.hint(), "9 downloaded, 0 already there, 0 not whole: work");
+  EXPECT_EQ(j.files_ending_in("P.csv") * 100 + j.files_ending_in("H.csv") * 10 + j.files_ending_in("C.txt"),
+            531U);
+  EXPECT_EQ(std::ranges::count(j.received(start_s), '\x04'), 9);
+  EXPECT_EQ(j.window("Logger")["results"].lines->at(6), "20260302162006C.txt: 1 screen");
+}
+
 TEST(Logger, ARunOverAllFilesStopsForGoodReasonsOnly) {
   LoggerJourney j;
   j.press("DL_All");
