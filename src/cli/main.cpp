@@ -5,8 +5,10 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/points_command.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
+#include "platform/qt/core/qt_files.h"
 
 namespace {
 
@@ -35,10 +37,12 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
   app.set_version_flag("--version", "haldenctl " HALDEN_VERSION);
   halden::ChosenCommand chosen;
+  halden::QtFiles files;
   halden::add_status_command(app, chosen);
   halden::add_live_command(app, chosen);
   halden::add_record_command(app, chosen);
   halden::add_set_command(app, chosen);
+  halden::add_points_command(app, files, chosen);
   for (CLI::App* command : app.get_subcommands({}))
     command->set_version_flag("--version", "haldenctl " HALDEN_VERSION);
   try {

@@ -16,14 +16,28 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
        {"halden --help", "halden --version", "haldenctl --help", "haldenctl --version",
         "haldenctl live --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}},
       {2,
-       {"haldenctl", "haldenctl measure", "haldenctl --port demo", "haldenctl live",
-        "haldenctl live --port 17", "haldenctl live --port demo --count 0",
-        "haldenctl live --port demo --format xml", "haldenctl status --port demo --count 1",
-        "haldenctl set --port /dev/null", "haldenctl set --port /dev/null ct=1 kv=2",
+       {"haldenctl",
+        "haldenctl measure",
+        "haldenctl --port demo",
+        "haldenctl live",
+        "haldenctl live --port 17",
+        "haldenctl live --port demo --count 0",
+        "haldenctl live --port demo --format xml",
+        "haldenctl status --port demo --count 1",
+        "haldenctl points",
+        "haldenctl points /dev/null --column W_SYS",
+        "haldenctl points /dev/null --from noon",
+        "haldenctl set --port /dev/null",
+        "haldenctl set --port /dev/null ct=1 kv=2",
         "haldenctl record --port demo --out a --option volts",
-        "haldenctl record --port demo --out a --waveform --option angle", "halden --com 17=/dev/null",
-        "halden --nonsense", "halden --workdir /not/there", "halden --palette green", "halden --after soon",
-        "halden-meter --wiring 4P5W", "halden-meter --fault loud"}},
+        "haldenctl record --port demo --out a --waveform --option angle",
+        "halden --com 17=/dev/null",
+        "halden --nonsense",
+        "halden --workdir /not/there",
+        "halden --palette green",
+        "halden --after soon",
+        "halden-meter --wiring 4P5W",
+        "halden-meter --fault loud"}},
       {1, {"halden --demo"}}};
   for (const auto& [exit_code, commands] : rows)
     for (const std::string command : commands) {
@@ -85,6 +99,26 @@ TEST(CommandLine, PortsThatDoNotOpenAndTheDemoLeaveTheFolderAlone) {
   EXPECT_TRUE(demo.output.ends_with("\"logger_file_count\":7}\n")) << demo.output;
   EXPECT_EQ(folder.read("commport.dat") + folder.read("language.pha"), "9\r\n1\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 3);
+}
+
+// No meter and no display is needed.
+TEST(CommandLine, PointsOfAFileOnTheDisk) {
+  TempFolder folder;
+  std::string file = "1P2W,Hz=60,MD=15,SEC=2,CT=1,VT=1\r\nnames\r\n";
+  for (const char* volts : {"    230.1V,", "    229.9V,"}) {
+    file.append("03-15-2024,  12:30:44,").append(volts);
+    for (int field = 3; field < 17; ++field) file += "    ------,";
+    file += "\r\n";
+  }
+  folder.write("a day.csv", file.c_str());
+  const Ended good = run(no_display + "haldenctl points \"" + (folder / "a day.csv") + "\" --from 1 --to 2");
+  EXPECT_EQ(good.exit_code, 0) << good.errors;
+  EXPECT_EQ(good.output,
+            "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
+            "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,03-15-2024,12:30:44,229.9,229.9,1,V\n");
+  const Ended missing = run("haldenctl points " + (folder / "none"));
+  EXPECT_EQ(missing.exit_code, 1);
+  EXPECT_EQ(missing.errors, "File not found\n");
 }
 
 }  // namespace
