@@ -281,11 +281,13 @@ TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   EXPECT_EQ(label_at(chart, 2), "00:00:04");
   EXPECT_EQ(chart.sets[0].phase, 0u);
   EXPECT_EQ(chart.statistics, Statistics::mean);
+  EXPECT_EQ(*chart.flags.points, std::vector<std::size_t>({2}));
   look.labels = PlotLabels::sequence;
   look.missing = left_out;
   chart = power_chart(part, look, Language::english);
   EXPECT_EQ(label_at(chart, 2), "4");
   EXPECT_TRUE(is_gap((*chart.sets[0].points)[2]));
+  EXPECT_FALSE(chart.flags.points);
   const auto long_plot = read(head_of_3p4w + lost_record("12:30:42") + numbered_records(36, 3600)).plot;
   chart = power_chart(long_plot, look, Language::english);
   EXPECT_EQ(chart.statistics, Statistics::none);

@@ -12,6 +12,7 @@ namespace {
 
 constexpr Text maximum_name = {"Maximum", "最大"};
 constexpr Text minimum_name = {"Minimum", "最小"};
+constexpr Text without_reading = {"No reading", "無讀值"};
 constexpr Text described = {"{} over time. {}. {}", "{} 隨時間的變化。{}。{}"};
 
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
@@ -38,6 +39,16 @@ std::vector<DataSet> data_sets(const PowerPlot& plot, MissingReadings missing, L
   // The second set has no phase: it has to differ from the first.
   return {{maxima, std::string(maximum_name.in(language)), phase},
           {make_points(plotted_minima(plot, missing)), std::string(minimum_name.in(language)), {}}};
+}
+
+// Points with a record that is drawn as 0; none when these are left out.
+PointFlags flags_of(const PowerPlot& plot, MissingReadings missing, Language language) {
+  if (missing == MissingReadings::left_out || plot.without_reading() == 0) return {};
+  std::vector<std::size_t> flagged;
+  for (std::size_t point = 0; point < plot.points.size(); ++point)
+    if (plot.points[point].readings < plot.points[point].records) flagged.push_back(point);
+  return {std::make_shared<const std::vector<std::size_t>>(std::move(flagged)),
+          std::string(without_reading.in(language))};
 }
 
 // The number of the last record that a point stands for.
@@ -80,6 +91,7 @@ Chart power_chart(std::shared_ptr<const PowerPlot> plot, const PlotLook& look, L
   chart.readouts = texts_by([plot, missing = look.missing, language](std::size_t point) {
     return point_text(*plot, point, missing, language);
   });
+  chart.flags = flags_of(*plot, look.missing, language);
   chart.grid = look.grid;
   chart.y_low = look.y_low;
   chart.y_high = look.y_high;
