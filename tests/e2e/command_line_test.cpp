@@ -24,9 +24,6 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
         "haldenctl live --port demo --count 0",
         "haldenctl live --port demo --format xml",
         "haldenctl status --port demo --count 1",
-        "haldenctl points",
-        "haldenctl points /dev/null --column W_SYS",
-        "haldenctl points /dev/null --from noon",
         "haldenctl set --port /dev/null",
         "haldenctl set --port /dev/null ct=1 kv=2",
         "haldenctl record --port demo --out a --option volts",
@@ -37,7 +34,8 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
         "halden --palette green",
         "halden --after soon",
         "halden-meter --wiring 4P5W",
-        "halden-meter --fault loud"}},
+        "halden-meter --fault loud",
+        "haldenctl points a --column W_SYS"}},
       {1, {"halden --demo"}}};
   for (const auto& [exit_code, commands] : rows)
     for (const std::string command : commands) {
@@ -101,24 +99,16 @@ TEST(CommandLine, PortsThatDoNotOpenAndTheDemoLeaveTheFolderAlone) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 3);
 }
 
-// No meter and no display is needed.
-TEST(CommandLine, PointsOfAFileOnTheDisk) {
+TEST(CommandLine, PointsOfAFileNeedNoMeter) {
   TempFolder folder;
-  std::string file = "1P2W,Hz=60,MD=15,SEC=2,CT=1,VT=1\r\nnames\r\n";
-  for (const char* volts : {"    230.1V,", "    229.9V,"}) {
-    file.append("03-15-2024,  12:30:44,").append(volts);
-    for (int field = 3; field < 17; ++field) file += "    ------,";
-    file += "\r\n";
-  }
-  folder.write("a day.csv", file.c_str());
-  const Ended good = run(no_display + "haldenctl points \"" + (folder / "a day.csv") + "\" --from 1 --to 2");
-  EXPECT_EQ(good.exit_code, 0) << good.errors;
-  EXPECT_EQ(good.output,
+  std::string record = "03-15-2024,  12:30:44,    230.1V,";
+  for (int field = 3; field < 17; ++field) record += "    ------,";
+  folder.write("a day.csv", ("1P2W,Hz=60\r\nnames\r\n" + record + "\r\n" + record).c_str());
+  const std::string there = no_display + "-C " + (folder / "") + " haldenctl points ";
+  EXPECT_EQ(run(there + "\"a day.csv\" --from 1 --to 2").output,
             "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
-            "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,03-15-2024,12:30:44,229.9,229.9,1,V\n");
-  const Ended missing = run("haldenctl points " + (folder / "none"));
-  EXPECT_EQ(missing.exit_code, 1);
-  EXPECT_EQ(missing.errors, "File not found\n");
+            "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,03-15-2024,12:30:44,230.1,230.1,1,V\n");
+  EXPECT_EQ(run(there + "none").errors, "File not found\n");
 }
 
 }  // namespace

