@@ -49,6 +49,15 @@ struct DataSet {
   bool operator==(const DataSet&) const = default;
 };
 
+// Points of a line that get a small triangle above them, because their value stands for something else, such
+// as a missing reading. Of two data sets the second has the flags.
+struct PointFlags {
+  std::shared_ptr<const std::vector<std::size_t>> points;  // ascending
+  std::string name;                                        // in the legend
+
+  bool operator==(const PointFlags&) const = default;
+};
+
 // What the lines of the statistics are called in the legend, before their value.
 struct StatisticNames {
   std::string mean;
@@ -74,6 +83,7 @@ struct Chart {
   PointTexts labels;                  // below the X axis; a point with an empty text gets no tick
   PointTexts readouts;                // what the cursor says about a point
   std::optional<std::size_t> marked;  // the bar in the accent colour; the cursor rests there
+  PointFlags flags;
   Grid grid = Grid::horizontal;
   std::optional<double> y_low;  // limits of the Y axis given by the user; an absent one is automatic
   std::optional<double> y_high;

@@ -5,8 +5,10 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/points_command.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
+#include "platform/qt/core/qt_files.h"
 
 namespace {
 
@@ -40,11 +42,13 @@ int main(int argc, char** argv) {
   CLI::App app("Companion of the Halden power and harmonics analyzer, without windows", "haldenctl");
   app.require_subcommand(1);
   halden::ChosenCommand chosen;
+  halden::QtFiles files;
   halden::add_status_command(app, chosen);
   halden::add_live_command(app, chosen);
   halden::add_record_command(app, chosen);
   halden::add_set_command(app, chosen);
   halden::add_logger_command(app, chosen);
+  halden::add_points_command(app, files, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

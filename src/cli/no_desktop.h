@@ -75,6 +75,7 @@ class NoFiles : public Files {
   FilePiece read(const std::string&, std::uint64_t, std::size_t) override {
     return {FileFailure::not_found, {}};
   }
+  OpenedFile open(const std::string&) override { return {FileFailure::not_found}; }
   FileFailure append(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure replace(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure remove(const std::string&) override { return FileFailure::none; }
@@ -93,6 +94,10 @@ class RecordedFiles : public Files {
   FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) override {
     if (is_configuration_file(path)) return {FileFailure::not_found, {}};
     return disk_.read(path, offset, max_bytes);
+  }
+  OpenedFile open(const std::string& path) override {
+    if (is_configuration_file(path)) return {FileFailure::not_found};
+    return disk_.open(path);
   }
   FileFailure append(const std::string& path, std::string_view bytes) override {
     return disk_.append(path, bytes);

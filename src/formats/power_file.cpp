@@ -63,6 +63,16 @@ std::span<const ColumnGroup> columns_of(Wiring wiring_system) {
 
 }  // namespace
 
+std::optional<std::size_t> power_column(Wiring wiring_system, PowerQuantity quantity) {
+  std::size_t column = 0;
+  for (const ColumnGroup& group : columns_of(wiring_system))
+    for (const PowerQuantity stored : group.quantities) {
+      if (stored == quantity) return column;
+      ++column;
+    }
+  return std::nullopt;
+}
+
 std::string power_column_line(Wiring wiring_system) {
   std::string line;
   for (const ColumnGroup& group : columns_of(wiring_system)) line += group.names;

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,16 @@ inline constexpr std::size_t power_quantity_count = static_cast<std::size_t>(Pow
 
 // The shown text of every quantity, in that order. Those the wiring system does not have are not read.
 using PowerTexts = std::array<std::string_view, power_quantity_count>;
+
+// How many columns stand behind DATE and TIME.
+constexpr std::size_t power_column_count(Wiring wiring_system) {
+  constexpr std::array<std::size_t, 4> counts = {15, 26, 18, 36};
+  return counts[table_index(wiring_system)];
+}
+
+// The column of a quantity, 0 for the first one behind DATE and TIME; nothing when the wiring system does not
+// have it.
+std::optional<std::size_t> power_column(Wiring wiring_system, PowerQuantity quantity);
 
 // The line of the column names; empty for an unknown wiring system.
 std::string power_column_line(Wiring wiring_system);

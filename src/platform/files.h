@@ -1,7 +1,9 @@
 // Every file operation the program makes. Failures are values; nothing here throws. Paths are UTF-8.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,25 @@ struct FilePiece {
   std::string bytes;  // shorter than asked for only at the end of the file
 };
 
+// A file that stays open while it is read from its beginning to its end: for files of hundreds of megabytes,
+// where Files::read would open the file again for every piece.
+class FileReader {
+ public:
+  virtual ~FileReader() = default;
+
+  // As long as it was when it was opened; the file may grow meanwhile.
+  virtual std::uint64_t length() const = 0;
+
+  // Puts the next bytes, at most `count`, into `target`, and returns how many: 0 at the end. Nothing when the
+  // file cannot be read any more.
+  virtual std::optional<std::size_t> read(char* target, std::size_t count) = 0;
+};
+
+struct OpenedFile {
+  FileFailure failure = FileFailure::none;
+  std::unique_ptr<FileReader> reader{};  // absent after a failure
+};
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -23,6 +44,8 @@ class Files {
 
   // At most `max_bytes` from `offset` on.
   virtual FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) = 0;
+
+  virtual OpenedFile open(const std::string& path) = 0;
 
   // Opens, writes at the end, closes. Creates a missing file. On failure nothing counts as written. Anything
   // but a file (a folder, a pipe, a device) is a failure: a write could wait there for ever.

@@ -37,7 +37,8 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
         "halden --palette green",
         "halden --after soon",
         "halden-meter --wiring 4P5W",
-        "halden-meter --fault loud"}},
+        "halden-meter --fault loud",
+        "haldenctl points a --column W_SYS"}},
       {1, {"halden --demo"}}};
   for (const auto& [exit_code, commands] : rows)
     for (const std::string command : commands) {
@@ -101,6 +102,18 @@ TEST(CommandLine, PortsThatDoNotOpenAndTheDemoLeaveTheFolderAlone) {
   EXPECT_TRUE(demo.output.ends_with("\"logger_file_count\":7}\n")) << demo.output;
   EXPECT_EQ(folder.read("commport.dat") + folder.read("language.pha"), "9\r\n1\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / ""), {}), 3);
+}
+
+TEST(CommandLine, PointsOfAFileNeedNoMeter) {
+  TempFolder folder;
+  std::string record = "03-15-2024,  12:30:44,    230.1V,";
+  for (int field = 3; field < 17; ++field) record += "    ------,";
+  folder.write("a day.csv", ("1P2W,Hz=60\r\nnames\r\n" + record + "\r\n" + record).c_str());
+  const std::string there = no_display + "-C " + (folder / "") + " haldenctl points ";
+  EXPECT_EQ(run(there + "\"a day.csv\" --from 1 --to 2").output,
+            "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
+            "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,03-15-2024,12:30:44,230.1,230.1,1,V\n");
+  EXPECT_EQ(run(there + "none").errors, "File not found\n");
 }
 
 }  // namespace

@@ -73,6 +73,25 @@ TEST_F(QtFilesTest, AppendsReadsPiecesReplacesAndRemovesUnderAnyName) {
   EXPECT_FALSE(files_.exists(file));
 }
 
+// What another program appends meanwhile does not count; a pipe would wait for ever for somebody to write.
+TEST_F(QtFilesTest, AnOpenFileIsReadFromItsBeginningToItsEnd) {
+  const std::string file = path("電力.csv");
+  files_.append(file, "line 1\r\nline 2");
+  const OpenedFile opened = files_.open(file);
+  ASSERT_TRUE(opened.reader);
+  files_.append(file, "!");
+  EXPECT_EQ(opened.reader->length(), 14u);
+  std::string bytes(10, '?');
+  EXPECT_EQ(opened.reader->read(bytes.data(), 10), 10u);
+  EXPECT_EQ(bytes, "line 1\r\nli");
+  EXPECT_EQ(opened.reader->read(bytes.data(), 10), 5u);
+  EXPECT_EQ(bytes.substr(0, 5), "ne 2!");
+  EXPECT_EQ(opened.reader->read(bytes.data(), 10), 0u);
+  EXPECT_EQ(files_.open(path("missing")).failure, FileFailure::not_found);
+  ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+  for (const std::string& other : {path("pipe"), path(".")}) EXPECT_FALSE(files_.open(other).reader) << other;
+}
+
 TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
   const std::string old(500, 'a');
   ASSERT_EQ(files_.append(path("data.csv"), old), FileFailure::none);

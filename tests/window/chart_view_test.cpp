@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -179,6 +180,21 @@ TEST_F(ChartViewTest, DrawsWhatIsHardToDraw) {
   const Rows drawn = rows_in(picture(), colours.phase[0], tip.x());
   EXPECT_NEAR(drawn.first, tip.y(), 1.5);
   EXPECT_NEAR(drawn.last, view.to_pixels(54321, 1).y(), 1.5);
+}
+
+TEST_F(ChartViewTest, AFlagStandsAboveItsPointAlsoOnTheAxis) {
+  Chart chart = chart_of(ChartKind::line, {5, 0, 7, std::nan("")});
+  const auto flagged_rows = [this](double point) {
+    return rows_in(picture(), colours.warning, view.to_pixels(point, 0).x());
+  };
+  chart.flags = {std::make_shared<const std::vector<std::size_t>>(std::vector<std::size_t>{1, 3, 99}), ""};
+  show(chart);
+  EXPECT_GE(flagged_rows(1).count, 6);
+  EXPECT_NEAR(flagged_rows(1).last, view.to_pixels(1, 0).y(), 3);
+  EXPECT_EQ(flagged_rows(0).count + flagged_rows(2).count + flagged_rows(3).count, 0);
+  chart.flags = {};
+  show(chart);
+  EXPECT_EQ(flagged_rows(1).count, 0);
 }
 
 // Columns without their vertical line were left out here and there where Qt's and our rounding disagreed.

@@ -25,7 +25,7 @@ QFont small_text() { return with_pixel_size(text_font(), text_size); }
 
 Theme black_and_white() {
   Theme theme = halden::theme(Look::paper);
-  theme.text = theme.accent = Qt::black;
+  theme.text = theme.accent = theme.warning = Qt::black;
   theme.phase.fill(Qt::black);
   theme.quiet = Qt::darkGray;
   theme.line = Qt::lightGray;

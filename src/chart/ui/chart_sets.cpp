@@ -16,7 +16,9 @@ constexpr double bars_part = 0.66;
 // Of the colour of the first line in the area between two lines.
 constexpr double band_part = 0.15;
 
-constexpr int disc = 5;  // pixels
+// In pixels.
+constexpr int disc = 5;
+constexpr int flag_width = 8;
 
 // In pixels: drawn, not drawn, and so on. Flat ends, because square ones would close the gaps on paper.
 QPen pen_of(StatisticKind kind, const QColor& colour) {
@@ -70,6 +72,16 @@ QCPGraph* make_line(QCustomPlot& plot) {
   return line;
 }
 
+// Its tip points down to the place: a sign in the middle of it would be cut off at the lower end of the axis.
+QCPScatterStyle flag_style(const QColor& colour) {
+  QPainterPath triangle;
+  triangle.lineTo(-flag_width / 2.0, -flag_width);
+  triangle.lineTo(flag_width / 2.0, -flag_width);
+  triangle.closeSubpath();
+  constexpr double unscaled_size = 6;  // the size at which QCustomPlot draws a path as it is
+  return {triangle, colour, colour, unscaled_size};
+}
+
 void add_to_legend(QCPAbstractPlottable& drawn, const std::string& name) {
   drawn.setName(to_qt(name));
   drawn.addToLegend();
@@ -81,11 +93,13 @@ void ChartSets::set_chart(const Chart& chart, const Theme& theme) {
   plot_.clearPlottables();
   sets_.clear();
   band_ = nullptr;
+  flags_ = nullptr;
   marked_ = chart.marked;
   if (chart.kind == ChartKind::line && chart.sets.size() == 2 && chart.colours == ChartColours::colour)
     add_band(mix(colour_of(chart.sets[0], 0, theme), band_part, theme.panel));
   for (std::size_t index = 0; index < chart.sets.size(); ++index)
     if (chart.sets[index].points) add_set(chart, index, theme);
+  if (chart.kind == ChartKind::line && chart.flags.points) add_flags(chart.flags, theme.warning);
   add_statistics(chart, theme.text);
 }
 
@@ -115,6 +129,16 @@ void ChartSets::add_bars(Drawn& set, double place, const Theme& theme) {
   set.marked_bar = make_bars(plot_, colour_of_marked_bar(set.colour, theme));
 }
 
+void ChartSets::add_flags(const PointFlags& flags, const QColor& colour) {
+  flagged_ = flags.points;
+  if (flagged_->empty() || sets_.empty()) return;
+  flags_ = make_line(plot_);
+  flags_->setLineStyle(QCPGraph::lsNone);
+  flags_->setScatterStyle(flag_style(colour));
+  flags_->setAntialiasedScatters(false);
+  add_to_legend(*flags_, flags.name);
+}
+
 // From one end of the axis to the other.
 void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
   const Range x = x_range(chart);
@@ -129,6 +153,7 @@ void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
 
 void ChartSets::fill(const Range& x, int width) {
   for (const Drawn& set : sets_) set.bars != nullptr ? fill_bars(set, x, width) : fill_line(set, x, width);
+  if (flags_ != nullptr) fill_flags(x, width);
   if (band_ == nullptr || sets_.size() < 2) return;
   const auto points = band_points(*sets_[0].points, *sets_[1].points, x, columns_of(width));
   band_->data()->set(to_graph(points), true);
@@ -147,6 +172,19 @@ void ChartSets::fill_line(const Drawn& set, const Range& x, int width) {
   set.line->setAntialiased(!dense);
   if (points.size() == 1)  // a line of one point would be invisible
     set.line->setScatterStyle({QCPScatterStyle::ssDisc, set.colour, disc});
+}
+
+// A flag that would cover the one before it is left out.
+void ChartSets::fill_flags(const Range& x, int width) {
+  const std::vector<double>& values = *sets_.back().points;
+  const double distance = flag_width * x.span() / std::max(width, 1);
+  QVector<QCPGraphData> data;
+  for (const std::size_t point : *flagged_) {
+    const auto place = static_cast<double>(point);
+    if (point >= values.size() || is_gap(values[point]) || place < x.low || place > x.high) continue;
+    if (data.isEmpty() || place - data.back().key >= distance) data.append({place, values[point]});
+  }
+  flags_->data()->set(data, true);
 }
 
 // All bars have the same whole number of pixels.

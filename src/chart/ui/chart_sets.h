@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -39,14 +40,18 @@ class ChartSets {
   void add_set(const Chart& chart, std::size_t index, const Theme& theme);
   void add_band(const QColor& colour);
   void add_bars(Drawn& set, double place, const Theme& theme);
+  void add_flags(const PointFlags& flags, const QColor& colour);
   void add_statistics(const Chart& chart, const QColor& colour);
   void fill_line(const Drawn& set, const Range& x, int width);
+  void fill_flags(const Range& x, int width);
   void fill_bars(const Drawn& set, const Range& x, int width);
   std::size_t columns_of(int width) const;
 
   QCustomPlot& plot_;
   std::vector<Drawn> sets_;
   QCPGraph* band_ = nullptr;  // between two lines
+  QCPGraph* flags_ = nullptr;
+  std::shared_ptr<const std::vector<std::size_t>> flagged_;
   std::optional<std::size_t> marked_;
 };
 

@@ -4,6 +4,26 @@
 
 namespace halden {
 
+namespace {
+
+class VirtualFileReader : public FileReader {
+ public:
+  explicit VirtualFileReader(std::string bytes) : bytes_(std::move(bytes)) {}
+
+  std::uint64_t length() const override { return bytes_.size(); }
+  std::optional<std::size_t> read(char* target, std::size_t count) override {
+    const std::size_t copied = bytes_.copy(target, count, at_);
+    at_ += copied;
+    return copied;
+  }
+
+ private:
+  std::string bytes_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
 FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) {
   if (const auto failing = read_failures.find(path); failing != read_failures.end())
     return {failing->second, {}};
@@ -11,6 +31,13 @@ FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std:
   if (found == contents.end()) return {FileFailure::not_found, {}};
   if (offset >= found->second.size()) return {};
   return {FileFailure::none, found->second.substr(static_cast<std::size_t>(offset), max_bytes)};
+}
+
+OpenedFile VirtualFiles::open(const std::string& path) {
+  if (const auto failing = read_failures.find(path); failing != read_failures.end()) return {failing->second};
+  const auto found = contents.find(path);
+  if (found == contents.end()) return {FileFailure::not_found};
+  return {FileFailure::none, std::make_unique<VirtualFileReader>(found->second)};
 }
 
 FileFailure VirtualFiles::append(const std::string& path, std::string_view bytes) {

@@ -14,6 +14,7 @@ class VirtualFiles : public Files {
     return contents.count(path) > 0 || read_failures.count(path) > 0;
   }
   FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) override;
+  OpenedFile open(const std::string& path) override;
   FileFailure append(const std::string& path, std::string_view bytes) override;
   FileFailure replace(const std::string& path, std::string_view bytes) override;
   FileFailure remove(const std::string& path) override;

@@ -65,6 +65,26 @@ bool write_all(QFileDevice& file, std::string_view bytes) {
   return file.flush();
 }
 
+// Unbuffered, so that the bytes are copied only once.
+class QtFileReader : public FileReader {
+ public:
+  explicit QtFileReader(const std::string& path) : file_(QString::fromStdString(path)) {}
+
+  bool open() { return file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
+  std::uint64_t length() const override { return length_; }
+  std::optional<std::size_t> read(char* target, std::size_t count) override;
+
+ private:
+  QFile file_;
+  std::uint64_t length_ = static_cast<std::uint64_t>(file_.size());
+};
+
+std::optional<std::size_t> QtFileReader::read(char* target, std::size_t count) {
+  const qint64 got = file_.read(target, static_cast<qint64>(count));
+  if (got < 0) return std::nullopt;
+  return static_cast<std::size_t>(got);
+}
+
 }  // namespace
 
 bool QtFiles::exists(const std::string& path) { return QFileInfo::exists(QString::fromStdString(path)); }
@@ -82,6 +102,13 @@ FilePiece QtFiles::read(const std::string& path, std::uint64_t offset, std::size
   if (got < 0) return {FileFailure::failed, {}};
   bytes.resize(static_cast<std::size_t>(got));
   return {FileFailure::none, std::move(bytes)};
+}
+
+OpenedFile QtFiles::open(const std::string& path) {
+  const QFileInfo info(QString::fromStdString(path));
+  auto reader = std::make_unique<QtFileReader>(path);
+  if (!info.isFile() || !reader->open()) return {cause_of_failed_read(info)};
+  return {FileFailure::none, std::move(reader)};
 }
 
 // Unbuffered: bytes that a failed write left in a buffer would be written again by close, after the file

@@ -12,6 +12,8 @@ class QtFiles : public Files {
   // Anything but a file (a directory, a device) is a failure.
   FilePiece read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) override;
 
+  OpenedFile open(const std::string& path) override;
+
   FileFailure append(const std::string& path, std::string_view bytes) override;
   FileFailure replace(const std::string& path, std::string_view bytes) override;
   FileFailure remove(const std::string& path) override;
