@@ -1,13 +1,16 @@
 #include "app/ui/meter_rec.h"
 
+#include <QAction>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <array>
 
-#include "app/ui/menu_builder.h"
 #include "app/ui/meter_content.h"
+#include "app/ui/port_marks.h"
 #include "app/ui/status_row.h"
+#include "screen/meter_rec/menus.h"
+#include "screen/ui/menu_builder.h"
 
 namespace halden {
 
@@ -33,7 +36,10 @@ void add_shortcuts(FormWindow& form) {
 }
 
 QWidget* build(FormWindow& form) {
-  build_menus(*form.menuBar(), form);
+  build_menus(*form.menuBar(), menu_entries(), form, [&form](QAction& action, const MenuEntry& entry) {
+    if (entry.parent == "comm_port") tie_port_marks(action, entry.name, form);
+    if (entry.name == "quit") action.setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
+  });
   add_shortcuts(form);
   auto* const central = new QWidget(&form);
   auto* const column = new QVBoxLayout(central);
