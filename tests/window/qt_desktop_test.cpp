@@ -233,6 +233,24 @@ TEST_F(QtPrinterTest, AFailureIsToldOnceAndTheNextDocumentIsPrinted) {
   expect_printed(1, 0);
 }
 
+TEST_F(QtPrinterTest, ADiscardedDocumentLeavesNoFileAndNoFailure) {
+  for (int page = 0; page < 3; ++page) {
+    printer_.print_line(600, 600, "cancelled");
+    EXPECT_TRUE(printer_.new_page());
+  }
+  printer_.discard();
+  EXPECT_FALSE(QFile::exists(pdf_));
+  printer_.print_line(600, 600, "printed");
+  expect_printed(1, 0);
+}
+
+TEST_F(QtPrinterTest, AnotherFontOfFixedPitchTakesThePlaceOfAMissingOne) {
+  printer_.set_font({.family = "no such font", .points = 10.0, .fixed_pitch = true});
+  EXPECT_NEAR(printer_.text_width("iiiiiiiiii"), printer_.text_width("WWWWWWWWWW"), 1.0);
+  EXPECT_NEAR(printer_.text_width("iiiiiiiiii"), 1200, 60);
+  EXPECT_NEAR(printer_.line_height(), 250, 50);
+}
+
 TEST_F(QtPrinterTest, WithoutAPrinterASentenceSaysSo) {
   if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this computer has a printer";
   printer_.set_output_pdf({});
