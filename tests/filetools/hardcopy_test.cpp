@@ -7,62 +7,51 @@
 namespace halden {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
-class HardcopyTest : public testing::Test {
- protected:
-  HardcopyFile read(const std::string& content) {
-    files.contents["screen.txt"] = content;
-    return read_hardcopies(files, "screen.txt");
-  }
-
-  static std::string words(int count, const std::string& word) {
-    std::string lines;
-    while (count-- > 0) lines += word + "\r\n";
-    return lines;
-  }
-
+HardcopyFile read(const std::string& content) {
   VirtualFiles files;
-};
+  files.contents["screen.txt"] = content;
+  return read_hardcopies(files, "screen.txt");
+}
 
-TEST_F(HardcopyTest, TheLowestBitIsTheLeftDotAndThe31stNumberStartsTheSecondRow) {
-  const HardcopyFile file = read("2009-05-12 15:30:00\r\n1,128 " + words(28, "00000") + "00003\r\n");
-  const Hardcopy& picture = file.pictures.at(0);
-  EXPECT_EQ(picture.date_line, "2009-05-12 15:30:00");
-  EXPECT_EQ(black_areas(picture),
-            (std::vector<Place>{{300, 300, 35, 35}, {825, 300, 35, 35}, {300, 335, 70, 35}}));
-  EXPECT_EQ(picture.missing_bytes(), 3809u);
+std::string words(int count, const std::string& word) {
+  std::string lines;
+  while (count-- > 0) lines += word + "\r\n";
+  return lines;
+}
+
+// Both numbers are in the first row, the 31st begins the second one.
+TEST(Hardcopy, TheLowestBitIsTheLeftDot) {
+  const HardcopyFile file = read("\r\n1,128 " + words(28, "00000") + "00003\r\n");
+  const std::vector<Place> black = {{300, 300, 35, 35}, {825, 300, 35, 35}, {300, 335, 70, 35}};
+  EXPECT_EQ(black_areas(file.pictures.at(0)), black);
   EXPECT_EQ(hardcopy_hint(file, 0, Language::english),
             "3809 of 3840 bytes are missing; they are left white.");
 }
 
-TEST_F(HardcopyTest, NumbersThatAreNoBytes) {
-  const std::pair<const char*, Bytes> cases[] = {{"255 256 257 1", {255, 0, 1}},
-                                                 {"-1,-2, -256,-32768", {255, 254, 0, 0}},
-                                                 {"7,,8 ,\t9\n\n-1", {7, 8, 9, 255}},
-                                                 {"5 x 6y -", {5, 0, 6, 0}},
-                                                 {"99999999999999999999 -99999999999999999999 3", {0, 3}}};
+TEST(Hardcopy, NumbersThatAreNoBytes) {
+  const std::pair<const char*, std::vector<std::uint8_t>> cases[] = {
+      {"255 256 257 1", {255, 0, 1}},
+      {"-1,-2, -256,-32768", {255, 254, 0, 0}},
+      {"7,,8 ,\t9\n\n5 x 6y -", {7, 8, 9, 5, 0, 6, 0}},
+      {"99999999999999999999 -99999999999999999999 3", {0, 3}}};
   for (const auto& [numbers, bytes] : cases)
     EXPECT_EQ(read("date\n" + std::string(numbers)).pictures.at(0).bytes, bytes) << numbers;
 }
 
-TEST_F(HardcopyTest, EachDownloadInAFileIsAPicture) {
+TEST(Hardcopy, EachDownloadInAFileIsAPicture) {
   const std::string download = "2026-01-05 10:00:00\r\n" + words(3839, "00000") + "-32767\r\n";
-  EXPECT_EQ(hardcopy_hint(read(download), 0, Language::english), "");
-  const Hardcopy last_dot = read(download + words(30, "00255")).pictures.at(0);
-  EXPECT_EQ(black_areas(last_dot), (std::vector<Place>{{8420, 4745, 35, 35}}));
+  const HardcopyFile one = read(download + words(30, "00255"));
+  EXPECT_EQ(hardcopy_hint(one, 0, Language::english), "");
+  EXPECT_EQ(black_areas(one.pictures.at(0)), (std::vector<Place>{{8420, 4745, 35, 35}}));
 
-  const HardcopyFile file = read("2026-01-05 9:59:00\r\n" + words(900, "00255") + download);
-  ASSERT_EQ(file.pictures.size(), 2u);
-  EXPECT_EQ(hardcopy_hint(file, 0, Language::english),
+  const HardcopyFile two = read("2026-01-05 9:59:00\r\n" + words(900, "00255") + download);
+  EXPECT_EQ(hardcopy_hint(two, 0, Language::english),
             "Picture 1 of 2. 2940 of 3840 bytes are missing; they are left white.");
-  EXPECT_EQ(black_areas(file.pictures[0]).size(), 30u) << "whole rows";
-  EXPECT_EQ(file.pictures[1].date_line, "2026-01-05 10:00:00");
-  EXPECT_EQ(hardcopy_hint(file, 1, Language::english), "Picture 2 of 2.");
+  EXPECT_EQ(black_areas(two.pictures.at(0)).size(), 30u) << "whole rows";
+  EXPECT_EQ(two.pictures.at(1).date_line, "2026-01-05 10:00:00");
 }
 
-TEST_F(HardcopyTest, NoFileAnEmptyOneAndOneThatIsNoHardcopy) {
-  EXPECT_EQ(read_hardcopies(files, "gone.txt").failure, FileFailure::not_found);
+TEST(Hardcopy, AnEmptyFileAndOneThatIsNoHardcopy) {
   EXPECT_EQ(read("").pictures.at(0).missing_bytes(), 3840u);
   std::string binary;
   for (unsigned i = 0, value = 1; i < 20000000; ++i, value = value * 1664525 + 1013904223)
