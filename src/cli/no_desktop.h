@@ -43,10 +43,12 @@ class NoPrinter : public Printer {
   void set_font(const PrintFont&) override {}
   PageSize page_size() override { return {}; }
   double text_width(const std::string&) override { return 0.0; }
+  double line_height() override { return 0.0; }
   void print_line(double, double, const std::string&) override {}
-  void new_page() override {}
+  bool new_page() override { return false; }
   void print_window(const std::string&) override {}
   PrintFailure finish() override { return PrintFailure::no_printer; }
+  void discard() override {}
 };
 
 class NoPictures : public Pictures {

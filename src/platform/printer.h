@@ -12,6 +12,7 @@ struct PrintFont {
   std::string family;
   double points = 10.0;
   bool bold = false;
+  bool fixed_pitch = false;  // where the family is not installed, another one of fixed pitch takes its place
 };
 
 struct PageSize {
@@ -31,15 +32,21 @@ class Printer {
 
   virtual PageSize page_size() = 0;
   virtual double text_width(const std::string& text) = 0;
+  virtual double line_height() = 0;
 
   virtual void print_line(double left, double top, const std::string& text) = 0;
-  virtual void new_page() = 0;
+
+  // False when the document has failed: printing on is useless, finish() says why.
+  virtual bool new_page() = 0;
 
   // An image of a window by its name ("MeterRec"), as wide as the page allows.
   virtual void print_window(const std::string& window_name) = 0;
 
   // Sends what was printed and starts a new document.
   virtual PrintFailure finish() = 0;
+
+  // Starts a new document without sending what was printed, as far as the system lets a print job go.
+  virtual void discard() = 0;
 
   // Where the last document went: the name of the printer, or the path of a file. Empty where that is
   // unknown.

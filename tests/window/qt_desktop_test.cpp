@@ -222,15 +222,23 @@ TEST_F(QtPrinterTest, MeasuresInUnitsOf1440ToTheInch) {
   EXPECT_NEAR(printer_.page_size().height, portrait.width, 20);
 }
 
-TEST_F(QtPrinterTest, AFailureIsToldOnceAndTheNextDocumentIsPrinted) {
+TEST_F(QtPrinterTest, AfterAFailureAndAfterACancelledDocumentTheNextOneIsPrinted) {
   printer_.set_output_pdf(folder_.filePath(QStringLiteral("no/such/folder.pdf")));
   printer_.print_line(0, 0, "lost");
-  printer_.new_page();
-  printer_.print_line(0, 0, "lost");
+  EXPECT_FALSE(printer_.new_page());
   EXPECT_EQ(printer_.finish(), PrintFailure::failed);
   printer_.set_output_pdf(pdf_);
+  EXPECT_TRUE(printer_.new_page());
+  printer_.discard();
+  EXPECT_FALSE(QFile::exists(pdf_));
   printer_.print_line(0, 0, "printed");
   expect_printed(1, 0);
+}
+
+TEST_F(QtPrinterTest, AnotherFontOfFixedPitchTakesThePlaceOfAMissingOne) {
+  printer_.set_font({.family = "no such font", .points = 10.0, .fixed_pitch = true});
+  EXPECT_NEAR(printer_.text_width("iiiiiiiiii"), printer_.text_width("WWWWWWWWWW"), 1.0);
+  EXPECT_NEAR(printer_.line_height(), 250, 50);
 }
 
 TEST_F(QtPrinterTest, WithoutAPrinterASentenceSaysSo) {

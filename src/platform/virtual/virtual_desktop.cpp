@@ -61,7 +61,12 @@ PageSize VirtualPrinter::page_size() {
 }
 
 double VirtualPrinter::text_width(const std::string& text) {
-  return static_cast<double>(text.size()) * font_.points * 12;  // 0.6 em of 20 units per point
+  return static_cast<double>(text.size()) * font.points * 12;  // 0.6 em of 20 units per point
+}
+
+bool VirtualPrinter::new_page() {
+  pages_.push_back({orientation_, {}, {}});
+  return failure == PrintFailure::none;
 }
 
 PrintedPage& VirtualPrinter::page() {

@@ -63,23 +63,25 @@ struct PrintedPage {
 class VirtualPrinter : public Printer {
  public:
   void set_orientation(Orientation orientation) override { orientation_ = orientation; }
-  void set_font(const PrintFont& font) override { font_ = font; }
+  void set_font(const PrintFont& wanted) override { font = wanted; }
   PageSize page_size() override;
   double text_width(const std::string& text) override;
+  double line_height() override { return font.points * 24; }  // 1.2 em
   void print_line(double left, double top, const std::string& text) override;
-  void new_page() override { pages_.push_back({orientation_, {}, {}}); }
+  bool new_page() override;
   void print_window(const std::string& window_name) override;
   PrintFailure finish() override;
+  void discard() override { pages_.clear(); }
   std::string destination() const override { return "LaserJet & Co"; }
 
   std::vector<std::vector<PrintedPage>> documents;  // finished ones
   PrintFailure failure = PrintFailure::none;        // what finish() says; nothing is printed then
+  PrintFont font;                                   // of the lines
 
  private:
   PrintedPage& page();
 
   Orientation orientation_ = Orientation::portrait;
-  PrintFont font_;
   std::vector<PrintedPage> pages_;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/qt/desktop/qt_printer.h"
 
+#include <QFile>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <utility>
@@ -43,6 +44,8 @@ void QtPrinter::set_font(const PrintFont& font) {
   font_ = font.family.empty() ? QFont() : QFont(QString::fromStdString(font.family));
   font_.setPointSizeF(font.points);
   font_.setBold(font.bold);
+  font_.setFixedPitch(font.fixed_pitch);
+  if (font.fixed_pitch) font_.setStyleHint(QFont::Monospace);
 }
 
 PageSize QtPrinter::page_size() {
@@ -55,6 +58,11 @@ double QtPrinter::text_width(const std::string& text) {
   return to_units(metrics.horizontalAdvance(QString::fromStdString(text)), document().logicalDpiX());
 }
 
+double QtPrinter::line_height() {
+  const QFontMetricsF metrics(font_, &document());
+  return to_units(metrics.lineSpacing(), document().logicalDpiY());
+}
+
 void QtPrinter::print_line(double left, double top, const std::string& text) {
   if (!begin()) return;
   painter_->setFont(font_);
@@ -63,8 +71,10 @@ void QtPrinter::print_line(double left, double top, const std::string& text) {
   painter_->drawText(QPointF(to_dots(left, printer_->logicalDpiX()), baseline), QString::fromStdString(text));
 }
 
-void QtPrinter::new_page() {
-  if (begin() && !printer_->newPage()) failure_ = PrintFailure::failed;
+bool QtPrinter::new_page() {
+  if (!begin()) return false;
+  if (!printer_->newPage()) failure_ = PrintFailure::failed;
+  return failure_ == PrintFailure::none;
 }
 
 void QtPrinter::print_window(const std::string& window_name) {
@@ -90,6 +100,15 @@ PrintFailure QtPrinter::finish() {
   if (printed) destination_ = pdf_path_.isEmpty() ? printer_->printerName() : printer_->outputFileName();
   close_document();
   return std::exchange(failure_, PrintFailure::none);
+}
+
+// Where Qt cannot abort a print job, as with PDF files, it ends with the pages printed so far.
+void QtPrinter::discard() {
+  const bool printed = painter_ && painter_->isActive();
+  if (printed) printer_->abort();
+  close_document();
+  if (printed && !pdf_path_.isEmpty()) QFile::remove(pdf_path_);
+  failure_ = PrintFailure::none;
 }
 
 // The painter is destroyed before the printer it paints on.

@@ -29,10 +29,12 @@ class QtPrinter : public Printer {
   void set_font(const PrintFont& font) override;
   PageSize page_size() override;
   double text_width(const std::string& text) override;
+  double line_height() override;
   void print_line(double left, double top, const std::string& text) override;
-  void new_page() override;
+  bool new_page() override;
   void print_window(const std::string& window_name) override;
   PrintFailure finish() override;
+  void discard() override;
   std::string destination() const override { return destination_.toStdString(); }
 
  private:

@@ -1,0 +1,102 @@
+#include "filetools/hardcopy/hardcopy_file.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "filetools/line_reader.h"
+#include "filetools/shown_text.h"
+#include "readings/numbers.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::uint64_t longest_file = std::uint64_t{16} << 20;  // some 600 pictures
+constexpr std::string_view separators = ", \t\r\v\f";
+constexpr double largest_number = 256;
+constexpr double lowest_word = -32768;  // counts for anything below it, too
+
+// In 1/1440 inch.
+constexpr float origin = 300;
+constexpr float dot_size = 35;
+
+constexpr Text which_picture = {"Picture {} of {}.", "第 {} 張，共 {} 張。"};
+constexpr Text bytes_missing = {"{} of {} bytes are missing; they are left white.",
+                                "缺少 {} 個位元組（共 {} 個），以空白表示。"};
+
+// "2009-05-12 15:30:00": only digits and signs of a date and a time, with a colon between two digits. No
+// line of numbers has a colon.
+bool is_date_line(std::string_view line) {
+  if (line.find_first_not_of("0123456789-/.: ") != std::string_view::npos) return false;
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::size_t colon = line.find(':');
+  return colon != std::string_view::npos && colon > 0 && colon + 1 < line.size() &&
+         is_digit(line[colon - 1]) && is_digit(line[colon + 1]);
+}
+
+void add_number(Hardcopy& picture, std::string_view number) {
+  const double value = leading_number(number);
+  if (value > largest_number || picture.missing_bytes() == 0) return;
+  const double word = round_half_even(std::max(value, lowest_word));
+  picture.bytes.push_back(static_cast<std::uint8_t>(static_cast<int>(word) & 0xFF));
+}
+
+void add_numbers(Hardcopy& picture, std::string_view line) {
+  std::size_t start = line.find_first_not_of(separators);
+  while (start != std::string_view::npos) {
+    const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
+    add_number(picture, line.substr(start, end - start));
+    start = line.find_first_not_of(separators, end);
+  }
+}
+
+void add_areas_of_row(std::vector<Place>& areas, const Hardcopy& picture, std::size_t y) {
+  for (std::size_t x = 0; x < hardcopy_width; ++x) {
+    if (!picture.dot(x, y)) continue;
+    const std::size_t first = x;
+    while (x + 1 < hardcopy_width && picture.dot(x + 1, y)) ++x;
+    areas.push_back({.left = origin + dot_size * static_cast<float>(first),
+                     .top = origin + dot_size * static_cast<float>(y),
+                     .width = dot_size * static_cast<float>(x - first + 1),
+                     .height = dot_size});
+  }
+}
+
+}  // namespace
+
+bool Hardcopy::dot(std::size_t x, std::size_t y) const {
+  const std::size_t at = y * bytes_of_row + x / 8;
+  return x < hardcopy_width && at < bytes.size() && ((bytes[at] >> (x % 8)) & 1U) != 0;
+}
+
+HardcopyFile read_hardcopies(Files& files, const std::string& path) {
+  HardcopyFile file;
+  LineReader reader(files, path);
+  for (auto line = reader.next(); line && line->start < longest_file; line = reader.next()) {
+    if (file.pictures.empty() || is_date_line(line->bytes))
+      file.pictures.push_back({shown_text(line->bytes), {}});
+    else
+      add_numbers(file.pictures.back(), line->bytes);
+  }
+  file.failure = reader.failure();
+  if (file.pictures.empty() && file.failure == FileFailure::none) file.pictures.emplace_back();
+  return file;
+}
+
+std::vector<Place> black_areas(const Hardcopy& picture) {
+  std::vector<Place> areas;
+  for (std::size_t y = 0; y < hardcopy_height; ++y) add_areas_of_row(areas, picture, y);
+  return areas;
+}
+
+std::string hardcopy_hint(const HardcopyFile& file, std::size_t index, Language language) {
+  std::string hint;
+  if (file.pictures.size() > 1)
+    hint = which_picture.with(language, {std::to_string(index + 1), std::to_string(file.pictures.size())});
+  const std::size_t missing = file.pictures[index].missing_bytes();
+  if (missing == 0) return hint;
+  if (!hint.empty()) hint += ' ';
+  return hint + bytes_missing.with(language, {std::to_string(missing), std::to_string(bytes_of_hardcopy)});
+}
+
+}  // namespace halden
