@@ -8,7 +8,7 @@
 
 namespace halden {
 
-enum class Icon { none, information, question, exclamation };
+enum class Icon { none, information, question, exclamation, critical };
 
 // What the Enter key answers to a question.
 enum class Preset { yes, no };

@@ -19,7 +19,8 @@ namespace halden {
 namespace {
 
 constexpr QMessageBox::Icon box_icons[] = {QMessageBox::NoIcon, QMessageBox::Information,
-                                           QMessageBox::Question, QMessageBox::Warning};
+                                           QMessageBox::Question, QMessageBox::Warning,
+                                           QMessageBox::Critical};
 
 QString title_or_program_name(const std::string& title) {
   return title.empty() ? QStringLiteral("Halden") : QString::fromStdString(title);

@@ -1,0 +1,99 @@
+#include "filetools/power_plot/plot_form.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "filetools/power_plot/plot_choices.h"
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+using Captions = std::vector<std::pair<int, std::string_view>>;
+
+const Captions scales = {{0, "Auto"}, {1, "Ymin"}, {2, "Ymax"}};
+const Captions x_labels = {{0, "Time"}, {1, "Sequence"}};
+const Captions titles = {{0, "X Title"}, {1, "Y Title"}, {3, "No X Title"}, {4, "No Y Title"}};
+const Captions grids = {{0, "None"}, {1, "Horizontal"}, {2, "Vertical"}, {3, "Both"}};
+const Captions statistics = {{0, "None"},
+                             {1, "Mean"},
+                             {2, "MinMax"},
+                             {3, "Mean and MinMax"},
+                             {4, "StdDev"},
+                             {5, "StdDev and Mean"},
+                             {6, "StdDev and MinMax"},
+                             {7, "StdDev and MinMax and Mean"},
+                             {8, "BestFit"}};
+
+void add_items(std::vector<MenuEntry>& entries, std::string_view menu, std::string_view item,
+               const Captions& captions) {
+  for (const auto& [index, caption] : captions)
+    entries.push_back({menu, element(item, index), std::string(caption)});
+}
+
+std::vector<MenuEntry> all_entries() {
+  std::vector<MenuEntry> entries = {{"", "openfile", "&File"},
+                                    {"openfile", "openfileforplot", "&Open"},
+                                    {"openfile", "read_again", "Read &Again", Entry::disabled},
+                                    {"openfile", "leave_out", ""},
+                                    {"openfile", "exit_plot", "E&xit"},
+                                    {"", "Select", "Select"}};
+  for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
+    entries.push_back({"Select", element("SelectData", static_cast<int>(choice)),
+                       std::string(plot_choices[choice].caption)});
+  entries.push_back({"", "Scale", "Scale"});
+  add_items(entries, "Scale", "set_scale", scales);
+  entries.push_back({"", "XLabel", "X Label"});
+  add_items(entries, "XLabel", "set_x_label", x_labels);
+  entries.push_back({"", "Title", "Title"});
+  add_items(entries, "Title", "set_title", titles);
+  entries.push_back({"", "Grid", "Grid"});
+  add_items(entries, "Grid", "set_grid", grids);
+  entries.push_back({"", "ZoomIn", "&Zoom", Entry::disabled});
+  entries.push_back({"", "Status", "Status", Entry::disabled});
+  add_items(entries, "Status", "StatOption", statistics);
+  entries.push_back({"", "clear_graphics", "&Clear"});
+  entries.push_back({"", "Pgraphics", "&Print"});
+  return entries;
+}
+
+constexpr std::array captions = {
+    Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
+    Caption{"leave_out", {"Leave Out Records Without a Reading", "不繪出無讀值的紀錄"}},
+    Caption{plot_cancel, {"Cancel", "取消"}},
+};
+
+constexpr std::array accessible_names = {Caption{plot_chart, {"Chart", "圖表"}},
+                                         Caption{plot_progress, {"Progress", "進度"}}};
+
+}  // namespace
+
+std::span<const MenuEntry> plot_menu_entries() {
+  static const std::vector<MenuEntry> entries = all_entries();
+  return entries;
+}
+
+Window make_plot_window() {
+  Window window("PlotFile");
+  window.set_caption(plot_caption);
+  for (const MenuEntry& entry : plot_menu_entries()) {
+    window.add(entry.name, {});
+    window.set_text(entry.name, entry.caption);
+    window.set_enabled(entry.name, entry.state == Entry::enabled);
+  }
+  for (const std::string_view name : {plot_chart, plot_about, plot_missing, plot_statistics, status_hint})
+    window.add(std::string(name), {});
+  for (const std::string_view name : {processing_panel, plot_progress, plot_cancel}) {
+    window.add(std::string(name), {});
+    window.set_visible(name, false);
+  }
+  window.set_text(processing_panel, "Processing...");
+  window.set_captions(captions);
+  window.set_accessible_names(accessible_names);
+  window.apply_captions(Language::english);
+  return window;
+}
+
+}  // namespace halden
