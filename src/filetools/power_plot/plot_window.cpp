@@ -20,6 +20,8 @@ namespace {
 constexpr double show_progress_every_s = 0.1;
 constexpr int whole_progress = 1000;
 
+constexpr Text open_a_file = {"Open a power data file: File > Open", "請開啟電力數據檔：File > Open"};
+
 constexpr int x_label_items = 2;
 constexpr int grid_items = 4;
 constexpr int statistics_items = 9;
@@ -29,7 +31,10 @@ constexpr int statistics_items = 9;
 PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter_rec, const LinkState& link)
     : platform_(platform), link_(link) {
   windows.add(window_);
-  meter_rec.on_click("OpenPlotFile", [this] { window_.show(); });
+  meter_rec.on_click("OpenPlotFile", [this] {
+    if (!plot_) show_empty();
+    window_.show();
+  });
   connect();
   connect_look();
   draw();
@@ -211,9 +216,15 @@ void PlotWindow::draw() {
   window_.set_text(plot_statistics, statistics_line(*plot_, look_.missing, language));
 }
 
+void PlotWindow::show_empty() {
+  Chart empty;
+  empty.hint = open_a_file.in(link_.language);
+  window_.set_chart(plot_chart, std::make_shared<const Chart>(std::move(empty)));
+}
+
 void PlotWindow::clear() {
   plot_.reset();
-  window_.set_chart(plot_chart, nullptr);
+  show_empty();
   for (const std::string_view name : {plot_about, plot_missing, plot_statistics}) window_.set_text(name, "");
 }
 

@@ -44,6 +44,7 @@ class PlotWindow {
   void set_limit(std::optional<double>& limit, const std::string& prompt, const std::string& title);
   void set_title(std::string& title, const std::string& prompt, const std::string& caption);
   void mark(std::string_view item, int count, int chosen);
+  void show_empty();
   void clear();
   void print();
 

@@ -1,0 +1,135 @@
+// The window that plots power data files, in virtual time.
+#include <gtest/gtest.h>
+
+#include "chart/chart.h"
+#include "program_test_base.h"
+
+namespace halden {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A 1P2W file: V1, I1, Phase1, W_SYS and 13 more columns.
+struct PlotJourney : Journey {
+  PlotJourney() {
+    start();
+    world.dialogs.messages.clear();
+    click("OpenPlotFile");
+  }
+
+  static std::string record(const std::string& time, const std::string& voltage, const std::string& power) {
+    const auto field = [](const std::string& text) {
+      return std::string(10 - text.size(), ' ') + text + ",";
+    };
+    std::string line =
+        field("11-22-2026") + field(time) + field(voltage) + field("5.000A") + field("000.0") + field(power);
+    for (int column = 4; column < 15; ++column) line += field("1.000");
+    return line + "\r\n";
+  }
+
+  void write_file(const std::string& records) {
+    world.files.contents["a.csv"] =
+        "1P2W,Hz=50,MD=15,SEC=2,CT=1,VT=1\r\n      DATE,      TIME,        V1\r\n" + records;
+  }
+
+  void press(const std::string& control) { click(control, "PlotFile"); }
+  const Control& control(const std::string& name) const { return window("PlotFile")[name]; }
+  std::shared_ptr<const Chart> chart() const { return control("Graph1").chart; }
+  std::vector<double> points(std::size_t set = 0) const { return *chart()->sets.at(set).points; }
+};
+
+// 230.0 V, 231.5 V and a lost line; 1.234 KW and 987.6 W, which is 0.9876 KW.
+TEST(Plot, AFileIsOpenedAndItsQuantitiesAreChosen) {
+  PlotJourney j;
+  j.press("SelectData_24");
+  EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"Please first open a file where data is stored"});
+  EXPECT_EQ(j.world.dialogs.messages.back().icon, Icon::critical);
+  j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + j.record("12:00:02", "231.5V", "987.6W") +
+               "11-22-2026,  12:00:04,  NO COM\r\n");
+  j.world.dialogs.file_answers = {"a.csv"};
+  j.press("openfileforplot");
+  EXPECT_TRUE(j.window("PlotFile").visible());
+  EXPECT_EQ(j.points(), (std::vector{230.0, 231.5, 0.0}));
+  EXPECT_EQ(j.chart()->x_title + "|" + j.chart()->y_title, "Time|V1 (V)");
+  EXPECT_FALSE(j.control("SelectData_0").enabled);
+  EXPECT_TRUE(j.control("SelectData_3").checked && j.control("Status").enabled &&
+              j.control("ZoomIn").enabled);
+  EXPECT_EQ(j.control("plot_missing").text, "1 record without a reading is drawn as 0");
+  j.press("SelectData_24");
+  EXPECT_EQ(j.points(), (std::vector{1.234, 0.9876, 0.0}));
+  EXPECT_EQ(j.chart()->y_title, "P_SYS (KW)");
+  j.press("leave_out");
+  EXPECT_TRUE(is_gap(j.points()[2]));
+  EXPECT_TRUE(j.control("plot_statistics").text.starts_with("Mean 1.1108 KW")) << "2.2216 / 2";
+
+  const auto shown = j.chart();
+  j.world.files.contents["b.csv"] = "no data file\r\n\r\nx\r\n";
+  j.world.dialogs.file_answers = {"b.csv"};
+  j.press("openfileforplot");
+  EXPECT_EQ(j.world.dialogs.messages.back().text, "Not a valid data file");
+  EXPECT_EQ(j.chart(), shown) << "the chart keeps what it showed";
+}
+
+TEST(Plot, TheUserChoosesHowItLooks) {
+  PlotJourney j;
+  j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + j.record("12:00:02", "231.5V", "987.6W"));
+  j.world.dialogs.file_answers = {"a.csv"};
+  j.press("openfileforplot");
+  j.world.dialogs.input_answers = {"-5.5", "", "Site 3"};
+  for (const char* entry : {"set_scale_1", "set_scale_2", "set_title_0"}) j.press(entry);
+  EXPECT_EQ(j.chart()->y_low, -5.5);
+  EXPECT_FALSE(j.chart()->y_high) << "an empty answer changes nothing";
+  EXPECT_EQ(j.chart()->x_title, "Site 3");
+  EXPECT_EQ(label_at(*j.chart(), 1), "12:00:02");
+  for (const char* entry : {"set_scale_0", "set_title_4", "set_x_label_1", "set_grid_3", "StatOption_8"})
+    j.press(entry);
+  EXPECT_FALSE(j.chart()->y_low);
+  EXPECT_EQ(j.chart()->y_title, "");
+  EXPECT_EQ(label_at(*j.chart(), 1), "2");
+  EXPECT_EQ(j.chart()->grid, Grid::both);
+  EXPECT_EQ(j.chart()->statistics, Statistics::best_fit);
+  EXPECT_TRUE(j.control("StatOption_8").checked && !j.control("StatOption_0").checked);
+  j.press("openfile");
+  EXPECT_EQ(j.chart()->x_title, "Time");
+  j.world.timer2.set_enabled(true);
+  j.press("Pgraphics");
+  EXPECT_EQ(j.world.printer.documents.at(0).at(0).windows, Texts{"PlotFile"});
+  EXPECT_EQ(j.world.printer.documents.at(0).at(0).orientation, Orientation::landscape);
+  EXPECT_TRUE(j.world.timer2.enabled() && !j.world.timer1.enabled()) << "as they were";
+  j.press("clear_graphics");
+  EXPECT_FALSE(has_data(*j.chart()));
+  EXPECT_EQ(j.control("plot_about").text, "");
+}
+
+// 3601 records: three to a point, 1201 points.
+TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
+  PlotJourney j;
+  std::string records;
+  for (int i = 0; i < 3601; ++i) records += j.record("12:00:00", std::to_string(1000 + i) + ".V", "1.234KW");
+  j.write_file(records);
+  j.world.dialogs.file_answers = {"a.csv"};
+  j.press("openfileforplot");
+  EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"Records more than 3600, STATIStics function disabled"});
+  EXPECT_FALSE(j.control("Status").enabled);
+  ASSERT_EQ(j.points().size(), 1201U);
+  EXPECT_EQ(j.points(0)[1], 1005);
+  EXPECT_EQ(j.points(1)[1], 1003);
+  const std::pair<std::deque<std::string>, std::string> refusals[] = {
+      {{"-1"}, "Negative number is not allowed"},
+      {{"3602"}, "start record > total records"},
+      {{"5", "5"}, "End record <= Start record"},
+      {{"1", "3602"}, "End record > total records"},
+      {{"1", "3601"}, "Starting record 1, ending record 3601, total records 3601 > 3600"}};
+  for (const auto& [answers, refusal] : refusals) {
+    j.world.dialogs.input_answers = answers;
+    j.press("ZoomIn");
+    EXPECT_EQ(j.world.dialogs.messages.back().text, refusal);
+    EXPECT_EQ(j.points().size(), 1201U);
+  }
+  j.world.dialogs.input_answers = {"10", "12"};
+  j.press("ZoomIn");
+  EXPECT_EQ(j.points(), (std::vector{1009.0, 1010.0, 1011.0}));
+}
+
+}  // namespace
+}  // namespace halden
