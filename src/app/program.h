@@ -9,6 +9,7 @@
 #include "app/live.h"
 #include "app/shared.h"
 #include "app/start_options.h"
+#include "filetools/hardcopy/hardcopy_window.h"
 #include "link/link.h"
 #include "logger/logger_window.h"
 #include "platform/platform.h"
@@ -26,6 +27,7 @@ struct Program {
   Link link{platform, shared.meter_rec, shared.notice, shared.label_column_left};
   Live live{platform, shared, link, options.work_folder, options.temporary_folder};
   LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
+  HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
   Application application{platform, options, shared, link, live};
 };
 
