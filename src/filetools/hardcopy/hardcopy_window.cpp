@@ -118,7 +118,6 @@ void HardcopyWindow::show_picture() {
   const Hardcopy& picture = file_.pictures[shown_];
   form_.set_text(hardcopy_date, picture.date_line);
   form_.set_text(hardcopy_name, name_of(hc_file_name_));
-  form_.set_tooltip(hardcopy_name, hc_file_name_);
   form_.set_lines(hardcopy_picture, dot_lines(picture));
   form_.set_visible(next_entry, file_.pictures.size() > 1);
   form_.set_text(status_hint, hardcopy_hint(file_, shown_, link_.state.language));

@@ -20,7 +20,7 @@ namespace halden {
 namespace {
 
 constexpr QSize smallest_size(640, 440);
-constexpr QSize start_size(1040, 740);
+constexpr QSize start_size(1100, 770);
 constexpr int margin = 16;
 constexpr int gap = 10;
 constexpr int least_of_text = 60;
@@ -39,11 +39,12 @@ void build_menu(FormWindow& form) {
   QObject::connect(escape, &QShortcut::activated, &form, &QWidget::close);
 }
 
-ElidedLabel* make_label(FormWindow& form, std::string_view control, const QFont& font) {
+ElidedLabel* make_label(FormWindow& form, std::string_view control, Role role, const QFont& font) {
   auto* const label = new ElidedLabel(least_of_text);
   label->setObjectName(to_qt(control));
   label->setTextFormat(Qt::PlainText);
   label->setFont(font);
+  set_role(*label, role);
   form.mirror().tie(std::string(control), *label);
   return label;
 }
@@ -61,11 +62,10 @@ void add_button(FormWindow& form, std::string_view control, QBoxLayout& row) {
 QBoxLayout* build_top(FormWindow& form) {
   auto* const row = new QHBoxLayout;
   row->setSpacing(gap);
-  row->addWidget(make_label(form, hardcopy_date, with_pixel_size(reading_font(), date_pixels)));
+  row->addWidget(
+      make_label(form, hardcopy_date, Role::reading, with_pixel_size(reading_font(), date_pixels)));
   row->addSpacing(gap);
-  ElidedLabel* const name = make_label(form, hardcopy_name, with_pixel_size(text_font(), text_pixels));
-  set_role(*name, Role::quiet);
-  row->addWidget(name, 1);
+  row->addWidget(make_label(form, hardcopy_name, Role::quiet, with_pixel_size(text_font(), text_pixels)), 1);
   for (const std::string_view button : {draw_button, print_button}) add_button(form, button, *row);
   return row;
 }
