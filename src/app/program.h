@@ -9,6 +9,7 @@
 #include "app/live.h"
 #include "app/shared.h"
 #include "app/start_options.h"
+#include "filetools/hardcopy/hardcopy_window.h"
 #include "filetools/power_plot/plot_window.h"
 #include "link/link.h"
 #include "logger/logger_window.h"
@@ -28,6 +29,7 @@ struct Program {
   Live live{platform, shared, link, options.work_folder, options.temporary_folder};
   LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
   PlotWindow plot{platform, shared.windows, shared.meter_rec, link.state};
+  HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
   Application application{platform, options, shared, link, live};
 };
 

@@ -132,6 +132,7 @@ void Recording::start(std::int16_t manual) {
   manual_recording_ = manual;
   record_pending_ = 0;  // a press of the button during an earlier recording does not count
   set_recording_notice(1);
+  started_();
 }
 
 void Recording::record_once() { record_pending_ = 1; }

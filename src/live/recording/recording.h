@@ -12,7 +12,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "formats/data_file.h"
 #include "link/exchange.h"
@@ -45,6 +47,9 @@ class Recording : public LiveListener {
   void start_manual();
   void record_once();
   std::string end_recording();
+
+  // Called when a recording has started: whoever has stopped polling lets it go on.
+  void on_started(std::function<void()> handler) { started_ = std::move(handler); }
 
   // Records what is shown when a record is due.
   void frame_shown() override;
@@ -85,6 +90,7 @@ class Recording : public LiveListener {
   Window& window_;
   Window& notice_;
   Rescue& rescue_;
+  std::function<void()> started_ = [] {};
   DataFile file_;
   std::int16_t data_file_ready_ = 0;
   std::int16_t manual_recording_ = 0;

@@ -21,7 +21,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"zmenu", "OpenPlotFile", "&Plot Power Data"},
     {"zmenu", "show_plot_harmonics", "Plot &Harmonics", Entry::disabled},
     {"zmenu", "show_plot_waveform", "Plot &Waveform", Entry::disabled},
-    {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy", Entry::disabled},
+    {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy"},
     {"zmenu", "quit", "E&xit"},
     {"", "view_harmonics", "Harmonics"},
     {"view_harmonics", "show_percentage", "%"},

@@ -1,0 +1,64 @@
+#include "filetools/hardcopy/hardcopy_form.h"
+
+#include <array>
+#include <string>
+#include <utility>
+
+#include "screen/meter_rec/panels.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::array captions = {
+    Caption{next_entry, {"Next Picture", "下一張"}},
+    Caption{hardcopy_polling_note,
+            {"Live readings pause while this window is open.", "此視窗開啟時，即時讀值暫停。"}}};
+
+constexpr std::array tooltips = {
+    Caption{draw_button, {"Reads the file again and draws its first picture", "重新讀取檔案並畫出第一張"}},
+    Caption{print_button, {"Prints date and picture on a page in landscape", "橫向列印日期與畫面"}}};
+
+constexpr std::array accessible_names = {Caption{hardcopy_picture, {"Display of the meter", "電表畫面"}},
+                                         Caption{status_hint, {"Message", "訊息"}}};
+
+}  // namespace
+
+std::span<const MenuEntry> hardcopy_menu() {
+  static const std::array<MenuEntry, 3> entries = {{{"", std::string(open_entry), "&File"},
+                                                    {"", std::string(printer_entry), "&Printer"},
+                                                    {"", std::string(next_entry), "Next Picture"}}};
+  return entries;
+}
+
+Window make_hardcopy_form() {
+  Window window("HC_window");
+  window.set_caption("Hard Copy of Window");
+  for (const MenuEntry& entry : hardcopy_menu()) {
+    window.add(entry.name, {});
+    window.set_text(entry.name, entry.caption);
+  }
+  for (const std::string_view name : {draw_button, print_button, hardcopy_date, hardcopy_name,
+                                      hardcopy_picture, hardcopy_polling_note, status_hint})
+    window.add(std::string(name), {});
+  window.set_text(draw_button, "Hardcopy");
+  window.set_text(print_button, "PRINT");
+  window.set_place(hardcopy_picture, {hardcopy_margin, hardcopy_margin, hardcopy_dot * hardcopy_width,
+                                      hardcopy_dot * hardcopy_height});
+  for (const std::string_view name : {next_entry, hardcopy_polling_note}) window.set_visible(name, false);
+  window.set_captions(captions);
+  window.set_tooltips(tooltips);
+  window.set_accessible_names(accessible_names);
+  window.apply_captions(Language::english);
+  return window;
+}
+
+std::shared_ptr<const Lines> dot_lines(const Hardcopy& picture) {
+  Lines lines(hardcopy_height, std::string(hardcopy_width, ' '));
+  for (std::size_t y = 0; y < hardcopy_height; ++y)
+    for (std::size_t x = 0; x < hardcopy_width; ++x)
+      if (picture.dot(x, y)) lines[y][x] = '#';
+  return std::make_shared<const Lines>(std::move(lines));
+}
+
+}  // namespace halden

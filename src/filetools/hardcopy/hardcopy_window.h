@@ -1,0 +1,56 @@
+// The hardcopy window HC_window: opens a file of pictures of the meter's display, shows one of them, and
+// prints it.
+//
+// Live polling stands still while the window is open, unless a recording runs, which would miss its records:
+// then it goes on, also when the recording starts later.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "filetools/hardcopy/hardcopy_file.h"
+#include "filetools/hardcopy/hardcopy_form.h"
+#include "link/link.h"
+#include "platform/platform.h"
+#include "screen/windows.h"
+
+namespace halden {
+
+class HardcopyWindow {
+ public:
+  // All outlive the window. Connects the entry of the main window that opens it.
+  HardcopyWindow(const Platform& platform, Windows& windows, Window& meter_rec, Window& notice, Link& link);
+  HardcopyWindow(const HardcopyWindow&) = delete;
+  HardcopyWindow& operator=(const HardcopyWindow&) = delete;
+
+  // Polling goes on, if this window has stopped it.
+  void resume_polling();
+
+ private:
+  void connect();
+  void open();
+  void close();
+
+  void stop_polling();
+  void set_paused(bool paused);
+
+  void open_file_and_plot();
+  void draw();
+  void clear();
+  void read();
+  void show_picture();
+  void show_next();
+  void print();
+
+  Platform platform_;
+  Window& meter_rec_;
+  Window& notice_;
+  Link& link_;
+  Window form_ = make_hardcopy_form();
+  std::string hc_file_name_;  // the file opened last
+  HardcopyFile file_;
+  std::size_t shown_ = 0;  // which of its pictures
+  bool paused_ = false;    // this window has stopped polling
+};
+
+}  // namespace halden
