@@ -9,7 +9,7 @@ namespace halden {
 
 namespace {
 
-constexpr Text incomplete = {"{}, bytes were lost: download again", "{}，資料遺失：請重新下載"};
+constexpr Text incomplete = {"{}, {}", "{}，{}"};
 constexpr Text nothing = {"the meter sent nothing", "電表未傳送任何資料"};
 constexpr Text cancelled = {"cancelled, {}", "已取消，{}"};
 constexpr Text unwritable = {"{}, then {}", "{}，之後{}"};
@@ -43,7 +43,7 @@ std::string result_text(const DownloadResult& result, Language language) {
   const std::string held = amount_text(result, language);
   switch (result.end) {
     case DownloadEnd::incomplete:
-      return incomplete.with(language, {held});
+      return incomplete.with(language, {held, bytes_lost.in(language)});
     case DownloadEnd::nothing:
       return std::string(nothing.in(language));
     case DownloadEnd::cancelled:
