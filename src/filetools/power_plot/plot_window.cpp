@@ -58,6 +58,7 @@ void PlotWindow::connect() {
     draw();
   });
   window_.on_press(plot_cancel, [this] { cancelled_ = true; });
+  window_.on_language([this] { plot_ ? draw() : show_empty(); });
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
     cancelled_ = true;
