@@ -6,14 +6,17 @@ namespace {
 
 constexpr const char* language_file = "language.pha";
 constexpr const char* port_file = "commport.dat";
+constexpr const char* recent_file = "recent.txt";
 constexpr std::size_t longest_line = 64;  // the text is shown in a message box; the file may hold anything
 
 }  // namespace
 
 bool is_configuration_file(std::string_view path) {
   const std::string_view name = path.substr(path.find_last_of('/') + 1);
-  return name == language_file || name == port_file;
+  return name == language_file || name == port_file || name == recent_file;
 }
+
+std::string recent_files_path(const std::string& work_folder) { return work_folder + "/" + recent_file; }
 
 std::optional<std::string> Configuration::first_line(const char* name) const {
   const FilePiece piece = files_.read(path(name), 0, longest_line);

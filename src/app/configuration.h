@@ -1,5 +1,5 @@
-// The two one-line files in the working folder that keep the user's choices: language.pha ("0" or "1") and
-// commport.dat (the port number in decimal digits).
+// The files in the working folder that keep the user's choices: language.pha ("0" or "1") and commport.dat
+// (the port number in decimal digits), of one line each, and recent.txt (app/recent_files.h).
 #pragma once
 
 #include <optional>
@@ -12,8 +12,10 @@
 
 namespace halden {
 
-// Whether a path is that of one of the two.
+// Whether a path is that of one of them.
 bool is_configuration_file(std::string_view path);
+
+std::string recent_files_path(const std::string& work_folder);
 
 class Configuration {
  public:

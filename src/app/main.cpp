@@ -53,6 +53,7 @@ void declare(CLI::App& app, Typed& typed) {
       ->type_name("SECONDS")
       ->check(CLI::Range(0.0, 86400.0))
       ->check(check_number);
+  app.add_option("FILES", typed.options.open_files, "Stored files to open")->check(CLI::ExistingFile);
   app.add_option("--palette", typed.palette, "Colours; those of the desktop when not given")
       ->type_name("light|dark")
       ->check(CLI::IsMember({"light", "dark"}));

@@ -17,6 +17,9 @@ Program::Program(const Platform& outside, const StartOptions& start_options)
   platform.timer1.set_period_ms(designed_clock_period_ms);
   platform.timer2.set_period_ms(designed_poll_period_ms);
   live.recording.on_started([this] { hardcopy.resume_polling(); });
+  files.connect(FileKind::power, "OpenPlotFile", plot);
+  files.connect(FileKind::hardcopy, "show_plot_hardcopy", hardcopy);
+  files.read_recent();
   platform.timer1.on_tick([this] {
     live.sample_clock.tick();
     application.refresh_status_line();

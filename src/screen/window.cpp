@@ -144,6 +144,10 @@ void Window::closed() const {
   if (closed_) closed_();
 }
 
+void Window::dropped(const Lines& paths) const {
+  if (dropped_) dropped_(paths);
+}
+
 std::string element(std::string_view array_name, int index) {
   return std::string(array_name) + "_" + std::to_string(index);
 }

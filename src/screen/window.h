@@ -130,6 +130,9 @@ class Window {
   void on_close(Handler handler, Closing closing = Closing::waits);
   Closing closing() const { return closing_; }
 
+  // Files dropped on the window: their paths, in UTF-8.
+  void on_drop(std::function<void(const Lines& paths)> handler) { dropped_ = std::move(handler); }
+
   // Called at the moment of a click, also in a wait without input, after which the click itself follows. It
   // may only take note of values.
   void on_press(std::string_view control, Handler handler);
@@ -141,6 +144,7 @@ class Window {
   void changed(std::string_view control) const;
   void resized() const;  // shown for the first time, or a change of size has settled
   void closed() const;
+  void dropped(const Lines& paths) const;
 
  private:
   struct NameHash {
@@ -169,6 +173,7 @@ class Window {
   Handlers changes_;
   Handler resized_;
   Handler closed_;
+  std::function<void(const Lines&)> dropped_;
   Closing closing_ = Closing::waits;
 };
 

@@ -1,6 +1,9 @@
 #include <QAbstractButton>
 #include <QAction>
+#include <QDropEvent>
 #include <QImage>
+#include <QMimeData>
+#include <QUrl>
 
 #include "filetools/hardcopy/hardcopy_form.h"
 #include "filetools/hardcopy/ui/hardcopy_form_design.h"
@@ -30,6 +33,19 @@ TEST_F(HardcopyFormTest, DotsAreBlackSquaresWhereTheyBelong) {
     EXPECT_TRUE(black(x, y)) << x << "," << y;
   for (const auto& [x, y] : {std::pair{89, 108}, {90, 107}, {90, 111}, {93, 109}, {95, 109}, {810, 491}})
     EXPECT_EQ(drawn.pixelColor(x, y), Qt::white) << x << "," << y;
+}
+
+TEST_F(HardcopyFormTest, PassesOnTheFilesDroppedOnIt) {
+  Lines dropped;
+  values.on_drop([&dropped](const Lines& paths) { dropped = paths; });
+  QMimeData data;
+  data.setUrls({QUrl(QStringLiteral("file:///d/%E9%9B%BB%20a.txt")), QUrl(QStringLiteral("http://x/b.txt"))});
+  QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&form, &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&form, &drop);
+  EXPECT_EQ(dropped, Lines{"/d/電 a.txt"});
 }
 
 TEST_F(HardcopyFormTest, SaysWhatItShowsAndTellsWhatTheUserDoes) {

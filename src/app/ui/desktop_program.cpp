@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -131,8 +132,7 @@ class DesktopProgram {
   }
 
   int run() {
-    QTimer::singleShot(0, &main_window_,
-                       [this] { world().run([this] { program_.application.start_up(); }); });
+    QTimer::singleShot(0, &main_window_, [this] { world().run([this] { start(); }); });
     QTimer idle;
     QObject::connect(&idle, &QTimer::timeout, &idle, [this] { world().refresh(); });
     idle.start(idle_refresh_ms);
@@ -143,6 +143,12 @@ class DesktopProgram {
  private:
   QtWorld& world() { return outside_.world; }
   bool shows_demo_panel() const { return options_.demo && options_.screenshot.empty(); }
+
+  void start() {
+    program_.application.start_up();
+    for (const std::string& file : options_.open_files)
+      program_.files.open(from_qt(QFileInfo(to_qt(file)).absoluteFilePath()));
+  }
 
   // At once, also during a wait.
   void close_program() {

@@ -16,9 +16,10 @@ struct DesktopOptions {
   bool demo = false;                                 // COM 1 is the simulated meter
   std::vector<std::pair<int, std::string>> devices;  // devices for ports, instead of the usual ones
   std::string work_folder = ".";
-  std::string screenshot;           // where to write a picture of the main window; empty for none
-  double screenshot_after_s = 1.0;  // from the moment the main window shows
-  std::optional<Look> look;         // that of the desktop where none is given
+  std::vector<std::string> open_files;  // stored files, opened after the start-up
+  std::string screenshot;               // where to write a picture of the main window; empty for none
+  double screenshot_after_s = 1.0;      // from the moment the main window shows
+  std::optional<Look> look;             // that of the desktop where none is given
 };
 
 // Why no window can be shown, as one sentence for the user; empty when one can be.

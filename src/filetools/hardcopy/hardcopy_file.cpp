@@ -24,16 +24,6 @@ constexpr Text which_picture = {"Picture {} of {}.", "第 {} 張，共 {} 張。
 constexpr Text bytes_missing = {"{} of {} bytes are missing; they are left white.",
                                 "缺少 {} 個位元組（共 {} 個），以空白表示。"};
 
-// "2009-05-12 15:30:00": only digits and signs of a date and a time, with a colon between two digits. No
-// line of numbers has a colon.
-bool is_date_line(std::string_view line) {
-  if (line.find_first_not_of("0123456789-/.: ") != std::string_view::npos) return false;
-  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
-  const std::size_t colon = line.find(':');
-  return colon != std::string_view::npos && colon > 0 && colon + 1 < line.size() &&
-         is_digit(line[colon - 1]) && is_digit(line[colon + 1]);
-}
-
 void add_number(Hardcopy& picture, std::string_view number) {
   const double value = leading_number(number);
   if (value > largest_number || picture.missing_bytes() == 0) return;
@@ -63,6 +53,14 @@ void add_areas_of_row(std::vector<Place>& areas, const Hardcopy& picture, std::s
 }
 
 }  // namespace
+
+bool is_date_line(std::string_view line) {
+  if (line.find_first_not_of("0123456789-/.: ") != std::string_view::npos) return false;
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::size_t colon = line.find(':');
+  return colon != std::string_view::npos && colon > 0 && colon + 1 < line.size() &&
+         is_digit(line[colon - 1]) && is_digit(line[colon + 1]);
+}
 
 bool Hardcopy::dot(std::size_t x, std::size_t y) const {
   const std::size_t at = y * bytes_of_row + x / 8;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -36,6 +37,10 @@ struct HardcopyFile {
   std::vector<Hardcopy> pictures;  // oldest first; one at least unless the file could not be read at all
   FileFailure failure = FileFailure::none;
 };
+
+// "2009-05-12 15:30:00": only digits and signs of a date and a time, with a colon between two digits. No
+// line of numbers has a colon.
+bool is_date_line(std::string_view line);
 
 // Numbers are separated by commas, blanks or line ends. Those above 256 are skipped; of the others, also
 // negative ones, the low 8 bits count. A text that is no number counts as 0, so that the dots behind it keep

@@ -76,8 +76,11 @@ void HardcopyWindow::open_file_and_plot() {
   stop_polling();
   const std::optional<std::string> path =
       platform_.dialogs.open_file({{{"txt Files(*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}}, ".txt", ""});
-  if (!path || path->empty()) return;
-  hc_file_name_ = *path;
+  if (path && !path->empty()) open_file(*path);
+}
+
+void HardcopyWindow::open_file(const std::string& path) {
+  hc_file_name_ = path;
   draw();
 }
 
@@ -86,7 +89,10 @@ void HardcopyWindow::draw() {
   clear();
   if (hc_file_name_.empty()) return form_.set_text(status_hint, no_file_open.in(link_.state.language));
   read();
-  if (!file_.pictures.empty()) return show_picture();
+  if (!file_.pictures.empty()) {
+    if (opened_) opened_(hc_file_name_);
+    return show_picture();
+  }
   form_.set_text(status_hint, not_opened.with(link_.state.language, {hc_file_name_}));
   platform_.dialogs.message({std::string(open_failure_message(file_.failure)), "", Icon::none});
 }

@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "filetools/hardcopy/hardcopy_file.h"
 #include "filetools/hardcopy/hardcopy_form.h"
@@ -22,6 +24,12 @@ class HardcopyWindow {
   HardcopyWindow(const Platform& platform, Windows& windows, Window& meter_rec, Window& notice, Link& link);
   HardcopyWindow(const HardcopyWindow&) = delete;
   HardcopyWindow& operator=(const HardcopyWindow&) = delete;
+
+  // As if the user had chosen the file.
+  void open_file(const std::string& path);
+
+  // Called with the path of each file that has been read.
+  void on_opened(std::function<void(const std::string& path)> handler) { opened_ = std::move(handler); }
 
   // Polling goes on, if this window has stopped it.
   void resume_polling();
@@ -48,6 +56,7 @@ class HardcopyWindow {
   Link& link_;
   Window form_ = make_hardcopy_form();
   std::string hc_file_name_;  // the file opened last
+  std::function<void(const std::string& path)> opened_;
   HardcopyFile file_;
   std::size_t shown_ = 0;  // which of its pictures
   bool paused_ = false;    // this window has stopped polling

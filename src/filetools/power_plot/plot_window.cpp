@@ -146,6 +146,7 @@ void PlotWindow::plot(const PlotRequest& request) {
   if (!outcome.refusal.text.empty()) return platform_.dialogs.message(outcome.refusal);
   if (!outcome.plot) return;
   part_ = request.wanted;
+  if (opened_) opened_(request.path);
   take(outcome.plot);
 }
 

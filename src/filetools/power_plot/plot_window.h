@@ -4,10 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/power_chart.h"
@@ -27,6 +29,9 @@ class PlotWindow {
 
   // As if the user had chosen the file.
   void open_file(const std::string& path);
+
+  // Called with the path of each file that has been read.
+  void on_opened(std::function<void(const std::string& path)> handler) { opened_ = std::move(handler); }
 
  private:
   void connect();
@@ -56,6 +61,7 @@ class PlotWindow {
   WantedRecords part_;
   PlotLook look_;
   std::shared_ptr<const PowerPlot> plot_;  // what is drawn; null when the chart is empty
+  std::function<void(const std::string& path)> opened_;
   bool reading_ = false;
   bool cancelled_ = false;
   double shown_s_ = 0;  // when the progress was last shown

@@ -43,6 +43,12 @@ constexpr std::array captions = {
     Caption{"show_plot_harmonics", {"Plot &Harmonics", "諧波記錄畫圖"}},
     Caption{"show_plot_waveform", {"Plot &Waveform", "波形記錄畫圖"}},
     Caption{"show_plot_hardcopy", {"Plot &Hardcopy", "視窗記錄畫圖"}},
+    Caption{"recent_files", {"&Recent Files", "最近開啟的檔案"}},
+    Caption{"recent_power", {"Power Data", "電力記錄"}},
+    Caption{"recent_harmonics", {"Harmonics", "諧波記錄"}},
+    Caption{"recent_waveform", {"Waveform", "波形記錄"}},
+    Caption{"recent_hardcopy", {"Hardcopy", "視窗記錄"}},
+    Caption{"recent_text", {"View File", "瀏覽檔案"}},
     // The headings of the right-hand column.
     Caption{"settings_heading", {"Meter settings", "電表設定"}},
     Caption{"energy_heading", {"Energy and demand", "電能與需量"}},

@@ -22,6 +22,12 @@ const std::vector<MenuEntry> plain_entries = {
     {"zmenu", "show_plot_harmonics", "Plot &Harmonics", Entry::disabled},
     {"zmenu", "show_plot_waveform", "Plot &Waveform", Entry::disabled},
     {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy"},
+    {"zmenu", "recent_files", "&Recent Files", Entry::disabled},
+    {"recent_files", "recent_power", "Power Data"},
+    {"recent_files", "recent_harmonics", "Harmonics"},
+    {"recent_files", "recent_waveform", "Waveform"},
+    {"recent_files", "recent_hardcopy", "Hardcopy"},
+    {"recent_files", "recent_text", "View File"},
     {"zmenu", "quit", "E&xit"},
     {"", "view_harmonics", "Harmonics"},
     {"view_harmonics", "show_percentage", "%"},
@@ -50,8 +56,17 @@ constexpr std::array<std::string_view, 2> languages = {"English", "Chinese"};
 constexpr std::array<std::string_view, 6> manuals = {"English", "French",  "German",
                                                      "Spanish", "Italian", "Portuguese"};
 
+constexpr std::string_view recent_files = "recent_files";
+
+void add_recent_entries(std::vector<MenuEntry>& entries) {
+  for (const MenuEntry& menu : plain_entries)
+    for (int index = 0; menu.parent == recent_files && index < recent_entries; ++index)
+      entries.push_back({menu.name, element(menu.name, index), ""});
+}
+
 std::vector<MenuEntry> all_entries() {
   std::vector<MenuEntry> entries = plain_entries;
+  add_recent_entries(entries);
   for (int port = first_port_number; port <= last_port_number; ++port)
     entries.push_back({"comm_port", element("port_number", port), "COM " + std::to_string(port)});
   for (std::size_t k = 0; k < languages.size(); ++k)
@@ -63,6 +78,8 @@ std::vector<MenuEntry> all_entries() {
 }
 
 }  // namespace
+
+std::string recent_menu(std::string_view kind) { return "recent_" + std::string(kind); }
 
 std::span<const MenuEntry> menu_entries() {
   static const std::vector<MenuEntry> entries = all_entries();

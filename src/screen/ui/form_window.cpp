@@ -2,12 +2,16 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPixmap>
 #include <QPushButton>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QUrl>
 #include <utility>
 
 #include "screen/ui/fonts.h"
@@ -25,6 +29,13 @@ class NoInput : public UserInput {
   void run_now(std::function<void()>) override {}
   bool busy() const override { return false; }
 };
+
+Lines dropped_files(const QDropEvent& event) {
+  Lines paths;
+  for (const QUrl& url : event.mimeData()->urls())
+    if (url.isLocalFile()) paths.push_back(from_qt(url.toLocalFile()));
+  return paths;
+}
 
 }  // namespace
 
@@ -46,6 +57,7 @@ FormWindow::FormWindow(Window& window, UserInput& input, const FormDesign& desig
   menuBar()->setFont(with_pixel_size(text_font(), menu_pixels));
   QWidget* const content = design.build(*this);
   setCentralWidget(content);
+  accept_drops();
   setFocus();  // otherwise a button would have the keyboard focus at the start
   setMinimumSize(design.smallest);
   resize(design.start.boundedTo(screen()->availableSize() - window_frame).expandedTo(design.smallest));
@@ -126,6 +138,21 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // the logic decides whether the window closes
   const auto close = [&values = window_] { values.closed(); };
   window_.closing() == Closing::at_once ? input_.run_now(close) : input_.run_input(close);
+}
+
+// A box would put the file's address into its text.
+void FormWindow::accept_drops() {
+  setAcceptDrops(true);
+  for (QLineEdit* box : findChildren<QLineEdit*>()) box->setAcceptDrops(false);
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!dropped_files(*event).empty()) event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  input_.run_input([&values = window_, paths = dropped_files(*event)] { values.dropped(paths); });
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {

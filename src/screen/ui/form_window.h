@@ -90,6 +90,8 @@ class FormWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
@@ -102,6 +104,7 @@ class FormWindow : public QMainWindow {
 
   void apply_look(Look look);
   void come_to_front();
+  void accept_drops();
   void show_followed();
 
   Window& window_;
