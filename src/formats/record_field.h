@@ -17,13 +17,16 @@ inline constexpr std::string_view line_end = "\r\n";
 // A text longer than ten characters keeps its last ten.
 std::string record_field(std::string_view text);
 
+// The text without the blanks around it.
+std::string_view without_blanks(std::string_view text);
+
 // Whether a field of this text loses its minus sign: "-0.045KVARH" has eleven characters.
 bool loses_sign(std::string_view text);
 
 // One line of a data file, without its line end.
 struct RecordLine {
   std::string text;
-  bool sign_cut = false;        // a field has lost its minus sign
+  bool sign_cut = false;       // a field has lost its minus sign
   std::string_view refusal{};  // said to the user instead of recording the line
 };
 

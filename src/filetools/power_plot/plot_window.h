@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,6 +13,7 @@
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/power_chart.h"
 #include "filetools/power_plot/power_plot.h"
+#include "filetools/reading_progress.h"
 #include "link/link_state.h"
 #include "platform/platform.h"
 #include "screen/windows.h"
@@ -40,9 +40,6 @@ class PlotWindow {
   void select(std::size_t choice);
   void choose_part();
   void plot(const PlotRequest& request);
-  bool show_progress(std::uint64_t done, std::uint64_t length);
-  void begin_reading();
-  void end_reading();
   void take(std::shared_ptr<const PowerPlot> plot);
   void show_choices();
   void draw();
@@ -62,9 +59,7 @@ class PlotWindow {
   PlotLook look_;
   std::shared_ptr<const PowerPlot> plot_;  // what is drawn; null when the chart is empty
   std::function<void(const std::string& path)> opened_;
-  bool reading_ = false;
-  bool cancelled_ = false;
-  double shown_s_ = 0;  // when the progress was last shown
+  ReadingProgress reading_{platform_.clock, window_, {processing_panel, plot_progress, plot_cancel}};
 };
 
 }  // namespace halden
