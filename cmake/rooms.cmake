@@ -66,6 +66,22 @@ function(halden_qt_room name)
   target_compile_definitions(halden_${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 endfunction()
 
+# halden_qt_library(NAME FOLDER dir QT components... USES rooms...): a folder and all rooms it uses as a library that a
+# program loads when it needs it.
+function(halden_qt_library name)
+  cmake_parse_arguments(LIBRARY "" "FOLDER" "USES;QT" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${LIBRARY_FOLDER}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${LIBRARY_FOLDER}/*.h)
+  add_library(${name} MODULE ${sources})
+  set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  halden_check_includes(${name} ${LIBRARY_FOLDER} USES ${LIBRARY_USES} FILES ${sources} ${headers})
+  list(TRANSFORM LIBRARY_USES PREPEND halden_)
+  list(TRANSFORM LIBRARY_QT PREPEND Qt6::)
+  set_target_properties(${LIBRARY_USES} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_link_libraries(${name} PRIVATE ${LIBRARY_USES} ${LIBRARY_QT} halden_warnings)
+  install(TARGETS ${name} LIBRARY DESTINATION lib/halden)
+endfunction()
+
 # halden_program(NAME FOLDER dir USES rooms...): a program from the main.cpp of a folder.
 function(halden_program name)
   cmake_parse_arguments(PROGRAM "" "FOLDER" "USES" ${ARGN})

@@ -5,7 +5,9 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/plot_command.h"
 #include "cli/points_command.h"
+#include "cli/qt/offscreen_library.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
 #include "platform/qt/core/qt_files.h"
@@ -49,6 +51,7 @@ int main(int argc, char** argv) {
   halden::add_set_command(app, chosen);
   halden::add_logger_command(app, chosen);
   halden::add_points_command(app, files, chosen);
+  halden::add_plot_command(app, files, halden::open_offscreen, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

@@ -1,13 +1,20 @@
 // Charts as pictures, and texts, for other programs: on the clipboard and in files.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/files.h"
 
 namespace halden {
 
 struct Chart;
+
+enum class PictureKind { png, svg, pdf };
+
+// By the ending of the path, in small or capital letters; nothing for any other.
+std::optional<PictureKind> picture_kind(std::string_view path);
 
 class Pictures {
  public:
@@ -16,7 +23,7 @@ class Pictures {
   virtual void copy_chart(const Chart& chart) = 0;
   virtual void copy_text(const std::string& text) = 0;
 
-  // The ending of `path` (UTF-8) says what is written: ".svg", ".pdf", otherwise a PNG.
+  // The ending of `path` (UTF-8) says what is written; without one of the three it is a PNG.
   virtual FileFailure save_chart(const Chart& chart, const std::string& path) = 0;
 };
 

@@ -87,6 +87,7 @@ void Window::apply_captions(Language language) {
   for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
   for (const Caption& tooltip : tooltips_) set_tooltip(tooltip.control, tooltip.text.in(language));
   for (const Caption& name : accessible_names_) set_accessible_name(name.control, name.text.in(language));
+  if (language_changed_) language_changed_();
 }
 
 void Window::restore_caption(std::string_view control, Language language) {

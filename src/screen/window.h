@@ -105,7 +105,7 @@ class Window {
   void set_captions(std::span<const Caption> captions) { captions_ = captions; }
   void set_tooltips(std::span<const Caption> tooltips) { tooltips_ = tooltips; }
   void set_accessible_names(std::span<const Caption> names) { accessible_names_ = names; }
-  void apply_captions(Language language);
+  void apply_captions(Language language);  // and runs the handler of on_language
   void restore_caption(std::string_view control, Language language);
 
   // ---- the window itself ----
@@ -132,6 +132,9 @@ class Window {
 
   // Files dropped on the window: their paths, in UTF-8.
   void on_drop(std::function<void(const Lines& paths)> handler) { dropped_ = std::move(handler); }
+
+  // For texts that are no captions: those of results and charts are written anew.
+  void on_language(Handler handler) { language_changed_ = std::move(handler); }
 
   // Called at the moment of a click, also in a wait without input, after which the click itself follows. It
   // may only take note of values.
@@ -173,6 +176,7 @@ class Window {
   Handlers changes_;
   Handler resized_;
   Handler closed_;
+  Handler language_changed_;
   std::function<void(const Lines&)> dropped_;
   Closing closing_ = Closing::waits;
 };

@@ -4,10 +4,11 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/live_command.h"
-#include "cli/points_command.h"
+#include "cli/plot_options.h"
 #include "cli/port_argument.h"
 #include "cli/set_command.h"
 #include "cli/status_command.h"
+#include "filetools/power_plot/points_csv.h"
 #include "formats/record_field.h"
 #include "platform/virtual/virtual_files.h"
 #include "platform/virtual/virtual_world.h"
@@ -44,17 +45,21 @@ TEST(PointsCommand, OneLineAPointOrOneSentence) {
                         record("12:30:48", "0.231KV") + record("12:30:50", "229.9V");
   const std::string head = "first_record,last_record,date,time,maximum,minimum,readings,unit\n";
   const PlaceRange rest = {RecordPlace{2, {}, {}}, read_record_place("12:30:49")};
-  const std::tuple<PointsOptions, std::string> rows[] = {
+  const std::tuple<PlotOptions, std::string> rows[] = {
       {{"f", "", {}},
        "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,,,0,0,0,V\n"
        "3,3,03-15-2024,12:30:48,231,231,1,V\n4,4,03-15-2024,12:30:50,229.9,229.9,1,V\n"},
       {{"f", "V1", rest}, "2,2,,,0,0,0,KV\n3,3,03-15-2024,12:30:48,0.231,0.231,1,KV\n"},
       {{"f", "P_SYS", rest, MissingReadings::left_out},
        "2,2,,,,,0,KW\n3,3,03-15-2024,12:30:48,1.25,1.25,1,KW\n"}};
-  for (const auto& [options, lines] : rows) EXPECT_EQ(read_points(files, options).lines, head + lines);
-  EXPECT_EQ(read_points(files, {"f", "V2", {}}).failure, "The file has no column V2.");
-  EXPECT_EQ(read_points(files, {"g", "", {}}).failure, "File not found");
-  EXPECT_EQ(read_points(files, {"f", "", {RecordPlace{5, {}, {}}, {}}}).failure,
+  for (const auto& [options, lines] : rows) {
+    const PlotResult result = read_plot(files, options);
+    ASSERT_TRUE(result.plot) << result.failure;
+    EXPECT_EQ(points_csv(*result.plot, options.missing), head + lines);
+  }
+  EXPECT_EQ(read_plot(files, {"f", "V2", {}}).failure, "The file has no column V2.");
+  EXPECT_EQ(read_plot(files, {"g", "", {}}).failure, "File not found");
+  EXPECT_EQ(read_plot(files, {"f", "", {RecordPlace{5, {}, {}}, {}}}).failure,
             "start record > total records");
 }
 

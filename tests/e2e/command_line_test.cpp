@@ -14,7 +14,8 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
   const std::pair<int, std::vector<const char*>> rows[] = {
       {0,
        {"halden --help", "halden --version", "haldenctl --help", "haldenctl --version",
-        "haldenctl live --version", "haldenctl logger list --version", "haldenctl set -h", "halden-meter --help", "halden-meter --version"}},
+        "haldenctl live --version", "haldenctl logger list --version", "haldenctl set -h",
+        "halden-meter --help", "halden-meter --version"}},
       {2,
        {"haldenctl",
         "haldenctl measure",
@@ -56,7 +57,9 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
       {"haldenctl logger clear --port demo",
        "clear: all files in the meter would be erased; give --yes to do that\n"},
       {"sh -c \"exec haldenctl record --port demo --out ''\"",
-       "--out: expected the name of a file, not \"\"\n"}};
+       "--out: expected the name of a file, not \"\"\n"},
+      {"haldenctl plot a --out a.gif",
+       "--out: expected a file that ends in .png, .svg or .pdf, not \"a.gif\"\n"}};
   for (const auto& [command, sentence] : mistakes)
     EXPECT_TRUE(run(command).errors.starts_with(sentence)) << run(command).errors;
   for (const std::string printed : {"halden --help", "haldenctl --help", "halden-meter --version"}) {
@@ -114,6 +117,35 @@ TEST(CommandLine, PointsOfAFileNeedNoMeter) {
             "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
             "1,1,03-15-2024,12:30:44,230.1,230.1,1,V\n2,2,03-15-2024,12:30:44,230.1,230.1,1,V\n");
   EXPECT_EQ(run(there + "none").errors, "File not found\n");
+}
+
+TEST(CommandLine, PicturesNeedNoDisplay) {
+  TempFolder folder;
+  std::string file = "1P2W,Hz=60\nnames\n";
+  for (int record = 0; record < 3600; ++record) {
+    file += "03-15-2024,  12:30:44,    230.1V,";
+    for (int field = 3; field < 17; ++field) file += "    ------,";
+    file += "\n";
+  }
+  folder.write("day.csv", file.c_str());
+  const std::string plot =
+      no_display + "-C " + (folder / "") + " QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=2 haldenctl plot day.csv ";
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"--to 3599 --stats Mean --out a.PNG", "\x89PNG", ""},
+      {"--from 12:30 --out a.pdf", "%PDF-", ""},
+      {"--stats mean-and-minmax --out a.svg", "<?xml",
+       "Records more than 3600, STATIStics function disabled\n"}};
+  for (const auto& [options, begins, told] : rows) {
+    const Ended ended = run(plot + options);
+    EXPECT_EQ(ended.exit_code, 0) << options;
+    EXPECT_EQ(ended.output + ended.errors, told) << options;
+    const std::string picture = std::string(options).substr(std::string(options).find("a."));
+    EXPECT_TRUE(folder.read(picture.c_str()).starts_with(begins)) << options;
+  }
+  EXPECT_NE(folder.read("a.svg").find("day.csv · 1P2W · 3600 records"), std::string::npos);
+  const Ended no_folder = run(plot + "--out none/a.png");
+  EXPECT_EQ(no_folder.exit_code, 1);
+  EXPECT_EQ(no_folder.errors, "none/a.png: folder gone.\n");
 }
 
 }  // namespace

@@ -81,9 +81,9 @@ QImage chart_image(const Chart& chart, const ChartPart& part, QSize layout, doub
   return image;
 }
 
-QByteArray chart_file(ChartFile kind, const Chart& chart, const ChartPart& part, QSize layout) {
-  if (kind == ChartFile::png) return to_png(chart, part, layout);
-  return kind == ChartFile::svg ? to_svg(chart, part, layout) : to_pdf(chart, part, layout);
+QByteArray chart_file(PictureKind kind, const Chart& chart, const ChartPart& part, QSize layout) {
+  if (kind == PictureKind::png) return to_png(chart, part, layout);
+  return kind == PictureKind::svg ? to_svg(chart, part, layout) : to_pdf(chart, part, layout);
 }
 
 }  // namespace halden

@@ -9,6 +9,7 @@
 
 #include "chart/axes.h"
 #include "chart/chart.h"
+#include "platform/pictures.h"
 
 class QPaintDevice;
 
@@ -22,9 +23,7 @@ void paint_chart(QPaintDevice& device, const QRectF& place, const Chart& chart, 
 // A picture of `layout` times `scale` pixels; texts and lines are as much larger.
 QImage chart_image(const Chart& chart, const ChartPart& part, QSize layout, double scale);
 
-enum class ChartFile { png, svg, pdf };
-
 // The content of a file. PNG is twice as fine as the screen; the size in print is that on the screen.
-QByteArray chart_file(ChartFile kind, const Chart& chart, const ChartPart& part, QSize layout);
+QByteArray chart_file(PictureKind kind, const Chart& chart, const ChartPart& part, QSize layout);
 
 }  // namespace halden

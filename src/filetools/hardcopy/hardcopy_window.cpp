@@ -34,6 +34,7 @@ void HardcopyWindow::connect() {
   form_.on_click(printer_entry, [this] { print(); });
   form_.on_click(print_button, [this] { print(); });
   form_.on_close([this] { close(); });
+  form_.on_language([this] { show_hint(); });
   link_.exchange.on_ended([this] {
     if (paused_) link_.polling.stop_polling();  // every exchange resumes it at its end
   });
@@ -41,7 +42,7 @@ void HardcopyWindow::connect() {
 
 void HardcopyWindow::open() {
   stop_polling();
-  if (hc_file_name_.empty()) form_.set_text(status_hint, no_file_open.in(link_.state.language));
+  show_hint();
   form_.show();
 }
 
@@ -87,13 +88,13 @@ void HardcopyWindow::open_file(const std::string& path) {
 void HardcopyWindow::draw() {
   stop_polling();
   clear();
-  if (hc_file_name_.empty()) return form_.set_text(status_hint, no_file_open.in(link_.state.language));
+  if (hc_file_name_.empty()) return show_hint();
   read();
   if (!file_.pictures.empty()) {
     if (opened_) opened_(hc_file_name_);
     return show_picture();
   }
-  form_.set_text(status_hint, not_opened.with(link_.state.language, {hc_file_name_}));
+  show_hint();
   platform_.dialogs.message({std::string(open_failure_message(file_.failure)), "", Icon::none});
 }
 
@@ -126,7 +127,17 @@ void HardcopyWindow::show_picture() {
   form_.set_text(hardcopy_name, name_of(hc_file_name_));
   form_.set_lines(hardcopy_picture, dot_lines(picture));
   form_.set_visible(next_entry, file_.pictures.size() > 1);
-  form_.set_text(status_hint, hardcopy_hint(file_, shown_, link_.state.language));
+  show_hint();
+}
+
+void HardcopyWindow::show_hint() {
+  const Language language = link_.state.language;
+  if (!file_.pictures.empty())
+    form_.set_text(status_hint, hardcopy_hint(file_, shown_, language));
+  else if (hc_file_name_.empty())
+    form_.set_text(status_hint, no_file_open.in(language));
+  else
+    form_.set_text(status_hint, not_opened.with(language, {hc_file_name_}));
 }
 
 // Behind the last picture comes the first one.

@@ -47,6 +47,7 @@ class HardcopyWindow {
   void clear();
   void read();
   void show_picture();
+  void show_hint();
   void show_next();
   void print();
 

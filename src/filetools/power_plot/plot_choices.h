@@ -27,6 +27,17 @@ inline constexpr std::array<PlotChoice, power_quantity_count> plot_choices = {
      {"P_SYS", "W"}, {"S_SYS", "VA"}, {"Q_SYS", "VAR"}, {"PF_SYS", ""},   {"WH", "WH"},    {"SH", "VAH"},
      {"QH", "VARH"}, {"PFH", ""},     {"W(AD)", "W"},   {"VA(AD)", "VA"}, {"W(MD)", "W"},  {"VA(MD)", "VA"}}};
 
+// What the Status menu draws over the chart, in the order of Statistics.
+inline constexpr std::array<std::string_view, 9> statistic_captions = {"None",
+                                                                       "Mean",
+                                                                       "MinMax",
+                                                                       "Mean and MinMax",
+                                                                       "StdDev",
+                                                                       "StdDev and Mean",
+                                                                       "StdDev and MinMax",
+                                                                       "StdDev and MinMax and Mean",
+                                                                       "BestFit"};
+
 // Its place in the menu; nothing for another caption.
 std::optional<std::size_t> plot_choice(std::string_view caption);
 

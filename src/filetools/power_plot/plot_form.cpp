@@ -17,15 +17,6 @@ const Captions scales = {{0, "Auto"}, {1, "Ymin"}, {2, "Ymax"}};
 const Captions x_labels = {{0, "Time"}, {1, "Sequence"}};
 const Captions titles = {{0, "X Title"}, {1, "Y Title"}, {3, "No X Title"}, {4, "No Y Title"}};
 const Captions grids = {{0, "None"}, {1, "Horizontal"}, {2, "Vertical"}, {3, "Both"}};
-const Captions statistics = {{0, "None"},
-                             {1, "Mean"},
-                             {2, "MinMax"},
-                             {3, "Mean and MinMax"},
-                             {4, "StdDev"},
-                             {5, "StdDev and Mean"},
-                             {6, "StdDev and MinMax"},
-                             {7, "StdDev and MinMax and Mean"},
-                             {8, "BestFit"}};
 
 void add_items(std::vector<MenuEntry>& entries, std::string_view menu, std::string_view item,
                const Captions& captions) {
@@ -53,7 +44,9 @@ std::vector<MenuEntry> all_entries() {
   add_items(entries, "Grid", "set_grid", grids);
   entries.push_back({"", "ZoomIn", "&Zoom", Entry::disabled});
   entries.push_back({"", "Status", "Status", Entry::disabled});
-  add_items(entries, "Status", "StatOption", statistics);
+  for (std::size_t index = 0; index < statistic_captions.size(); ++index)
+    entries.push_back(
+        {"Status", element("StatOption", static_cast<int>(index)), std::string(statistic_captions[index])});
   entries.push_back({"", "clear_graphics", "&Clear"});
   entries.push_back({"", "Pgraphics", "&Print"});
   return entries;

@@ -50,6 +50,7 @@ void PlotWindow::connect() {
         look_.missing == MissingReadings::as_zero ? MissingReadings::left_out : MissingReadings::as_zero;
     draw();
   });
+  window_.on_language([this] { plot_ ? draw() : show_empty(); });
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
     reading_.cancel();

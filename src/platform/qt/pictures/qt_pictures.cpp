@@ -1,4 +1,4 @@
-#include "app/ui/qt_pictures.h"
+#include "platform/qt/pictures/qt_pictures.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,11 +13,6 @@ namespace {
 constexpr QSize layout(1100, 470);  // as large as on the screen
 constexpr double copied_scale = 2;
 
-ChartFile kind_of(const QString& path) {
-  if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) return ChartFile::svg;
-  return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ? ChartFile::pdf : ChartFile::png;
-}
-
 }  // namespace
 
 void QtPictures::copy_chart(const Chart& chart) {
@@ -27,7 +22,8 @@ void QtPictures::copy_chart(const Chart& chart) {
 void QtPictures::copy_text(const std::string& text) { QGuiApplication::clipboard()->setText(to_qt(text)); }
 
 FileFailure QtPictures::save_chart(const Chart& chart, const std::string& path) {
-  const QByteArray content = chart_file(kind_of(to_qt(path)), chart, whole_of(chart), layout);
+  const QByteArray content =
+      chart_file(picture_kind(path).value_or(PictureKind::png), chart, whole_of(chart), layout);
   return files_.replace(path, std::string_view(content.data(), static_cast<std::size_t>(content.size())));
 }
 

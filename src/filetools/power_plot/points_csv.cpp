@@ -1,0 +1,39 @@
+#include "filetools/power_plot/points_csv.h"
+
+#include <array>
+#include <charconv>
+#include <optional>
+#include <string_view>
+
+#include "filetools/power_plot/plot_choices.h"
+
+namespace halden {
+
+namespace {
+
+constexpr std::string_view head = "first_record,last_record,date,time,maximum,minimum,readings,unit\n";
+
+void add_value(std::string& lines, const std::optional<double>& value) {
+  std::array<char, 32> digits;
+  if (value) lines.append(digits.data(), std::to_chars(digits.data(), digits.data() + 32, *value).ptr);
+  lines += ',';
+}
+
+}  // namespace
+
+std::string points_csv(const PowerPlot& plot, MissingReadings missing) {
+  const std::string unit = unit_of(plot.choice, plot.prefix) + "\n";
+  std::string lines(head);
+  for (std::size_t index = 0; index < plot.points.size(); ++index) {
+    const PlotPoint& point = plot.points[index];
+    const RecordRange records = plot.records_of(index);
+    lines += std::to_string(records.first) + "," + std::to_string(records.last) + ",";
+    lines += point.date + "," + point.time + ",";
+    add_value(lines, point.maximum(missing));
+    add_value(lines, point.minimum(missing));
+    lines += std::to_string(point.readings) + "," + unit;
+  }
+  return lines;
+}
+
+}  // namespace halden
