@@ -18,6 +18,8 @@ Program::Program(const Platform& outside, const StartOptions& start_options)
   platform.timer2.set_period_ms(designed_poll_period_ms);
   live.recording.on_started([this] { hardcopy.resume_polling(); });
   files.connect(FileKind::power, "OpenPlotFile", plot);
+  files.connect(FileKind::harmonics, "show_plot_harmonics", playback);
+  files.connect(FileKind::waveform, "show_plot_waveform", playback);
   files.connect(FileKind::hardcopy, "show_plot_hardcopy", hardcopy);
   files.read_recent();
   platform.timer1.on_tick([this] {

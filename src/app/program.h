@@ -11,6 +11,7 @@
 #include "app/start_options.h"
 #include "app/stored_files.h"
 #include "filetools/hardcopy/hardcopy_window.h"
+#include "filetools/playback/playback_window.h"
 #include "filetools/power_plot/plot_window.h"
 #include "link/link.h"
 #include "logger/logger_window.h"
@@ -30,6 +31,7 @@ struct Program {
   Live live{platform, shared, link, options.work_folder, options.temporary_folder};
   LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
   PlotWindow plot{platform, shared.windows, shared.meter_rec, link.state};
+  PlaybackWindow playback{platform, shared.windows, shared.meter_rec, link.state, link.status};
   HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
   StoredFiles files{platform.files, shared.windows, shared.meter_rec, recent_files_path(options.work_folder)};
   Application application{platform, options, shared, link, live};

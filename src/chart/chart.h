@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -73,6 +74,7 @@ struct StatisticNames {
 struct Chart {
   ChartKind kind = ChartKind::line;
   ChartColours colours = ChartColours::colour;
+  std::uint32_t subject = 0;  // charts that differ here never show the same subject
   std::string title;
   std::string x_title;
   std::string y_title;

@@ -4,6 +4,7 @@
 
 #include "app/ui/meter_rec.h"
 #include "filetools/hardcopy/ui/hardcopy_form_design.h"
+#include "filetools/playback/ui/playback_form_design.h"
 #include "filetools/power_plot/ui/plot_form_design.h"
 #include "live/phasors/ui/phasor_form.h"
 #include "logger/ui/logger_form_design.h"
@@ -21,6 +22,7 @@ constexpr std::array forms = {
     Form{"MeterRec", [](const Windows&) { return meter_rec_design(); }},
     Form{"PhasorForm", [](const Windows&) { return phasor_form_design(); }},
     Form{"PlotFile", [](const Windows&) { return plot_form_design(); }},
+    Form{"P_Harmo", [](const Windows&) { return playback_form_design(); }},
     Form{"HC_window", [](const Windows&) { return hardcopy_form_design(); }},
     Form{"Logger", [](const Windows& windows) { return logger_form_design(windows["CHKSPEED"]); }}};
 

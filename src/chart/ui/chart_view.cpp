@@ -12,6 +12,7 @@
 #include "chart/ui/chart_paper.h"
 #include "chart/ui/chart_plot.h"
 #include "screen/ui/card.h"
+#include "screen/ui/form_window.h"
 #include "screen/ui/mirror.h"
 
 namespace halden {
@@ -220,6 +221,16 @@ void ChartView::focusInEvent(QFocusEvent* event) {
 void ChartView::focusOutEvent(QFocusEvent* event) {
   QWidget::focusOutEvent(event);
   update();
+}
+
+ChartView* tied_chart(std::string_view control, FormWindow& form) {
+  auto* const chart = new ChartView(form.theme(), &form);
+  chart->setObjectName(to_qt(control));
+  form.mirror().tie(std::string(control), [chart](const Control& now) {
+    chart->set_chart(now.chart);
+    if (chart->accessibleName().isEmpty()) chart->setAccessibleName(to_qt(now.accessible_name));
+  });
+  return chart;
 }
 
 }  // namespace halden

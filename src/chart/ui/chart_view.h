@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "chart/axes.h"
 #include "chart/chart.h"
@@ -17,6 +18,7 @@
 namespace halden {
 
 class ChartPlot;
+class FormWindow;
 
 class ChartView : public QWidget {
   Q_OBJECT
@@ -79,5 +81,9 @@ class ChartView : public QWidget {
   QPointF dragged_from_;
   bool dragging_ = false;
 };
+
+// A view that shows the chart of a control of the window. A chart without titles has the control's accessible
+// name.
+ChartView* tied_chart(std::string_view control, FormWindow& form);
 
 }  // namespace halden

@@ -88,7 +88,10 @@ QProgressBar::chunk { background: @accent@; }
 QScrollBar:horizontal { background: @background@; height: 18px; border: 1px solid @line@; border-radius: 4px; }
 QScrollBar::handle:horizontal { background: @edge@; min-width: 28px; border-radius: 3px; margin: 2px; }
 QScrollBar::handle:horizontal:hover { background: @accent@; }
-QScrollBar::add-line, QScrollBar::sub-line { width: 0; }
+QScrollBar:vertical { background: @background@; width: 18px; border: 1px solid @line@; border-radius: 4px; }
+QScrollBar::handle:vertical { background: @edge@; min-height: 28px; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:vertical:hover { background: @accent@; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 )";
 
 QColor mix(const QColor& a, const QColor& b) {

@@ -1,0 +1,97 @@
+#include "cli/playback_command.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <utility>
+
+#include "cli/picture_argument.h"
+#include "cli/process_io.h"
+#include "cli/session.h"
+#include "filetools/playback/playback_chart.h"
+
+namespace halden {
+
+namespace {
+
+int end_with(const std::string& failure) {
+  write_remark(failure + "\n");
+  return exit_failed;
+}
+
+int run(Files& files, const OpenOffscreen& open_offscreen, const PlaybackCommand& command) {
+  const PlaybackChart result = chart_of_record(files, command);
+  if (!result.chart) return end_with(result.failure);
+  const OffscreenStart start = open_offscreen(files);
+  if (!start.offscreen) return end_with(start.failure);
+  return end_with_picture(start.offscreen->pictures().save_chart(*result.chart, command.picture),
+                          command.picture);
+}
+
+void add_orders_option(CLI::App& command, std::int16_t& harmonics_shown) {
+  command
+      .add_option_function<int>(
+          "--orders",
+          [&harmonics_shown](int orders) { harmonics_shown = static_cast<std::int16_t>(orders + 1); },
+          "The highest order that is drawn; 99 if none is given")
+      ->type_name("50|99")
+      ->check(CLI::IsMember({50, 99}));
+}
+
+void add_current_options(CLI::App& command, CurrentScale& currents) {
+  command
+      .add_option("--range", currents.range,
+                  "The meter's current range at the recording, which the file does not hold")
+      ->type_name("0..3")
+      ->check(CLI::Range(0, 3));
+  command.add_option("--clamp", currents.clamp, "The factor of the clamp at the recording")
+      ->type_name("1.0|1.2|3.0")
+      ->check(CLI::IsMember({1.0F, 1.2F, 3.0F}));
+}
+
+std::shared_ptr<PlaybackCommand> add_command(CLI::App& added, WaveFileKind kind, Files& files,
+                                             const OpenOffscreen& open_offscreen, ChosenCommand& chosen) {
+  const auto typed = std::make_shared<PlaybackCommand>();
+  typed->kind = kind;
+  added.add_option("file", typed->file, "The data file")->type_name("FILE")->required();
+  added.add_option("--record", typed->record, "The record, counted from 1; the first one if none is given")
+      ->type_name("NUMBER")
+      ->check(CLI::PositiveNumber);
+  add_picture_option(added, typed->picture);
+  added.callback([typed, &files, open_offscreen, &chosen] {
+    chosen = [typed, &files, open_offscreen](const OpenSession&) {
+      return run(files, open_offscreen, *typed);
+    };
+  });
+  return typed;
+}
+
+}  // namespace
+
+PlaybackChart chart_of_record(Files& files, const PlaybackCommand& command) {
+  const PlaybackOutcome outcome = open_playback(files, command.file, command.kind);
+  if (!outcome.file) return {{}, outcome.refusal.text};
+  const PlaybackFile& file = *outcome.file;
+  const std::string count = std::to_string(file.record_count());
+  if (command.record > file.record_count()) return {{}, "The file has " + count + " records."};
+  const PlayedRecord record = play_record(files, file, command.record, command.shown);
+  if (std::string note = playback_note(record, Language::english); !note.empty())
+    return {{}, std::move(note)};
+  Chart chart = playback_chart(record, Language::english);
+  chart.title = playback_about(file, record, command.shown.currents, Language::english) + " · record " +
+                std::to_string(command.record) + " of " + count + " · " + record.date + " " + record.time;
+  return {std::move(chart), {}};
+}
+
+void add_playback_commands(CLI::App& app, Files& files, const OpenOffscreen& open_offscreen,
+                           ChosenCommand& chosen) {
+  CLI::App* const spectrum =
+      app.add_subcommand("spectrum", "Draw a record of a harmonics data file into a picture");
+  const auto typed_spectrum = add_command(*spectrum, WaveFileKind::harmonics, files, open_offscreen, chosen);
+  add_orders_option(*spectrum, typed_spectrum->shown.harmonics_shown);
+  CLI::App* const waveform =
+      app.add_subcommand("waveform", "Draw a record of a waveform data file into a picture");
+  const auto typed_waveform = add_command(*waveform, WaveFileKind::waveform, files, open_offscreen, chosen);
+  add_current_options(*waveform, typed_waveform->shown.currents);
+}
+
+}  // namespace halden
