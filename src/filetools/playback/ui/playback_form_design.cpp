@@ -124,8 +124,8 @@ QWidget* build(FormWindow& form) {
   page.column->addLayout(build_panels(form));
   auto* const middle = new QHBoxLayout;
   middle->addWidget(tied_chart(playback_chart_name, form), 1);
-  middle->addWidget(build_list(form));
   middle->addWidget(build_scroll_bar(form));
+  middle->addWidget(build_list(form));
   page.column->addLayout(middle, 1);
   auto* const progress = build_progress_row(form, {playback_reading, playback_progress, playback_cancel});
   form.mirror().tie(std::string(playback_reading), [progress](const Control& now) {
