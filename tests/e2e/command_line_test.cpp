@@ -143,6 +143,13 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
     EXPECT_TRUE(folder.read(picture.c_str()).starts_with(begins)) << options;
   }
   EXPECT_NE(folder.read("a.svg").find("day.csv · 1P2W · 3600 records"), std::string::npos);
+  std::string spectrum = "HARMO,INPUT=V1,NO.=51 ,OPTION=%\nnames\n";
+  for (int field = 0; field < 60; ++field) spectrum += field == 8 ? " 50 to 100," : "       1.5,";
+  folder.write("h.csv", spectrum.c_str());
+  const Ended drawn =
+      run(no_display + "-C " + (folder / "") + " haldenctl spectrum h.csv --record 1 --out s.svg");
+  EXPECT_EQ(drawn.exit_code, 0) << drawn.errors;
+  EXPECT_NE(folder.read("s.svg").find("record 1 of 1"), std::string::npos);
   const Ended no_folder = run(plot + "--out none/a.png");
   EXPECT_EQ(no_folder.exit_code, 1);
   EXPECT_EQ(no_folder.errors, "none/a.png: folder gone.\n");
