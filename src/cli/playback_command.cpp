@@ -1,13 +1,18 @@
 #include "cli/playback_command.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
 #include <memory>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "cli/picture_argument.h"
 #include "cli/process_io.h"
 #include "cli/session.h"
 #include "filetools/playback/playback_chart.h"
+#include "readings/numbers.h"
 
 namespace halden {
 
@@ -27,25 +32,42 @@ int run(Files& files, const OpenOffscreen& open_offscreen, const PlaybackCommand
                           command.picture);
 }
 
+std::string expected(const std::string& what, const std::string& typed) {
+  return "expected " + what + ", not \"" + typed + "\"";
+}
+
+std::string check_record(const std::string& text) {
+  constexpr std::size_t most_digits = 9;
+  const bool fits = text.size() <= most_digits && text.find_first_not_of("0123456789") == std::string::npos;
+  return fits && leading_number(text) >= 1 ? std::string() : expected("a record number from 1 on", text);
+}
+
+std::function<std::string(const std::string&)> check_one_of(std::vector<std::string_view> known,
+                                                            std::string what) {
+  return [known = std::move(known), what = std::move(what)](const std::string& text) {
+    return std::ranges::find(known, text) != known.end() ? std::string() : expected(what, text);
+  };
+}
+
 void add_orders_option(CLI::App& command, std::int16_t& harmonics_shown) {
   command
-      .add_option_function<int>(
+      .add_option_function<std::string>(
           "--orders",
-          [&harmonics_shown](int orders) { harmonics_shown = static_cast<std::int16_t>(orders + 1); },
+          [&harmonics_shown](const std::string& text) { harmonics_shown = text == "50" ? 51 : 100; },
           "The highest order that is drawn; 99 if none is given")
       ->type_name("50|99")
-      ->check(CLI::IsMember({50, 99}));
+      ->check(check_one_of({"50", "99"}, "50 or 99"));
 }
 
 void add_current_options(CLI::App& command, CurrentScale& currents) {
   command
       .add_option("--range", currents.range,
                   "The meter's current range at the recording, which the file does not hold")
-      ->type_name("0..3")
-      ->check(CLI::Range(0, 3));
+      ->type_name("0|1|2|3")
+      ->check(check_one_of({"0", "1", "2", "3"}, "0, 1, 2 or 3"));
   command.add_option("--clamp", currents.clamp, "The factor of the clamp at the recording")
       ->type_name("1.0|1.2|3.0")
-      ->check(CLI::IsMember({1.0F, 1.2F, 3.0F}));
+      ->check(check_one_of({"1", "1.0", "1.2", "3", "3.0"}, "1.0, 1.2 or 3.0"));
 }
 
 std::shared_ptr<PlaybackCommand> add_command(CLI::App& added, WaveFileKind kind, Files& files,
@@ -55,7 +77,7 @@ std::shared_ptr<PlaybackCommand> add_command(CLI::App& added, WaveFileKind kind,
   added.add_option("file", typed->file, "The data file")->type_name("FILE")->required();
   added.add_option("--record", typed->record, "The record, counted from 1; the first one if none is given")
       ->type_name("NUMBER")
-      ->check(CLI::PositiveNumber);
+      ->check(check_record);
   add_picture_option(added, typed->picture);
   added.callback([typed, &files, open_offscreen, &chosen] {
     chosen = [typed, &files, open_offscreen](const OpenSession&) {

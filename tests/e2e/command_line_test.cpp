@@ -59,7 +59,10 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
       {"sh -c \"exec haldenctl record --port demo --out ''\"",
        "--out: expected the name of a file, not \"\"\n"},
       {"haldenctl plot a --out a.gif",
-       "--out: expected a file that ends in .png, .svg or .pdf, not \"a.gif\"\n"}};
+       "--out: expected a file that ends in .png, .svg or .pdf, not \"a.gif\"\n"},
+      {"haldenctl spectrum a --out a.png --record 0",
+       "--record: expected a record number from 1 on, not \"0\"\n"},
+      {"haldenctl waveform a --out a.png --clamp 1.3", "--clamp: expected 1.0, 1.2 or 3.0, not \"1.3\"\n"}};
   for (const auto& [command, sentence] : mistakes)
     EXPECT_TRUE(run(command).errors.starts_with(sentence)) << run(command).errors;
   for (const std::string printed : {"halden --help", "haldenctl --help", "halden-meter --version"}) {
