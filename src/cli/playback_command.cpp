@@ -99,8 +99,8 @@ PlaybackChart chart_of_record(Files& files, const PlaybackCommand& command) {
   if (std::string note = playback_note(record, Language::english); !note.empty())
     return {{}, std::move(note)};
   Chart chart = playback_chart(record, Language::english);
-  chart.title = playback_about(file, record, command.shown.currents, Language::english) + " · record " +
-                std::to_string(command.record) + " of " + count + " · " + record.date + " " + record.time;
+  std::string about = playback_about(file, record, command.shown.currents, Language::english);
+  chart.title = playback_title(file, record, std::move(about), Language::english);
   return {std::move(chart), {}};
 }
 

@@ -31,6 +31,7 @@ constexpr Text unknown_range = {"record {}: range of its orders unknown", "第 {
 
 constexpr Text of_order = {"Order {}: {}", "第 {} 次：{}"};
 constexpr Text spectrum_of = {"Harmonics of {}. RMS {}, fundamental {}", "{} 的諧波。有效值 {}，基本波 {}"};
+constexpr Text record_of = {"record {} of {}", "第 {} 筆，共 {} 筆"};
 constexpr Text phase_angles = {"phase angles in °", "相位角（°）"};
 constexpr Text currents_now = {"range {} and clamp {} (not in the file)", "檔位 {} 與鉗表 {}（檔案未記錄）"};
 
@@ -117,6 +118,13 @@ std::string playback_about(const PlaybackFile& file, const PlayedRecord& record,
       currents_now.with(language, {std::to_string(currents.range), format_float(currents.clamp, "0.0")}));
   add(line, scale_text(record.values, record.texts, language));
   return line;
+}
+
+std::string playback_title(const PlaybackFile& file, const PlayedRecord& record, std::string about,
+                           Language language) {
+  add(about, record_of.with(language, {std::to_string(record.number), std::to_string(file.record_count())}));
+  if (record.is_record()) add(about, record.date + " " + record.time);
+  return about;
 }
 
 }  // namespace halden

@@ -20,4 +20,8 @@ std::string playback_note(const PlayedRecord& record, Language language);
 std::string playback_about(const PlaybackFile& file, const PlayedRecord& record, const CurrentScale& currents,
                            Language language);
 
+// Of a picture that leaves the window: that line, "record 17 of 42", date and time.
+std::string playback_title(const PlaybackFile& file, const PlayedRecord& record, std::string about,
+                           Language language);
+
 }  // namespace halden

@@ -85,6 +85,7 @@ void PlaybackWindow::show(WaveFileKind wanted) {
 
 void PlaybackWindow::close() {
   reading_.cancel();
+  next_.reset();
   window_.hide();
 }
 
@@ -97,15 +98,20 @@ void PlaybackWindow::choose_file() {
 
 void PlaybackWindow::open_file(const std::string& path) { plot(path, 1); }
 
-// A refusal leaves the picture as it was.
+// A refusal leaves the picture as it was. What is asked for while a file is being read ends that and follows
+// it.
 void PlaybackWindow::plot(const std::string& path, std::size_t record) {
-  if (reading_.runs()) return;
+  if (reading_.runs()) {
+    next_ = {path, record};
+    return reading_.cancel();
+  }
   window_.set_text(status_hint, "");
   reading_.begin();
   const PlaybackOutcome outcome = open_playback(platform_.files, path, kind(), reading_.progress());
   reading_.end();
+  if (const auto next = std::exchange(next_, std::nullopt)) return plot(next->path, next->record);
   if (!outcome.refusal.text.empty()) return refuse(outcome);
-  if (!outcome.file) return;
+  if (!outcome.file || outcome.file->kind != kind()) return;
   if (opened_) opened_(path);
   take(outcome.file, record);
 }

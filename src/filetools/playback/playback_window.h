@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -40,6 +41,11 @@ class PlaybackWindow {
   void on_opened(std::function<void(const std::string& path)> handler) { opened_ = std::move(handler); }
 
  private:
+  struct Wanted {
+    std::string path;
+    std::size_t record;
+  };
+
   void connect();
   WaveFileKind kind() const;
   CurrentScale currents() const { return {status_.current_range, status_.current_scale}; }
@@ -65,6 +71,7 @@ class PlaybackWindow {
   ChartColours colours_ = ChartColours::colour;
   std::uint32_t plots_ = 0;                   // how often a plot was begun
   std::shared_ptr<const PlaybackFile> file_;  // null while none is open
+  std::optional<Wanted> next_;                // asked for while a file was being read
   std::function<void(const std::string& path)> opened_;
   PlayedRecord record_;  // the one shown
 };
