@@ -90,7 +90,16 @@ TEST(Playback, SpectraAreShownRecordByRecordWithTheHeaderAboveThem) {
   EXPECT_FALSE(has_data(j.chart()) || j.control("List1").lines);
   EXPECT_EQ(j.world.dialogs.messages.size(), 0U);
 
+  j.press("chart_copy");
+  EXPECT_EQ(j.control("status_hint").text, "There is nothing to copy or save yet.");
+
   j.scroll_to(5);
+  j.press("chart_copy_points");
+  EXPECT_TRUE(j.world.pictures.copied_text.starts_with("0\t0\n1\t100\n2\t1.5\n"));
+  j.world.dialogs.file_answers = {"points.csv"};
+  j.press("save_points");
+  EXPECT_EQ(j.world.dialogs.file_questions.back().suggested_name, "a-5-points");
+  EXPECT_TRUE(j.world.files.contents["points.csv"].starts_with("order,value,unit\n0,0,°\n1,100,°\n"));
   EXPECT_EQ(j.control("CF_wave_value").text, "1.41") << "the prefixes of the units count";
   EXPECT_EQ(j.chart().y_title, "I2");
   EXPECT_EQ(j.control("List1").lines->at(99), "H99       1.5D");

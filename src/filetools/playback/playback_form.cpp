@@ -8,6 +8,10 @@ namespace halden {
 namespace {
 
 constexpr std::array captions = {Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
+                                 Caption{"chart_copy", {"&Copy Picture", "複製圖片(&C)"}},
+                                 Caption{"chart_copy_points", {"Copy &Points", "複製數據(&P)"}},
+                                 Caption{"chart_save", {"&Save Picture...", "儲存圖片(&S)..."}},
+                                 Caption{"save_points", {"Save Points as CS&V...", "數據存成 CSV(&V)..."}},
                                  Caption{playback_reading, {"Reading the file", "讀取檔案中"}},
                                  Caption{playback_cancel, {"Cancel", "取消"}}};
 
@@ -21,10 +25,14 @@ constexpr std::array accessible_names = {
 }  // namespace
 
 std::span<const MenuEntry> playback_menu_entries() {
-  static const std::array<MenuEntry, 10> entries = {
+  static const std::array<MenuEntry, 14> entries = {
       {{"", "playback_file_menu", "&File"},
        {"playback_file_menu", "openfileforplot", "&Open"},
        {"playback_file_menu", "read_again", "Read &Again", Entry::disabled},
+       {"playback_file_menu", "chart_copy", ""},
+       {"playback_file_menu", "chart_copy_points", ""},
+       {"playback_file_menu", "chart_save", ""},
+       {"playback_file_menu", "save_points", ""},
        {"playback_file_menu", "exit_plot_harmonics", "E&xit"},
        {"", "playback_option_menu", "&Option"},
        {"playback_option_menu", "set_har_51", "50 Harmonics"},

@@ -10,7 +10,8 @@
 
 namespace halden {
 
-// Its menu tree: the given menus, and an entry of our own for reading a growing file again.
+// Its menu tree: the given menus, and entries of our own for reading a growing file again and for
+// handing the chart and its points on.
 std::span<const MenuEntry> playback_menu_entries();
 
 inline constexpr std::string_view playback_chart_name = "Graph1";

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "chart/chart.h"
+#include "filetools/playback/playback_export.h"
 #include "filetools/playback/playback_file.h"
 #include "filetools/playback/playback_form.h"
 #include "filetools/playback/played_record.h"
@@ -74,6 +75,7 @@ class PlaybackWindow {
   std::optional<Wanted> next_;                // asked for while a file was being read
   std::function<void(const std::string& path)> opened_;
   PlayedRecord record_;  // the one shown
+  PlaybackExport export_{platform_, link_.language, window_, record_, file_};
 };
 
 }  // namespace halden
