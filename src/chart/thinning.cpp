@@ -79,6 +79,14 @@ std::vector<DrawnPoint> drawn_points(const std::vector<double>& points, const Ra
   return drawn;
 }
 
+std::vector<DrawnPoint> lone_points(const std::vector<DrawnPoint>& drawn) {
+  std::vector<DrawnPoint> lone;
+  const auto ends_at = [&drawn](std::size_t k) { return k >= drawn.size() || is_gap(drawn[k].y); };
+  for (std::size_t k = 0; k < drawn.size(); ++k)
+    if (!ends_at(k) && (k == 0 || ends_at(k - 1)) && ends_at(k + 1)) lone.push_back(drawn[k]);
+  return lone;
+}
+
 std::vector<DrawnPoint> band_points(const std::vector<double>& one, const std::vector<double>& other,
                                     const Range& x, std::size_t columns) {
   std::vector<DrawnPoint> drawn;
