@@ -27,9 +27,26 @@ struct PlotJourney : Journey {
     return line + "\r\n";
   }
 
-  void write_file(const std::string& records) {
-    world.files.contents["a.csv"] =
+  void write_file(const std::string& records, const std::string& name = "a.csv") {
+    world.files.contents[name] =
         "1P2W,Hz=50,MD=15,SEC=2,CT=1,VT=1\r\n      DATE,      TIME,        V1\r\n" + records;
+  }
+
+  void write_numbered(const std::string& name, int count, int base = 1000) {
+    std::string records;
+    for (int i = 0; i < count; ++i) records += record("12:00:00", std::to_string(base + i) + ".V", "1.234KW");
+    write_file(records, name);
+  }
+
+  void open(const std::string& name) {
+    world.dialogs.file_answers = {name};
+    press("openfileforplot");
+  }
+
+  // As the chart on the screen tells which of its points are seen.
+  void look_at(int first_point, int last_point) {
+    window("PlotFile").set_range("Graph1", first_point, last_point);
+    window("PlotFile").changed("Graph1");
   }
 
   void press(const std::string& control) { click(control, "PlotFile"); }
@@ -99,14 +116,110 @@ TEST(Plot, TheUserChoosesHowItLooks) {
   j.press("clear_graphics");
   EXPECT_FALSE(has_data(*j.chart()));
   EXPECT_EQ(j.control("plot_about").text, "");
+  j.world.dialogs.input_answers = {"1", "2"};
+  j.press("ZoomIn");
+  EXPECT_EQ(j.points().size(), 2U) << "did nothing after Clear";
+}
+
+// The path was taken over before it was known whether the file can be plotted.
+TEST(Plot, ARefusedOrCancelledFileLeavesFilePartAndLimitsAsTheyWere) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 100);
+  j.write_numbered("big.csv", 20000, 5000);
+  j.world.files.contents["b.csv"] = "no data file\r\n\r\nx\r\n";
+  j.open("a.csv");
+  j.world.dialogs.input_answers = {"10", "20", "-7"};
+  for (const char* entry : {"ZoomIn", "set_scale_1"}) j.press(entry);
+  j.world.user_does(0, [&j] { j.window("PlotFile").press("plot_cancel"); });
+  for (const char* name : {"big.csv", "b.csv"}) {
+    j.open(name);
+    j.press("read_again");
+    EXPECT_EQ(j.points().size(), 11U) << name;
+    EXPECT_EQ(j.points()[0], 1009) << name;
+    EXPECT_EQ(j.chart()->y_low, -7) << name;
+  }
+  j.press("SelectData_24");
+  EXPECT_EQ(j.points().size(), 100U);
+}
+
+TEST(Plot, BeforeTheFirstPlotARefusedFileIsKept) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 1);
+  j.open("a.csv");
+  j.press("SelectData_24");
+  EXPECT_EQ(j.world.dialogs.messages.size(), 2U);
+  EXPECT_TRUE(j.world.dialogs.messages.back().text.starts_with("Only one record")) << "Select says why, too";
+  j.write_numbered("a.csv", 2);
+  j.press("read_again");
+  EXPECT_EQ(j.points().size(), 2U) << "it has grown; F5 was disabled";
+}
+
+// The second file was forgotten.
+TEST(Plot, TheNewestRequestEndsAReadingAndClosingEndsAll) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 3700);
+  j.write_numbered("b.csv", 10, 7000);
+  j.world.user_does(0, [&j] { j.program().plot.open_file("b.csv"); });
+  j.open("a.csv");
+  EXPECT_EQ(j.points().size(), 10U);
+  EXPECT_TRUE(j.world.dialogs.messages.empty());
+  j.world.user_does(0, [&j] { j.window("PlotFile").closed(); });
+  j.open("a.csv");
+  EXPECT_TRUE(j.world.dialogs.messages.empty()) << "a box for a window that is closed";
+  EXPECT_EQ(j.points().size(), 10U);
+}
+
+TEST(Plot, StatisticsEndWithALongFileAlsoForItsParts) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 100);
+  j.write_numbered("b.csv", 5000);
+  j.open("a.csv");
+  j.press("StatOption_7");
+  j.open("b.csv");
+  j.world.dialogs.input_answers = {"1", "3600"};
+  j.press("ZoomIn");
+  EXPECT_FALSE(j.control("Status").enabled);
+  EXPECT_EQ(j.chart()->statistics, Statistics::none) << "the user could not remove them";
+}
+
+// Our entries stand in the menu that sets the title to "Time" when it is opened.
+TEST(Plot, EntriesOfOurOwnKeepTheTitleOfTheXAxis) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 3);
+  j.open("a.csv");
+  j.world.dialogs.input_answers = {"Site 3"};
+  j.press("set_title_0");
+  for (const char* entry : {"openfile", "leave_out", "openfile", "read_again"}) j.press(entry);
+  EXPECT_EQ(j.chart()->x_title, "Site 3");
+}
+
+// 20,000 records: 1667 points of 12. 300 of them are 3600 records, which are drawn one by one.
+TEST(Plot, AViewOfALongFileIsReadAgainWithoutABox) {
+  PlotJourney j;
+  j.write_numbered("a.csv", 20000);
+  j.open("a.csv");
+  j.world.dialogs.messages.clear();
+  j.world.dialogs.input_answers = {"my title"};
+  j.press("set_title_1");
+  const std::size_t subject = j.chart()->subject;
+  j.look_at(100, 399);
+  EXPECT_EQ(j.points().size(), 3600U);
+  EXPECT_EQ(j.points()[0], 1000 + 1200);
+  EXPECT_EQ(j.chart()->y_title, "my title");
+  EXPECT_EQ(j.chart()->subject, subject) << "the height zoomed to is kept";
+  EXPECT_EQ(j.chart()->points_before, 1200);
+  j.look_at(-1200, 18799);
+  EXPECT_EQ(j.points().size(), 1667U) << "the whole again";
+  j.world.files.contents.erase("a.csv");
+  j.look_at(0, 9);
+  EXPECT_EQ(j.control("status_hint").text, "File not found");
+  EXPECT_TRUE(j.world.dialogs.messages.empty());
 }
 
 // 3601 records: three to a point, 1201 points.
 TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   PlotJourney j;
-  std::string records;
-  for (int i = 0; i < 3601; ++i) records += j.record("12:00:00", std::to_string(1000 + i) + ".V", "1.234KW");
-  j.write_file(records);
+  j.write_numbered("a.csv", 3601);
   j.world.dialogs.file_answers = {"a.csv"};
   j.press("openfileforplot");
   EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"Records more than 3600, STATIStics function disabled"});

@@ -13,7 +13,6 @@
 #include "filetools/power_plot/plot_form.h"
 #include "screen/meter_rec/panels.h"
 #include "screen/ui/bottom_row.h"
-#include "screen/ui/elided_label.h"
 #include "screen/ui/fonts.h"
 #include "screen/ui/menu_builder.h"
 
@@ -67,10 +66,13 @@ QWidget* build_processing(FormWindow& form) {
 }
 
 QLabel* build_line(std::string_view control, FormWindow& form) {
-  auto* const label = new ElidedLabel(0);
+  auto* const label = new QLabel;
+  label->setWordWrap(true);  // paper has no tooltip that could say the rest
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
   label->setObjectName(to_qt(control));
   label->setTextFormat(Qt::PlainText);
   label->setFont(with_pixel_size(text_font(), line_pixels));
+  set_role(*label, Role::quiet);
   form.mirror().tie(std::string(control), *label);
   return label;
 }
@@ -78,9 +80,13 @@ QLabel* build_line(std::string_view control, FormWindow& form) {
 QWidget* build_chart(FormWindow& form) {
   auto* const chart = new ChartView(form.theme(), &form);
   chart->setObjectName(to_qt(plot_chart));
+  chart->set_drag(ChartView::Drag::selects);
   form.mirror().tie(std::string(plot_chart), [chart](const Control& now) {
-    chart->setAccessibleName(to_qt(now.accessible_name));
     chart->set_chart(now.chart);
+    if (chart->accessibleName().isEmpty()) chart->setAccessibleName(to_qt(now.accessible_name));
+  });
+  QObject::connect(chart, &ChartView::view_settled, &form, [&form](int first, int last) {
+    form.mirror().choose_range(std::string(plot_chart), first, last);
   });
   return chart;
 }
