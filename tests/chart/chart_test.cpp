@@ -160,7 +160,9 @@ std::string text_of(const std::vector<DrawnPoint>& points) {
 }
 
 TEST(Thinning, EveryColumnKeepsItsExtremes) {
-  EXPECT_EQ(text_of(drawn_points({0, 5, 1, -2, 3, 3, gap, gap}, {0, 8}, 2)), "0:0 1:-2 1:5 5:3 7:gap ");
+  EXPECT_EQ(text_of(drawn_points({0, 5, 1, -2, 3, 3, gap, gap}, {0, 8}, 2)), "0:0 1:-2 1:5 5:3 ");
+  EXPECT_EQ(text_of(drawn_points({1, 2, 3, 4}, {-8, 8}, 1)), "-4:1 -4:4 ")
+      << "its ends stand in columns, too";
   EXPECT_EQ(text_of(drawn_points({4, gap, 6}, {0.5, 1.5}, 100)), "0:4 1:gap 2:6 ");
   EXPECT_EQ(text_of(drawn_points({}, {0, 1}, 100)), "");
   std::vector<double> spike(100000, 0.0);

@@ -43,6 +43,11 @@ struct PlotJourney : Journey {
     press("openfileforplot");
   }
 
+  void open_numbered(int count) {
+    write_numbered("a.csv", count);
+    open("a.csv");
+  }
+
   // As the chart on the screen tells which of its points are seen.
   void look_at(int first_point, int last_point) {
     window("PlotFile").set_range("Graph1", first_point, last_point);
@@ -96,7 +101,8 @@ TEST(Plot, TheUserChoosesHowItLooks) {
   for (const char* entry : {"set_scale_1", "set_scale_2", "set_title_0"}) j.press(entry);
   EXPECT_EQ(j.chart()->y_low, -5.5);
   EXPECT_FALSE(j.chart()->y_high) << "an empty answer changes nothing";
-  EXPECT_EQ(j.chart()->x_title, "Site 3");
+  for (const char* entry : {"openfile", "leave_out", "openfile", "read_again"}) j.press(entry);
+  EXPECT_EQ(j.chart()->x_title, "Site 3") << "entries of our own in the menu that sets it to Time";
   EXPECT_EQ(label_at(*j.chart(), 1), "12:00:02");
   for (const char* entry : {"set_scale_0", "set_title_4", "set_x_label_1", "set_grid_3", "StatOption_8"})
     j.press(entry);
@@ -124,10 +130,9 @@ TEST(Plot, TheUserChoosesHowItLooks) {
 // The path was taken over before it was known whether the file can be plotted.
 TEST(Plot, ARefusedOrCancelledFileLeavesFilePartAndLimitsAsTheyWere) {
   PlotJourney j;
-  j.write_numbered("a.csv", 100);
+  j.open_numbered(100);
   j.write_numbered("big.csv", 20000, 5000);
   j.world.files.contents["b.csv"] = "no data file\r\n\r\nx\r\n";
-  j.open("a.csv");
   j.world.dialogs.input_answers = {"10", "20", "-7"};
   for (const char* entry : {"ZoomIn", "set_scale_1"}) j.press(entry);
   j.world.user_does(0, [&j] { j.window("PlotFile").press("plot_cancel"); });
@@ -142,74 +147,40 @@ TEST(Plot, ARefusedOrCancelledFileLeavesFilePartAndLimitsAsTheyWere) {
   EXPECT_EQ(j.points().size(), 100U);
 }
 
-TEST(Plot, BeforeTheFirstPlotARefusedFileIsKept) {
+TEST(Plot, ARefusedFirstFileIsReadAgainWhenItHasGrown) {
   PlotJourney j;
-  j.write_numbered("a.csv", 1);
-  j.open("a.csv");
-  j.press("SelectData_24");
-  EXPECT_EQ(j.world.dialogs.messages.size(), 2U);
-  EXPECT_TRUE(j.world.dialogs.messages.back().text.starts_with("Only one record")) << "Select says why, too";
+  j.open_numbered(1);
+  EXPECT_TRUE(j.world.dialogs.messages.back().text.starts_with("Only one record"));
   j.write_numbered("a.csv", 2);
   j.press("read_again");
-  EXPECT_EQ(j.points().size(), 2U) << "it has grown; F5 was disabled";
+  EXPECT_EQ(j.points().size(), 2U) << "F5 was disabled";
 }
 
-// The second file was forgotten.
+// The second file was forgotten, and a box came for a window that was closed.
 TEST(Plot, TheNewestRequestEndsAReadingAndClosingEndsAll) {
   PlotJourney j;
-  j.write_numbered("a.csv", 3700);
   j.write_numbered("b.csv", 10, 7000);
   j.world.user_does(0, [&j] { j.program().plot.open_file("b.csv"); });
+  j.open_numbered(3700);
+  EXPECT_EQ(j.points().size(), 10U);
+  j.world.user_does(0, [&j] { j.window("PlotFile").closed(); });
   j.open("a.csv");
   EXPECT_EQ(j.points().size(), 10U);
   EXPECT_TRUE(j.world.dialogs.messages.empty());
-  j.world.user_does(0, [&j] { j.window("PlotFile").closed(); });
-  j.open("a.csv");
-  EXPECT_TRUE(j.world.dialogs.messages.empty()) << "a box for a window that is closed";
-  EXPECT_EQ(j.points().size(), 10U);
-}
-
-TEST(Plot, StatisticsEndWithALongFileAlsoForItsParts) {
-  PlotJourney j;
-  j.write_numbered("a.csv", 100);
-  j.write_numbered("b.csv", 5000);
-  j.open("a.csv");
-  j.press("StatOption_7");
-  j.open("b.csv");
-  j.world.dialogs.input_answers = {"1", "3600"};
-  j.press("ZoomIn");
-  EXPECT_FALSE(j.control("Status").enabled);
-  EXPECT_EQ(j.chart()->statistics, Statistics::none) << "the user could not remove them";
-}
-
-// Our entries stand in the menu that sets the title to "Time" when it is opened.
-TEST(Plot, EntriesOfOurOwnKeepTheTitleOfTheXAxis) {
-  PlotJourney j;
-  j.write_numbered("a.csv", 3);
-  j.open("a.csv");
-  j.world.dialogs.input_answers = {"Site 3"};
-  j.press("set_title_0");
-  for (const char* entry : {"openfile", "leave_out", "openfile", "read_again"}) j.press(entry);
-  EXPECT_EQ(j.chart()->x_title, "Site 3");
 }
 
 // 20,000 records: 1667 points of 12. 300 of them are 3600 records, which are drawn one by one.
 TEST(Plot, AViewOfALongFileIsReadAgainWithoutABox) {
   PlotJourney j;
-  j.write_numbered("a.csv", 20000);
-  j.open("a.csv");
+  j.open_numbered(20000);
   j.world.dialogs.messages.clear();
-  j.world.dialogs.input_answers = {"my title"};
-  j.press("set_title_1");
-  const std::size_t subject = j.chart()->subject;
+  const auto whole = j.chart();
   j.look_at(100, 399);
   EXPECT_EQ(j.points().size(), 3600U);
   EXPECT_EQ(j.points()[0], 1000 + 1200);
-  EXPECT_EQ(j.chart()->y_title, "my title");
-  EXPECT_EQ(j.chart()->subject, subject) << "the height zoomed to is kept";
-  EXPECT_EQ(j.chart()->points_before, 1200);
+  EXPECT_EQ(j.chart()->subject, whole->subject) << "the height zoomed to is kept";
   j.look_at(-1200, 18799);
-  EXPECT_EQ(j.points().size(), 1667U) << "the whole again";
+  EXPECT_EQ(j.chart()->part, whole->part);
   j.world.files.contents.erase("a.csv");
   j.look_at(0, 9);
   EXPECT_EQ(j.control("status_hint").text, "File not found");
@@ -219,9 +190,7 @@ TEST(Plot, AViewOfALongFileIsReadAgainWithoutABox) {
 // 3601 records: three to a point, 1201 points.
 TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   PlotJourney j;
-  j.write_numbered("a.csv", 3601);
-  j.world.dialogs.file_answers = {"a.csv"};
-  j.press("openfileforplot");
+  j.open_numbered(3601);
   EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"Records more than 3600, STATIStics function disabled"});
   EXPECT_FALSE(j.control("Status").enabled);
   ASSERT_EQ(j.points().size(), 1201U);
@@ -242,6 +211,8 @@ TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   j.world.dialogs.input_answers = {"10", "12"};
   j.press("ZoomIn");
   EXPECT_EQ(j.points(), (std::vector{1009.0, 1010.0, 1011.0}));
+  j.press("StatOption_7");
+  EXPECT_EQ(j.chart()->statistics, Statistics::none) << "the disabled menu could not take them away";
 }
 
 }  // namespace

@@ -138,61 +138,44 @@ TEST_F(ChartViewTest, DraggingMovesAndAClickChooses) {
   EXPECT_EQ(chosen.size(), 1U) << "the end of a drag is no click";
 }
 
-// A scale chosen after Ctrl and the wheel had no effect, a new title threw the zoom away, and another file
-// with as many points came up zoomed.
+// A scale chosen after Ctrl and the wheel had no effect, and a new title threw the zoom away.
 TEST_F(ChartViewTest, ZoomLastsAsLongAsSubjectPartAndLimits) {
   Chart chart = chart_of(ChartKind::line, {0, 100, 0, 100, 0, 100, 0, 100, 0, 100});
   chart.subject = 1;
-  const auto zoom = [&] {
-    wheel(view.to_pixels(5, 50), 2, Qt::ControlModifier);
-    wheel(view.to_pixels(5, 50), 2);
-  };
   show(chart);
   const ChartPart whole = view.shown();
-  zoom();
+  wheel(view.to_pixels(5, 50), 2, Qt::ControlModifier);
+  wheel(view.to_pixels(5, 50), 2);
   const ChartPart part = view.shown();
   chart.x_title = "Site 3";
   show(chart);
   EXPECT_EQ(view.shown(), part);
-  chart.y_low = -500;
-  show(chart);
-  EXPECT_EQ(view.shown(), (ChartPart{part.x, {-500, 100}}));
-  chart.y_low.reset();
-  chart.subject = 2;
-  show(chart);
-  zoom();
   chart.part = "finer";
   show(chart);
   EXPECT_EQ(view.shown(), (ChartPart{whole.x, part.y}));
+  chart.y_low = -500;
+  show(chart);
+  EXPECT_EQ(view.shown(), (ChartPart{whole.x, {-500, 100}}));
 }
 
 TEST_F(ChartViewTest, DraggingSelectsWhereItIsSetSo) {
   Chart chart = chart_of(ChartKind::line, std::vector<double>(101, 5));
   chart.points_before = 100;
   view.set_drag(ChartView::Drag::selects);
-  std::vector<std::pair<int, int>> views;
-  QObject::connect(&view, &ChartView::view_settled,
-                   [&](int first, int last) { views.emplace_back(first, last); });
-  const auto drag = [&](double from, double to) {
-    mouse(QEvent::MouseButtonPress, view.to_pixels(from, 5), Qt::LeftButton);
-    mouse(QEvent::MouseMove, view.to_pixels(60, 5), Qt::LeftButton);
-    mouse(QEvent::MouseMove, view.to_pixels(to, 5), Qt::LeftButton);
-    mouse(QEvent::MouseButtonRelease, view.to_pixels(to, 5));
-    QCoreApplication::processEvents();
-  };
+  std::pair<int, int> seen;
+  QObject::connect(&view, &ChartView::view_settled, [&](int first, int last) { seen = {first, last}; });
   show(chart);
   EXPECT_EQ(view.shown().x, (Range{0, 100})) << "the points, not what lies before them";
-  drag(40, 20);
-  EXPECT_NEAR(view.shown().x.low, 20, 0.1);
-  EXPECT_NEAR(view.shown().x.high, 40, 0.1);
-  drag(25, 25.01);
-  EXPECT_NEAR(view.shown().x.low, 20, 0.1) << "dragged back to its start";
+  for (const double to : {20.0, 40.01}) {  // the second is dragged back to its start
+    mouse(QEvent::MouseButtonPress, view.to_pixels(40, 5), Qt::LeftButton);
+    for (const double x : {60.0, to}) mouse(QEvent::MouseMove, view.to_pixels(x, 5), Qt::LeftButton);
+    mouse(QEvent::MouseButtonRelease, view.to_pixels(to, 5));
+    EXPECT_NEAR(view.shown().x.low, 20, 0.1);
+    EXPECT_NEAR(view.shown().x.high, 40, 0.1);
+  }
   mouse(QEvent::MouseButtonDblClick, view.to_pixels(30, 5));
   QCoreApplication::processEvents();
-  EXPECT_EQ(view.shown().x, (Range{-100, 100}));
-  ASSERT_EQ(views.size(), 2U);
-  EXPECT_NEAR(views[0].first, 20, 1);
-  EXPECT_EQ(views[1], std::pair(-100, 100));
+  EXPECT_EQ(seen, std::pair(-100, 100));
 }
 
 TEST_F(ChartViewTest, TheCursorFollowsMouseAndKeys) {
@@ -258,10 +241,7 @@ TEST_F(ChartViewTest, AFlagStandsAboveItsPointAlsoOnTheAxis) {
 }
 
 TEST_F(ChartViewTest, AReadingBetweenTwoGapsIsADisc) {
-  const double gap = std::nan("");
-  show(chart_of(ChartKind::line, {5, 5, gap, 7, gap, 3, 3}));
-  EXPECT_GE(rows_in(picture(), colours.phase[0], view.to_pixels(3, 7).x()).count, 3);
-  std::vector<double> many(4000, gap);
+  std::vector<double> many(4000, std::nan(""));
   many[2000] = 7;
   show(chart_of(ChartKind::line, std::move(many)));
   EXPECT_GE(rows_in(picture(), colours.phase[0], view.to_pixels(2000, 7).x()).count, 3);

@@ -65,6 +65,14 @@ QWidget* build_processing(FormWindow& form) {
   return row;
 }
 
+// A line ends between two items only, never between a number and its unit.
+QString in_items(std::string_view text) {
+  constexpr QChar unbreakable(0x00A0);
+  QString items = to_qt(text);
+  items.replace(QLatin1Char(' '), unbreakable);
+  return items.replace(QStringLiteral("·") + unbreakable, QStringLiteral("· "));
+}
+
 QLabel* build_line(std::string_view control, FormWindow& form) {
   auto* const label = new QLabel;
   label->setWordWrap(true);  // paper has no tooltip that could say the rest
@@ -73,7 +81,8 @@ QLabel* build_line(std::string_view control, FormWindow& form) {
   label->setTextFormat(Qt::PlainText);
   label->setFont(with_pixel_size(text_font(), line_pixels));
   set_role(*label, Role::quiet);
-  form.mirror().tie(std::string(control), *label);
+  form.mirror().tie(std::string(control),
+                    [label](const Control& now) { label->setText(in_items(now.text)); });
   return label;
 }
 
