@@ -18,6 +18,8 @@ struct Summary {
   double deviation = 0;
   double fit_offset = 0;  // the best-fit line is fit_offset + fit_slope * index
   double fit_slope = 0;
+
+  double largest() const;  // magnitude
 };
 
 // Nothing when every point is a gap.

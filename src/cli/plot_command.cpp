@@ -37,7 +37,7 @@ std::string check_statistics(const std::string& text) {
 int run_plot(Files& files, const OpenOffscreen& open_offscreen, const Typed& typed) {
   const PlotResult result = read_plot(files, typed.plot);
   if (!result.plot) return end_with(result.failure);
-  if (typed.statistics != Statistics::none && result.plot->is_envelope)
+  if (typed.statistics != Statistics::none && !result.plot->has_statistics())
     write_remark(std::string(no_statistics_text) + "\n");
   const OffscreenStart start = open_offscreen(files);
   if (!start.offscreen) return end_with(start.failure);

@@ -15,13 +15,13 @@ ReadingProgress::ReadingProgress(Clock& clock, Window& window, const ProgressCon
   window_.on_press(controls_.cancel, [this] { cancel(); });
 }
 
-void ReadingProgress::begin() {
+void ReadingProgress::begin(double shown_after_s) {
   runs_ = true;
   cancelled_ = false;
   window_.set_range(controls_.bar, 0, whole);
   window_.set_value(controls_.bar, 0);
-  next_s_ = clock_.monotonic_s() + (shown_after_s_ > 0 ? shown_after_s_ : show_every_s);
-  if (shown_after_s_ > 0) return;
+  next_s_ = clock_.monotonic_s() + (shown_after_s > 0 ? shown_after_s : show_every_s);
+  if (shown_after_s > 0) return;
   set_visible(true);
   let_events_run(clock_);
 }

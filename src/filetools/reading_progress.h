@@ -30,9 +30,11 @@ class ReadingProgress {
 
   bool runs() const { return runs_; }
   void cancel() { cancelled_ = true; }
+  bool cancelled() const { return cancelled_; }
 
   // What happens between them may call progress().
-  void begin();
+  void begin() { begin(shown_after_s_); }
+  void begin(double shown_after_s);  // instead of the usual time
   void end();
   FileProgress progress();
 

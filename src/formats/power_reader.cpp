@@ -75,11 +75,12 @@ bool PowerFileReader::next(PowerRecordLine& record) {
   return true;
 }
 
-std::size_t PowerFileReader::estimated_records() const {
-  if (records_read_ == 0) return 0;
-  const std::uint64_t record_length = lines_.position() - start_of_record_;
-  const std::uint64_t rest = lines_.length() - lines_.position() + record_length - 1;
-  return records_read_ + static_cast<std::size_t>(rest / record_length);
+std::size_t PowerFileReader::estimated_records(const PowerRecordLine& last) const {
+  const std::size_t columns = settings_.wiring ? power_column_count(*settings_.wiring) : 0;
+  const std::uint64_t line_end = lines_.position() - start_of_record_ - last.text.size();
+  const std::uint64_t length = date_and_time_length + columns * field_length + line_end;
+  const std::uint64_t rest = std::max(lines_.length(), lines_.position()) - lines_.position();
+  return records_read_ + static_cast<std::size_t>((rest + length - 1) / length);
 }
 
 std::optional<Wiring> whole_record_wiring(std::string_view line) {
@@ -92,5 +93,11 @@ std::optional<Wiring> whole_record_wiring(std::string_view line) {
 
 std::string_view date_in_line(std::string_view line) { return digits_in(line, 0, '-'); }
 std::string_view time_in_line(std::string_view line) { return digits_in(line, 1, ':'); }
+
+bool has_date_and_time(std::string_view line) {
+  return line.size() >= date_and_time_length && line[field_text_length] == ',' &&
+         line.substr(field_length, field_length).find(',') != std::string_view::npos &&
+         !date_in_line(line).empty() && !time_in_line(line).empty();
+}
 
 }  // namespace halden

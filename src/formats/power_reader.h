@@ -44,8 +44,9 @@ class PowerFileReader {
   // The next record; false behind the last one. Its text is valid until the next call.
   bool next(PowerRecordLine& record);
 
-  // How many records the file has if all are as long as the last one returned.
-  std::size_t estimated_records() const;
+  // How many records the file has if all behind the given one, which was returned last, are whole records of
+  // the wiring in the settings and have the same line end.
+  std::size_t estimated_records(const PowerRecordLine& last) const;
 
   std::size_t records_read() const { return records_read_; }
   std::uint64_t position() const { return lines_.position(); }
@@ -56,7 +57,7 @@ class PowerFileReader {
   TextLines lines_;
   PowerSettings settings_;
   std::size_t records_read_ = 0;
-  std::uint64_t start_of_record_ = 0;
+  std::uint64_t start_of_record_ = 0;  // of the one returned last
 };
 
 // The wiring system of a whole record.
@@ -71,5 +72,11 @@ inline std::string_view power_field(std::string_view whole_record, std::size_t c
 // "03-15-2024" and "12:30:44" at the start of any line that has them there, otherwise empty.
 std::string_view date_in_line(std::string_view line);
 std::string_view time_in_line(std::string_view line);
+
+// Whether the line has both, each up to its comma: every record, also one written while the meter was silent.
+bool has_date_and_time(std::string_view line);
+
+// The characters that DATE and TIME of a whole record take with their commas; no line with both is shorter.
+inline constexpr std::size_t date_and_time_length = 2 * (field_text_length + 1);
 
 }  // namespace halden

@@ -149,7 +149,7 @@ void PlaybackWindow::show_record(std::size_t number) {
   window_.set_value(playback_scroll, static_cast<int>(number));
   Chart chart = playback_chart(record_, link_.language);
   chart.colours = colours_;
-  chart.subject = std::to_string(plots_);  // the whole of another plot is shown again
+  chart.subject = plots_;  // the whole of another plot is shown again
   window_.set_chart(playback_chart_name, std::make_shared<const Chart>(std::move(chart)));
   window_.set_text(playback_about_line, playback_about(*file_, record_, currents(), link_.language));
   window_.set_text(playback_note_line, playback_note(record_, link_.language));

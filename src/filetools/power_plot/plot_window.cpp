@@ -15,6 +15,12 @@ namespace {
 
 constexpr Text open_a_file = {"Open a power data file: File > Open", "請開啟電力數據檔：File > Open"};
 
+constexpr Text draw_again = {"Select, Zoom or File > Read Again draw the file again",
+                             "選擇 Select、Zoom 或 File > 重新讀取 再次繪圖"};
+
+// A view of a million records is read in less.
+constexpr double view_without_progress_s = 0.5;
+
 constexpr int x_label_items = 2;
 constexpr int grid_items = 4;
 constexpr int statistics_items = 9;
@@ -24,10 +30,7 @@ constexpr int statistics_items = 9;
 PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter_rec, const LinkState& link)
     : platform_(platform), link_(link) {
   windows.add(window_);
-  meter_rec.on_click("OpenPlotFile", [this] {
-    if (!plot_) show_empty();
-    window_.show();
-  });
+  meter_rec.on_click("OpenPlotFile", [this] { window_.show(); });
   connect();
   connect_look();
   draw();
@@ -35,24 +38,29 @@ PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter
 
 void PlotWindow::connect() {
   window_.on_click("openfile", [this] {
-    look_.x_title = "Time";
+    title_before_menu_ = std::exchange(look_.x_title, "Time");
     draw();
   });
   window_.on_click("openfileforplot", [this] { choose_file(); });
-  window_.on_click("read_again", [this] { plot({plot_file_name_, selected_item_, part_}); });
+  window_.on_click("read_again", [this] { read_again(); });
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
     window_.on_click(element("SelectData", static_cast<int>(choice)), [this, choice] { select(choice); });
   window_.on_click("ZoomIn", [this] { choose_part(); });
-  window_.on_click("clear_graphics", [this] { clear(); });
+  window_.on_change(plot_chart, [this] { show_view(); });
+  window_.on_click("clear_graphics", [this] {
+    cleared_ = true;
+    draw();
+  });
   window_.on_click("Pgraphics", [this] { print(); });
   window_.on_click("leave_out", [this] {
     look_.missing =
         look_.missing == MissingReadings::as_zero ? MissingReadings::left_out : MissingReadings::as_zero;
-    draw();
+    put_back_x_title();
   });
-  window_.on_language([this] { plot_ ? draw() : show_empty(); });
+  window_.on_language([this] { draw(); });
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
+    next_.reset();
     reading_.cancel();
     window_.hide();
   };
@@ -80,7 +88,10 @@ void PlotWindow::connect_look() {
       draw();
     });
   };
-  connect_setting("set_title", 3, [this] { look_.x_title.clear(); });
+  connect_setting("set_title", 3, [this] {
+    look_.x_title.clear();
+    title_before_menu_.reset();
+  });
   connect_setting("set_title", 4, [this] { look_.y_title.clear(); });
   for (int index = 0; index < x_label_items; ++index)
     connect_setting("set_x_label", index, [this, index] { look_.labels = static_cast<PlotLabels>(index); });
@@ -98,22 +109,23 @@ void PlotWindow::choose_file() {
   if (path && !path->empty()) open_file(*path);
 }
 
-void PlotWindow::open_file(const std::string& path) {
-  if (reading_.runs()) return;
-  plot_file_name_ = path;
-  look_.y_low.reset();
-  look_.y_high.reset();
-  plot({path});
+void PlotWindow::open_file(const std::string& path) { plot({{path}}); }
+
+void PlotWindow::read_again() {
+  put_back_x_title();
+  plot({newest(), Cause::again});
 }
 
 void PlotWindow::select(std::size_t choice) {
-  if (plot_file_name_.empty())
+  const std::string path = newest().path;
+  if (path.empty())
     return platform_.dialogs.message({"Please first open a file where data is stored", "", Icon::critical});
-  plot({plot_file_name_, choice});
+  plot({{path, choice}});
 }
 
 void PlotWindow::choose_part() {
   if (!plot_) return;
+  const PlotRequest plotted = plotted_;  // another file may be opened while the questions are asked
   const std::size_t count = plot_->record_count;
   const std::string title = "Total " + std::to_string(count) + " records";
   const std::string start = platform_.dialogs.input("Enter the starting record number", title, "1");
@@ -125,42 +137,85 @@ void PlotWindow::choose_part() {
   if (end.empty()) return;
   const RangeAnswer answer = read_range(start, end, count);
   if (answer.refused()) return platform_.dialogs.message(answer.refusal);
-  plot({plot_file_name_, selected_item_, {answer.range.first, answer.range.last}});
+  plot({{plotted.path, plotted.choice, {answer.range.first, answer.range.last}}});
 }
 
-// A refusal leaves the chart as it was.
-void PlotWindow::plot(const PlotRequest& request) {
-  if (reading_.runs() || request.path.empty()) return;
-  window_.set_text(status_hint, "");
-  reading_.begin();
-  const PlotOutcome outcome = read_power_plot(platform_.files, request, reading_.progress());
+// The chart has been zoomed or moved with the mouse. The unit stays: the height shown is one of its numbers.
+void PlotWindow::show_view() {
+  if (!plot_ || cleared_) return;
+  const Control& view = window_[plot_chart];
+  const auto wanted =
+      records_of_view({plot_->record_count, plot_->range, plot_->record_step}, view.minimum, view.maximum);
+  if (wanted) plot({{plotted_.path, plotted_.choice, *wanted, plot_->prefix}, Cause::view});
+}
+
+// What was asked for last counts: it ends a reading that runs. Only a view gives way, because it belongs to
+// the chart that is about to be replaced.
+void PlotWindow::plot(Task task) {
+  if (task.request.path.empty()) return;
+  const bool runs = reading_.runs();
+  if (runs && task.cause == Cause::view && (next_ ? *next_ : being_read_).cause != Cause::view) return;
+  next_ = std::move(task);
+  if (runs) return reading_.cancel();
+  while (next_) read(*std::exchange(next_, std::nullopt));
+}
+
+// A refusal leaves the chart as it was. Before the first plot the file is kept: Select says again what is
+// wrong with it, and F5 plots it when it has grown.
+void PlotWindow::read(const Task& task) {
+  being_read_ = task;
+  if (task.cause != Cause::view) window_.set_text(status_hint, "");
+  reading_.begin(task.cause == Cause::view ? view_without_progress_s : 0);
+  const PlotOutcome outcome = read_power_plot(platform_.files, task.request, reading_.progress());
   reading_.end();
-  if (!outcome.refusal.text.empty()) return platform_.dialogs.message(outcome.refusal);
-  if (!outcome.plot) return;
-  part_ = request.wanted;
-  if (opened_) opened_(request.path);
-  take(outcome.plot);
+  if (!plot_) plotted_ = task.request;
+  window_.set_enabled("read_again", true);
+  if (reading_.cancelled()) return;
+  if (!outcome.refusal.text.empty()) return refuse(outcome.refusal, task.cause);
+  if (outcome.plot) take(outcome.plot, task);
+}
+
+// A box would come as a surprise where the user has only turned the wheel.
+void PlotWindow::refuse(const Message& refusal, Cause cause) {
+  if (cause == Cause::view)
+    window_.set_text(status_hint, refusal.text);
+  else
+    platform_.dialogs.message(refusal);
+}
+
+PlotRequest PlotWindow::newest() const {
+  if (next_) return next_->request;
+  return reading_.runs() ? being_read_.request : plotted_;
 }
 
 // ---- the plot ----
 
-void PlotWindow::take(std::shared_ptr<const PowerPlot> plot) {
+void PlotWindow::take(std::shared_ptr<const PowerPlot> plot, const Task& task) {
+  const bool opened = !plot_ || !task.request.choice;
   plot_ = std::move(plot);
-  selected_item_ = plot_->choice;
-  look_.y_title = plot_y_title(*plot_);
+  cleared_ = false;
+  plotted_ = task.request;
+  plotted_.choice = plot_->choice;
+  if (opened) {
+    look_.y_low = look_.y_high = std::nullopt;
+    title_before_menu_.reset();
+  }
+  if (opened || task.cause == Cause::chosen) ++look_.subject;
+  if (task.cause != Cause::view) look_.y_title = plot_y_title(*plot_);
   window_.set_enabled("ZoomIn", true);
-  window_.set_enabled("read_again", true);
-  window_.set_enabled("Status", plot_->record_count < records_of_envelope);
+  window_.set_enabled("Status", plot_->has_statistics());
   show_choices();
   draw();
-  if (plot_->is_envelope) platform_.dialogs.message({std::string(no_statistics_text), "", Icon::none});
+  if (opened && opened_) opened_(task.request.path);
+  if (plot_->is_envelope && task.cause != Cause::view)
+    platform_.dialogs.message({std::string(no_statistics_text), "", Icon::none});
 }
 
 void PlotWindow::show_choices() {
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
     window_.set_enabled(element("SelectData", static_cast<int>(choice)),
                         is_offered(choice, *plot_->settings.wiring));
-  mark("SelectData", static_cast<int>(plot_choices.size()), static_cast<int>(selected_item_));
+  mark("SelectData", static_cast<int>(plot_choices.size()), static_cast<int>(plot_->choice));
 }
 
 void PlotWindow::mark(std::string_view item, int count, int chosen) {
@@ -173,24 +228,26 @@ void PlotWindow::draw() {
   mark("StatOption", statistics_items, static_cast<int>(look_.statistics));
   window_.set_checked("set_scale_0", !look_.y_low && !look_.y_high);
   window_.set_checked("leave_out", look_.missing == MissingReadings::left_out);
-  if (!plot_) return;
   const Language language = link_.language;
-  window_.set_chart(plot_chart, std::make_shared<const Chart>(power_chart(plot_, look_, language)));
-  window_.set_text(plot_about, plot_line(*plot_, language));
-  window_.set_text(plot_missing, missing_readings_line(*plot_, look_.missing, language));
-  window_.set_text(plot_statistics, statistics_line(*plot_, look_.missing, language));
+  const bool drawn = plot_ && !cleared_;
+  window_.set_chart(plot_chart, std::make_shared<const Chart>(drawn ? power_chart(plot_, look_, language)
+                                                                    : empty_chart(language)));
+  window_.set_text(plot_about, drawn ? plot_line(*plot_, language) : "");
+  window_.set_text(plot_missing, drawn ? missing_readings_line(*plot_, look_.missing, language) : "");
+  window_.set_text(plot_statistics, drawn ? statistics_line(*plot_, look_.missing, language) : "");
 }
 
-void PlotWindow::show_empty() {
+Chart PlotWindow::empty_chart(Language language) const {
   Chart empty;
-  empty.hint = open_a_file.in(link_.language);
-  window_.set_chart(plot_chart, std::make_shared<const Chart>(std::move(empty)));
+  empty.hint = (plot_ ? draw_again : open_a_file).in(language);
+  return empty;
 }
 
-void PlotWindow::clear() {
-  plot_.reset();
-  show_empty();
-  for (const std::string_view name : {plot_about, plot_missing, plot_statistics}) window_.set_text(name, "");
+// Opening the File menu has set the title of the X axis. That is not what the user wants who chooses an entry
+// of our own there.
+void PlotWindow::put_back_x_title() {
+  if (title_before_menu_) look_.x_title = *std::exchange(title_before_menu_, std::nullopt);
+  draw();
 }
 
 void PlotWindow::set_limit(std::optional<double>& limit, const std::string& prompt,
@@ -205,6 +262,7 @@ void PlotWindow::set_title(std::string& title, const std::string& prompt, const 
   const std::string answer = platform_.dialogs.input(prompt, caption, "");
   if (answer.empty()) return;
   title = answer;
+  title_before_menu_.reset();
   draw();
 }
 

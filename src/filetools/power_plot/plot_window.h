@@ -36,28 +36,42 @@ class PlotWindow {
  private:
   void connect();
   void connect_look();
+  // Why a file is read.
+  enum class Cause { chosen, again, view };
+  struct Task {
+    PlotRequest request;
+    Cause cause = Cause::chosen;
+  };
+
   void choose_file();
+  void read_again();
   void select(std::size_t choice);
   void choose_part();
-  void plot(const PlotRequest& request);
-  void take(std::shared_ptr<const PowerPlot> plot);
+  void show_view();
+  void plot(Task task);
+  void read(const Task& task);
+  void refuse(const Message& refusal, Cause cause);
+  void take(std::shared_ptr<const PowerPlot> plot, const Task& task);
+  PlotRequest newest() const;
+  void put_back_x_title();
   void show_choices();
   void draw();
+  Chart empty_chart(Language language) const;
   void set_limit(std::optional<double>& limit, const std::string& prompt, const std::string& title);
   void set_title(std::string& title, const std::string& prompt, const std::string& caption);
   void mark(std::string_view item, int count, int chosen);
-  void show_empty();
-  void clear();
   void print();
 
   Platform platform_;
   const LinkState& link_;
   Window window_ = make_plot_window();
-  std::string plot_file_name_;  // empty while none is open
-  std::size_t selected_item_ = 0;
-  WantedRecords part_;
   PlotLook look_;
-  std::shared_ptr<const PowerPlot> plot_;  // what is drawn; null when the chart is empty
+  std::shared_ptr<const PowerPlot> plot_;  // null until a file could be plotted
+  bool cleared_ = false;                   // the plot is there, but not drawn
+  PlotRequest plotted_;       // what has led to it; before the first plot the file that was refused
+  Task being_read_;           // while a file is read
+  std::optional<Task> next_;  // given meanwhile
+  std::optional<std::string> title_before_menu_;
   std::function<void(const std::string& path)> opened_;
   ReadingProgress reading_{platform_.clock, window_, {processing_panel, plot_progress, plot_cancel}};
 };

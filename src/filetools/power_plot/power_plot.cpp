@@ -44,15 +44,16 @@ void add_points(PlotPoint& whole, const PlotPoint& point) {
 // records, it stops at the most points a plot can have, and the pass has only counted the records.
 class PointCollector {
  public:
-  PointCollector(PowerPlot& plot, std::size_t choice) : plot_(plot), columns_(columns_of(choice)) {}
+  PointCollector(PowerPlot& plot, const PlotRequest& request)
+      : plot_(plot), columns_(columns_of(plot.choice)), has_prefix_(request.prefix.has_value()) {
+    plot_.prefix = request.prefix.value_or(0);
+  }
 
   void add(const PowerRecordLine& record) {
     if (point_.records == plot_.record_step) finish_point();
     if (point_.records++ == 0) start_point(record.text);
-    if (!record.wiring) {
-      ++plot_.lost_records;
-      return;
-    }
+    if (!record.wiring) return add_without_readings(record.text);
+    behind_settings_ = false;
     note_times(record.text);
     const std::optional<std::size_t>& column = columns_[table_index(*record.wiring)];
     if (!column) return;
@@ -69,6 +70,13 @@ class PointCollector {
   }
 
  private:
+  // A recording that was continued has a settings line and a line with the names of the columns inside.
+  void add_without_readings(std::string_view line) {
+    const bool are_names = std::exchange(behind_settings_, read_power_settings(line).wiring.has_value());
+    ++(behind_settings_ || are_names ? plot_.header_lines : plot_.lost_records);
+    if (has_date_and_time(line)) note_times(line);
+  }
+
   void start_point(std::string_view line) {
     point_.date = date_in_line(line);
     point_.time = time_in_line(line);
@@ -79,13 +87,13 @@ class PointCollector {
     point_ = {};
   }
 
-  // A copy, because which whole record is the last one is known at the end only.
-  void note_times(std::string_view whole_record) {
+  // A copy, because which record is the last one is known at the end only.
+  void note_times(std::string_view line) {
     if (!std::exchange(has_times_, true)) {
-      plot_.whole.date = date_in_line(whole_record);
-      plot_.whole.time = time_in_line(whole_record);
+      plot_.whole.date = date_in_line(line);
+      plot_.whole.time = time_in_line(line);
     }
-    std::memcpy(last_times_.data(), whole_record.data(), last_times_.size());
+    std::memcpy(last_times_.data(), line.data(), last_times_.size());
   }
 
   void add_value(const FieldReading& reading) {
@@ -98,9 +106,10 @@ class PointCollector {
   PowerPlot& plot_;
   const Columns columns_;
   PlotPoint point_;
-  bool has_prefix_ = false;
+  bool has_prefix_;
   bool has_times_ = false;
-  std::array<char, 2 * (field_text_length + 1)> last_times_{};
+  bool behind_settings_ = false;
+  std::array<char, date_and_time_length> last_times_{};
 };
 
 // The state of reading one file.
@@ -119,16 +128,16 @@ std::size_t step_for(const WantedRecords& wanted, std::size_t record_count) {
 }
 
 // Reads all records and plots the wanted ones with the step in `reading.plot`, or, where it is 0, with the
-// one of a file in which all records are as long as the first.
+// one of a file in which all records are whole.
 void read_records(PlotReading& reading) {
   PowerPlot& plot = reading.plot;
   const RecordRange wanted = range_in(reading.request.wanted, static_cast<std::size_t>(-1));
-  PointCollector collector(plot, plot.choice);
+  PointCollector collector(plot, reading.request);
   PowerRecordLine record;
   while (reading.file.next(record)) {
     const std::size_t number = reading.file.records_read();
     if (plot.record_step == 0)
-      plot.record_step = step_for(reading.request.wanted, reading.file.estimated_records());
+      plot.record_step = step_for(reading.request.wanted, reading.file.estimated_records(record));
     reading.has_whole_record = reading.has_whole_record || record.wiring;
     if (number >= wanted.first && number <= wanted.last) collector.add(record);
     if (number % records_between_progress != 0 || !reading.progress) continue;

@@ -40,13 +40,17 @@ struct PowerPlot {
   std::size_t record_count = 0;  // of the file
   RecordRange range;             // what of it is plotted
   std::size_t record_step = 1;   // records per point; the last point may have fewer
-  bool is_envelope = false;      // maximum and minimum of each point; statistics are not offered
-  int prefix = 0;  // the exponent of the unit's prefix, that of the first plotted record with digits
+  bool is_envelope = false;      // maximum and minimum of each point
+  int prefix = 0;                // the exponent of the unit's prefix
   std::vector<PlotPoint> points;
-  PlotPoint whole;               // all points in one; its date and time are those of the first whole record
+  PlotPoint whole;               // all points in one; its date and time are the first ones plotted
   double sum = 0;                // of all readings
-  std::size_t lost_records = 0;  // plotted, but no whole records
-  std::string last_date, last_time;  // of the last whole record
+  std::size_t header_lines = 0;  // plotted: those of a recording that was continued
+  std::size_t lost_records = 0;  // plotted, but neither whole records nor header lines
+  std::string last_date, last_time;
+
+  // Statistics are for short files, and then also for each part of them.
+  bool has_statistics() const { return record_count < records_of_envelope; }
 
   std::size_t without_reading() const { return whole.records - whole.readings; }
   std::optional<double> mean(MissingReadings missing) const;
@@ -59,6 +63,7 @@ struct PlotRequest {
   std::string path;
   std::optional<std::size_t> choice{};  // absent: the file's first quantity
   WantedRecords wanted{};
+  std::optional<int> prefix{};  // of the unit; absent: that of the first plotted record with digits
 };
 
 // Either a plot, or what the user is told instead, or neither after a cancel.

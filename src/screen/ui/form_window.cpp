@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "screen/ui/fonts.h"
+#include "screen/ui/paper_twin.h"
 
 namespace halden {
 
@@ -129,9 +130,18 @@ QImage FormWindow::paper_image() {
   FormWindow on_paper(window_, no_input, design_, Look::paper);
   on_paper.menuBar()->hide();
   for (QWidget* part : on_paper.kept_off_paper_) part->hide();
+  show_on_paper(on_paper);
   on_paper.resize(size());
   on_paper.ensurePolished();
   return on_paper.grab().toImage();
+}
+
+void FormWindow::show_on_paper(const FormWindow& on_paper) const {
+  for (QWidget* part : on_paper.findChildren<QWidget*>()) {
+    auto* const twin = dynamic_cast<PaperTwin*>(part);
+    const QWidget* const shown = twin != nullptr ? findChild<QWidget*>(part->objectName()) : nullptr;
+    if (shown != nullptr) twin->show_as(*shown);
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

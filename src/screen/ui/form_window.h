@@ -106,6 +106,7 @@ class FormWindow : public QMainWindow {
   void come_to_front();
   void accept_drops();
   void show_followed();
+  void show_on_paper(const FormWindow& on_paper) const;
 
   Window& window_;
   UserInput& input_;

@@ -122,6 +122,11 @@ void Mirror::tie(const std::string& control, QScrollBar& bar) {
   });
 }
 
+void Mirror::choose_range(const std::string& control, int first, int last) {
+  window_.set_range(control, first, last);
+  changed_(control);
+}
+
 void Mirror::tie_edit_box(const std::string& control, QLineEdit& field) {
   edit_boxes_.push_back(&field);
   tie(control, field);

@@ -47,6 +47,9 @@ class Mirror {
   // A scroll bar moved by the user writes its value back.
   void tie(const std::string& control, QScrollBar& bar);
 
+  // The user has chosen this part of what a control shows; it is written back as its range.
+  void choose_range(const std::string& control, int first, int last);
+
   // For a widget that shows a control in its own way.
   using Show = std::function<void(const Control&)>;
   void tie(const std::string& control, Show show);
