@@ -11,6 +11,8 @@
 #include "app/start_options.h"
 #include "filetools/hardcopy/hardcopy_window.h"
 #include "filetools/power_plot/plot_window.h"
+#include "filetools/printing/print_window.h"
+#include "filetools/viewer/viewer_window.h"
 #include "link/link.h"
 #include "logger/logger_window.h"
 #include "platform/platform.h"
@@ -30,6 +32,8 @@ struct Program {
   LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
   PlotWindow plot{platform, shared.windows, shared.meter_rec, link.state};
   HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
+  ViewerWindow viewer{platform, shared.windows, shared.meter_rec, link};
+  PrintWindow print{platform, shared.windows, link.state};
   Application application{platform, options, shared, link, live};
 };
 

@@ -47,6 +47,14 @@ QFont reading_font() {
   return font;
 }
 
+QFont fixed_font() {
+  const QString preferred = QStringLiteral("Courier New");
+  QFont font = QFontDatabase::hasFamily(preferred) ? QFont(preferred)
+                                                   : QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setFamilies(QStringList{font.family()} + families());
+  return font;
+}
+
 QFont with_pixel_size(QFont font, int pixels) {
   font.setPixelSize(std::max(pixels, 1));
   return font;
