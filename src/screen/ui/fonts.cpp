@@ -1,6 +1,7 @@
 #include "screen/ui/fonts.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QStringList>
 #include <algorithm>
@@ -49,9 +50,12 @@ QFont reading_font() {
 
 QFont fixed_font() {
   const QString preferred = QStringLiteral("Courier New");
-  QFont font = QFontDatabase::hasFamily(preferred) ? QFont(preferred)
-                                                   : QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  font.setFamilies(QStringList{font.family()} + families());
+  // The name the system gives may stand for a family ("monospace").
+  const QFontInfo fixed(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  const bool installed = QFontDatabase::hasFamily(preferred);
+  QFont font;
+  font.setFamilies(QStringList{installed ? preferred : fixed.family()} + families());
+  font.setStyleHint(QFont::Monospace);
   return font;
 }
 

@@ -50,7 +50,7 @@ LineList::LineList(QWidget* parent) : QListView(parent), model_(new LineModel(th
   setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideNone);
-  set_role(*this, Role::list);
+  set_role(*this, Role::text_lines);
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &LineList::look_again);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &LineList::look_again);
 }
