@@ -30,7 +30,7 @@ constexpr int least_of_text = 60;
 constexpr int least_of_note = 120;
 constexpr int line_pixels = 13;
 constexpr int text_pixels = 13;
-constexpr int heading_indent = 9;  // as far as the lines of the list
+constexpr int heading_indent = 12;  // as far as the lines of the list
 constexpr QSize button_size(120, 30);
 constexpr int panel_height = 46;
 constexpr int digit_pixels = 19;
