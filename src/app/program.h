@@ -13,6 +13,8 @@
 #include "filetools/hardcopy/hardcopy_window.h"
 #include "filetools/playback/playback_window.h"
 #include "filetools/power_plot/plot_window.h"
+#include "filetools/printing/print_window.h"
+#include "filetools/viewer/viewer_window.h"
 #include "link/link.h"
 #include "logger/logger_window.h"
 #include "platform/platform.h"
@@ -33,6 +35,8 @@ struct Program {
   PlotWindow plot{platform, shared.windows, shared.meter_rec, link.state};
   PlaybackWindow playback{platform, shared.windows, shared.meter_rec, link.state, link.status};
   HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
+  ViewerWindow viewer{platform, shared.windows, shared.meter_rec, link};
+  PrintWindow print{platform, shared.windows, link.state};
   StoredFiles files{platform.files, shared.windows, shared.meter_rec, recent_files_path(options.work_folder)};
   Application application{platform, options, shared, link, live};
 };

@@ -73,7 +73,9 @@ bool same_subject(const Chart& a, const Chart& b) {
          a.sets.size() == b.sets.size() && point_count(a) == point_count(b);
 }
 
-bool same_points(const Chart& a, const Chart& b) { return same_subject(a, b) && a.part == b.part && point_count(a) == point_count(b); }
+bool same_points(const Chart& a, const Chart& b) {
+  return same_subject(a, b) && a.part == b.part && point_count(a) == point_count(b);
+}
 
 std::string to_text(const Chart& chart) {
   std::string text;

@@ -39,6 +39,7 @@ class RememberingDialogs : public Dialogs {
 
 class NoPrinter : public Printer {
  public:
+  void set_target(const PrintTarget&) override {}
   void set_orientation(Orientation) override {}
   void set_font(const PrintFont&) override {}
   PageSize page_size() override { return {}; }

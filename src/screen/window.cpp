@@ -83,6 +83,10 @@ void Window::set_chart(std::string_view name, std::shared_ptr<const Chart> chart
   change(controls_[index_of(name)].second.chart, std::move(chart));
 }
 
+void Window::set_list(std::string_view name, const ListView& list) {
+  change(controls_[index_of(name)].second.list, list);
+}
+
 void Window::apply_captions(Language language) {
   for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
   for (const Caption& tooltip : tooltips_) set_tooltip(tooltip.control, tooltip.text.in(language));

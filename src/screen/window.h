@@ -37,6 +37,23 @@ inline constexpr float units_per_pixel = 15.0F;
 // The entries of a list box.
 using Lines = std::vector<std::string>;
 
+// Neighbouring entries, from the first to the last one.
+struct LineRange {
+  std::size_t first = 0;
+  std::size_t last = 0;
+
+  bool operator==(const LineRange&) const = default;
+};
+
+// What the user sees of a list box and has selected in it.
+struct ListView {
+  std::size_t top = 0;              // index of the first visible entry
+  std::size_t room = 0;             // for so many entries, also those that are cut off at the edge
+  std::vector<LineRange> selected;  // from the top down
+
+  bool operator==(const ListView&) const = default;
+};
+
 struct Control : Place {
   std::string text;
   bool visible = true;
@@ -54,6 +71,7 @@ struct Control : Place {
   // new ones.
   std::shared_ptr<const Lines> lines;
   std::shared_ptr<const Chart> chart;
+  ListView list;
 
   bool operator==(const Control&) const = default;
 };
@@ -100,6 +118,7 @@ class Window {
   void set_range(std::string_view name, int minimum, int maximum);
   void set_lines(std::string_view name, std::shared_ptr<const Lines> lines);
   void set_chart(std::string_view name, std::shared_ptr<const Chart> chart);
+  void set_list(std::string_view name, const ListView& list);
 
   // The captions, tooltips and accessible names that depend on the language. The tables outlive the window.
   void set_captions(std::span<const Caption> captions) { captions_ = captions; }

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "filetools/file_name.h"
 #include "filetools/open_failure.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
@@ -15,19 +16,17 @@ namespace {
 constexpr Text no_file_open = {"No file is open. Choose one with File.", "尚未開啟檔案，請按 File 選擇。"};
 constexpr Text not_opened = {"Not opened: {}", "無法開啟：{}"};
 
-std::string_view name_of(std::string_view path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 }  // namespace
 
 HardcopyWindow::HardcopyWindow(const Platform& platform, Windows& windows, Window& meter_rec, Window& notice,
                                Link& link)
-    : platform_(platform), meter_rec_(meter_rec), notice_(notice), link_(link) {
+    : platform_(platform), notice_(notice), link_(link) {
   windows.add(form_);
+  meter_rec.on_click("show_plot_hardcopy", [this] { open(); });
   connect();
 }
 
 void HardcopyWindow::connect() {
-  meter_rec_.on_click("show_plot_hardcopy", [this] { open(); });
   form_.on_click(open_entry, [this] { open_file_and_plot(); });
   form_.on_click(draw_button, [this] { draw(); });
   form_.on_click(next_entry, [this] { show_next(); });
@@ -35,46 +34,21 @@ void HardcopyWindow::connect() {
   form_.on_click(print_button, [this] { print(); });
   form_.on_close([this] { close(); });
   form_.on_language([this] { show_hint(); });
-  link_.exchange.on_ended([this] {
-    if (paused_) link_.polling.stop_polling();  // every exchange resumes it at its end
-  });
 }
 
 void HardcopyWindow::open() {
-  stop_polling();
+  link_.pause.begin(form_);
   show_hint();
   form_.show();
 }
 
 void HardcopyWindow::close() {
   form_.hide();
-  resume_polling();
+  link_.pause.end(form_);
 }
-
-// ---- polling ----
-
-void HardcopyWindow::stop_polling() {
-  const bool recording = meter_rec_["FileStop"].enabled;
-  if (!recording) set_paused(true);
-}
-
-void HardcopyWindow::resume_polling() {
-  if (paused_) set_paused(false);
-}
-
-// An exchange that runs is left to its end. While the datalogger is open, polling stands still anyway and
-// goes on when that is closed.
-void HardcopyWindow::set_paused(bool paused) {
-  paused_ = paused;
-  form_.set_visible(hardcopy_polling_note, paused);
-  if (link_.polling.line_is_held()) return;
-  link_.gate.run("HC_window.polling", [this] { link_.polling.resume_polling(paused_ ? 0 : 1); });
-}
-
-// ---- the picture ----
 
 void HardcopyWindow::open_file_and_plot() {
-  stop_polling();
+  link_.pause.begin(form_);
   const std::optional<std::string> path =
       platform_.dialogs.open_file({{{"txt Files(*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}}, ".txt", ""});
   if (path && !path->empty()) open_file(*path);
@@ -86,7 +60,7 @@ void HardcopyWindow::open_file(const std::string& path) {
 }
 
 void HardcopyWindow::draw() {
-  stop_polling();
+  link_.pause.begin(form_);
   clear();
   if (hc_file_name_.empty()) return show_hint();
   read();
@@ -124,7 +98,7 @@ void HardcopyWindow::read() {
 void HardcopyWindow::show_picture() {
   const Hardcopy& picture = file_.pictures[shown_];
   form_.set_text(hardcopy_date, picture.date_line);
-  form_.set_text(hardcopy_name, name_of(hc_file_name_));
+  form_.set_text(hardcopy_name, name_of_file(hc_file_name_));
   form_.set_lines(hardcopy_picture, dot_lines(picture));
   form_.set_visible(next_entry, file_.pictures.size() > 1);
   show_hint();

@@ -17,7 +17,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"FileStart", "auto_record", "Auto"},
     {"FileStart", "manual_record", "Manually"},
     {"zmenu", "FileStop", "&End Recording", Entry::disabled},
-    {"zmenu", "ViewFile", "&View File", Entry::disabled},
+    {"zmenu", "ViewFile", "&View File"},
     {"zmenu", "OpenPlotFile", "&Plot Power Data"},
     {"zmenu", "show_plot_harmonics", "Plot &Harmonics"},
     {"zmenu", "show_plot_waveform", "Plot &Waveform"},

@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QUrl>
+#include <QWindow>
 #include <utility>
 
 #include "screen/ui/fonts.h"
@@ -101,6 +102,15 @@ void FormWindow::show_followed() {
   for (Followed& followed : followed_)
     if (std::exchange(followed.shown_revision, followed.window->revision()) != followed.window->revision())
       followed.show();
+}
+
+// Not a child of the other window, which would delete it.
+void FormWindow::stand_before(FormWindow& other) {
+  setWindowFlags(Qt::Dialog);
+  setWindowModality(Qt::WindowModal);
+  other.winId();  // both need their windows on the screen
+  winId();
+  windowHandle()->setTransientParent(other.windowHandle());
 }
 
 void FormWindow::show_changes() {

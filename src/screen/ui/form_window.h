@@ -74,6 +74,9 @@ class FormWindow : public QMainWindow {
   void keep_off_paper(QWidget& part);
 
   // ---- for the desktop ----
+  // Makes it a dialog of the other window, which takes no input while this one is visible.
+  void stand_before(FormWindow& other);
+
   // Brings the window up to date; cheap when nothing has changed. A window that is shown again comes
   // to the front.
   void show_changes();
