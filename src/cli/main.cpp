@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/hardcopy_command.h"
 #include "cli/playback_command.h"
 #include "cli/plot_command.h"
 #include "cli/points_command.h"
@@ -54,6 +55,7 @@ int main(int argc, char** argv) {
   halden::add_points_command(app, files, chosen);
   halden::add_plot_command(app, files, halden::open_offscreen, chosen);
   halden::add_playback_commands(app, files, halden::open_offscreen, chosen);
+  halden::add_hardcopy_command(app, files, halden::open_offscreen, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

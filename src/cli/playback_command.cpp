@@ -9,8 +9,6 @@
 #include <vector>
 
 #include "cli/picture_argument.h"
-#include "cli/process_io.h"
-#include "cli/session.h"
 #include "filetools/playback/playback_chart.h"
 #include "readings/numbers.h"
 
@@ -18,18 +16,12 @@ namespace halden {
 
 namespace {
 
-int end_with(const std::string& failure) {
-  write_remark(failure + "\n");
-  return exit_failed;
-}
-
 int run(Files& files, const OpenOffscreen& open_offscreen, const PlaybackCommand& command) {
   const PlaybackChart result = chart_of_record(files, command);
-  if (!result.chart) return end_with(result.failure);
-  const OffscreenStart start = open_offscreen(files);
-  if (!start.offscreen) return end_with(start.failure);
-  return end_with_picture(start.offscreen->pictures().save_chart(*result.chart, command.picture),
-                          command.picture);
+  if (!result.chart) return end_with_failure(result.failure);
+  return end_with_picture(files, open_offscreen, command.picture, [&](Pictures& pictures) {
+    return pictures.save_chart(*result.chart, command.picture);
+  });
 }
 
 std::string expected(const std::string& what, const std::string& typed) {

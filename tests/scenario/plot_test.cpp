@@ -215,5 +215,24 @@ TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   EXPECT_EQ(j.chart()->statistics, Statistics::none) << "the disabled menu could not take them away";
 }
 
+TEST(Plot, ChartAndPointsAreHandedOn) {
+  PlotJourney j;
+  j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + "11-22-2026,  12:00:04,  NO COM\r\n");
+  j.open("a.csv");
+  j.press("chart_copy_points");
+  EXPECT_EQ(j.world.pictures.copied_text, "12:00:00\t230\n12:00:04\t0\n");
+  j.world.dialogs.file_answers = {"p.svg", "p.gif", "p.csv", "a.csv"};
+  for (const char* entry : {"chart_save", "chart_save", "save_points"}) j.press(entry);
+  EXPECT_EQ(j.world.dialogs.file_questions.back().suggested_name, "a-V1-points");
+  EXPECT_EQ(j.world.pictures.saved, Texts{"p.svg"}) << "no picture ends in .gif";
+  EXPECT_EQ(j.world.files.contents["p.csv"],
+            "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
+            "1,1,11-22-2026,12:00:00,230,230,1,V\n2,2,11-22-2026,12:00:04,0,0,0,V\n");
+  const std::string recording = j.world.files.contents["a.csv"];
+  j.press("save_points");
+  EXPECT_EQ(j.world.dialogs.questions.back().text, "a.csv exists already. Replace it?");
+  EXPECT_EQ(j.world.files.contents["a.csv"], recording) << "the answer was no";
+}
+
 }  // namespace
 }  // namespace halden

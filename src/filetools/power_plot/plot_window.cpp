@@ -230,6 +230,7 @@ void PlotWindow::draw() {
   window_.set_checked("leave_out", look_.missing == MissingReadings::left_out);
   const Language language = link_.language;
   const bool drawn = plot_ && !cleared_;
+  export_.set_plot(drawn ? plot_ : nullptr, look_.missing);
   window_.set_chart(plot_chart, std::make_shared<const Chart>(drawn ? power_chart(plot_, look_, language)
                                                                     : empty_chart(language)));
   window_.set_text(plot_about, drawn ? plot_line(*plot_, language) : "");

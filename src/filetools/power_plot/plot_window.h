@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "filetools/power_plot/plot_export.h"
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/power_chart.h"
 #include "filetools/power_plot/power_plot.h"
@@ -73,6 +74,7 @@ class PlotWindow {
   std::optional<Task> next_;  // given meanwhile
   std::optional<std::string> title_before_menu_;
   std::function<void(const std::string& path)> opened_;
+  PlotExport export_{platform_, link_.language, window_};
   ReadingProgress reading_{platform_.clock, window_, {processing_panel, plot_progress, plot_cancel}};
 };
 
