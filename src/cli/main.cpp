@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/export_command.h"
 #include "cli/points_command.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
@@ -49,6 +50,7 @@ int main(int argc, char** argv) {
   halden::add_set_command(app, chosen);
   halden::add_logger_command(app, chosen);
   halden::add_points_command(app, files, chosen);
+  halden::add_export_command(app, files, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);
