@@ -34,12 +34,6 @@ bool is_record_of(std::string_view line) {
   return different == 0;
 }
 
-std::string_view without_blanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The field up to its comma, if it has only digits and separators.
 std::string_view digits_in(std::string_view line, std::size_t field, char separator) {
   if (line.size() < field * field_length) return {};

@@ -17,6 +17,9 @@ inline constexpr std::string_view line_end = "\r\n";
 // A text longer than ten characters keeps its last ten.
 std::string record_field(std::string_view text);
 
+// The text without the blanks around it.
+std::string_view without_blanks(std::string_view text);
+
 // Whether a field of this text loses its minus sign: "-0.045KVARH" has eleven characters.
 bool loses_sign(std::string_view text);
 
