@@ -1,24 +1,17 @@
 #include "filetools/power_plot/plot_window.h"
 
-#include <array>
 #include <utility>
 
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/plot_texts.h"
-#include "platform/clock.h"
+#include "filetools/window_print.h"
 #include "platform/dialogs.h"
-#include "platform/printer.h"
-#include "platform/timer.h"
 #include "readings/numbers.h"
-#include "screen/failure_texts.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {
 
 namespace {
-
-constexpr double show_progress_every_s = 0.1;
-constexpr int whole_progress = 1000;
 
 constexpr Text open_a_file = {"Open a power data file: File > Open", "請開啟電力數據檔：File > Open"};
 
@@ -57,10 +50,9 @@ void PlotWindow::connect() {
         look_.missing == MissingReadings::as_zero ? MissingReadings::left_out : MissingReadings::as_zero;
     draw();
   });
-  window_.on_press(plot_cancel, [this] { cancelled_ = true; });
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
-    cancelled_ = true;
+    reading_.cancel();
     window_.hide();
   };
   window_.on_click("exit_plot", close);
@@ -106,7 +98,7 @@ void PlotWindow::choose_file() {
 }
 
 void PlotWindow::open_file(const std::string& path) {
-  if (reading_) return;
+  if (reading_.runs()) return;
   plot_file_name_ = path;
   look_.y_low.reset();
   look_.y_high.reset();
@@ -137,44 +129,15 @@ void PlotWindow::choose_part() {
 
 // A refusal leaves the chart as it was.
 void PlotWindow::plot(const PlotRequest& request) {
-  if (reading_ || request.path.empty()) return;
-  begin_reading();
-  const PlotOutcome outcome = read_power_plot(
-      platform_.files, request,
-      [this](std::uint64_t done, std::uint64_t length) { return show_progress(done, length); });
-  end_reading();
+  if (reading_.runs() || request.path.empty()) return;
+  window_.set_text(status_hint, "");
+  reading_.begin();
+  const PlotOutcome outcome = read_power_plot(platform_.files, request, reading_.progress());
+  reading_.end();
   if (!outcome.refusal.text.empty()) return platform_.dialogs.message(outcome.refusal);
   if (!outcome.plot) return;
   part_ = request.wanted;
   take(outcome.plot);
-}
-
-void PlotWindow::begin_reading() {
-  reading_ = true;
-  cancelled_ = false;
-  shown_s_ = platform_.clock.monotonic_s();
-  window_.set_text(status_hint, "");
-  window_.set_range(plot_progress, 0, whole_progress);
-  window_.set_value(plot_progress, 0);
-  for (const std::string_view name : {processing_panel, plot_progress, plot_cancel})
-    window_.set_visible(name, true);
-  let_events_run(platform_.clock);
-}
-
-void PlotWindow::end_reading() {
-  for (const std::string_view name : {processing_panel, plot_progress, plot_cancel})
-    window_.set_visible(name, false);
-  reading_ = false;
-}
-
-bool PlotWindow::show_progress(std::uint64_t done, std::uint64_t length) {
-  const double now_s = platform_.clock.monotonic_s();
-  if (now_s - shown_s_ >= show_progress_every_s && length > 0) {
-    shown_s_ = now_s;
-    window_.set_value(plot_progress, static_cast<int>(done * whole_progress / length));
-    let_events_run(platform_.clock);
-  }
-  return !cancelled_;
 }
 
 // ---- the plot ----
@@ -243,20 +206,8 @@ void PlotWindow::set_title(std::string& title, const std::string& prompt, const 
   draw();
 }
 
-// The two live timers stand still meanwhile.
 void PlotWindow::print() {
-  const std::array timers = {&platform_.timer1, &platform_.timer2};
-  std::array<bool, 2> ran{};
-  for (std::size_t i = 0; i < timers.size(); ++i) {
-    ran[i] = timers[i]->enabled();
-    timers[i]->set_enabled(false);
-  }
-  platform_.printer.set_orientation(Orientation::landscape);
-  platform_.printer.print_window(window_.name());
-  const PrintFailure failure = platform_.printer.finish();
-  for (std::size_t i = 0; i < timers.size(); ++i)
-    if (ran[i]) timers[i]->set_enabled(true);
-  window_.set_text(status_hint, print_sentence(failure, platform_.printer.destination(), link_.language));
+  window_.set_text(status_hint, print_in_landscape(platform_, window_, link_.language));
 }
 
 }  // namespace halden

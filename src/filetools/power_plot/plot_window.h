@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/power_chart.h"
 #include "filetools/power_plot/power_plot.h"
+#include "filetools/reading_progress.h"
 #include "link/link_state.h"
 #include "platform/platform.h"
 #include "screen/windows.h"
@@ -35,9 +35,6 @@ class PlotWindow {
   void select(std::size_t choice);
   void choose_part();
   void plot(const PlotRequest& request);
-  bool show_progress(std::uint64_t done, std::uint64_t length);
-  void begin_reading();
-  void end_reading();
   void take(std::shared_ptr<const PowerPlot> plot);
   void show_choices();
   void draw();
@@ -56,9 +53,7 @@ class PlotWindow {
   WantedRecords part_;
   PlotLook look_;
   std::shared_ptr<const PowerPlot> plot_;  // what is drawn; null when the chart is empty
-  bool reading_ = false;
-  bool cancelled_ = false;
-  double shown_s_ = 0;  // when the progress was last shown
+  ReadingProgress reading_{platform_.clock, window_, {processing_panel, plot_progress, plot_cancel}};
 };
 
 }  // namespace halden

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "filetools/open_failure.h"
 #include "filetools/power_plot/plot_choices.h"
 
 namespace halden {
@@ -106,7 +107,7 @@ class PointCollector {
 struct PlotReading {
   PowerFileReader file;
   const PlotRequest& request;
-  const PlotProgress& progress;
+  const FileProgress& progress;
   PowerPlot plot;
   bool has_whole_record = false;
   bool cancelled = false;
@@ -145,16 +146,16 @@ PlotOutcome refused(std::string_view text) { return {{}, message_of(text)}; }
 // Without text when the file can be plotted.
 Message refusal_of(const PlotReading& reading) {
   const std::size_t count = reading.plot.record_count;
-  if (reading.file.failed()) return message_of(open_failure_text(FileFailure::failed));
+  if (reading.file.failed()) return message_of(open_failure_message(FileFailure::failed));
   if (!reading.has_whole_record) return message_of("Zero Data Length");
   if (count == 1) return message_of("Only one record, can not plot.  Please use VIEW to review your record.");
   return check_range(range_in(reading.request.wanted, count), count).refusal;
 }
 
 // One pass over the file. `step` 0 stands for a guess.
-PlotOutcome read_once(OpenedFile opened, const PlotRequest& request, const PlotProgress& progress,
+PlotOutcome read_once(OpenedFile opened, const PlotRequest& request, const FileProgress& progress,
                       std::size_t step) {
-  if (!opened.reader) return refused(open_failure_text(opened.failure));
+  if (!opened.reader) return refused(open_failure_message(opened.failure));
   if (request.choice.value_or(0) >= plot_choices.size()) return refused("RECORD INDEX > 35");
   PlotReading reading{PowerFileReader(std::move(opened.reader)), request, progress, {}};
   PowerPlot& plot = reading.plot;
@@ -202,7 +203,7 @@ RecordRange PowerPlot::records_of(std::size_t point) const {
 
 // How many records a point stands for depends on how many there are. That is guessed from the length of the
 // file; only where the guess was wrong, or the file has grown meanwhile, it is read again.
-PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const PlotProgress& progress) {
+PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const FileProgress& progress) {
   PlotOutcome outcome;
   std::size_t step = 0;
   for (int pass = 0; pass < most_passes; ++pass) {
@@ -212,10 +213,6 @@ PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const Plot
     if (step == outcome.plot->record_step) break;
   }
   return outcome;
-}
-
-std::string_view open_failure_text(FileFailure failure) {
-  return failure == FileFailure::not_found ? "File not found" : "Bad file name or number";
 }
 
 }  // namespace halden

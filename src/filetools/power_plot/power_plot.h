@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "filetools/power_plot/plot_plan.h"
+#include "filetools/reading_progress.h"
 #include "formats/power_reader.h"
 #include "platform/files.h"
 
@@ -67,14 +67,7 @@ struct PlotOutcome {
   Message refusal{};
 };
 
-// Called again and again with the bytes read so far and the length of the file. The reading ends when it
-// returns false.
-using PlotProgress = std::function<bool(std::uint64_t done, std::uint64_t length)>;
-
-PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const PlotProgress& progress = {});
-
-// What is said when a file cannot be opened.
-std::string_view open_failure_text(FileFailure failure);
+PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const FileProgress& progress = {});
 
 // Told when a file of 3600 records or more is plotted.
 inline constexpr std::string_view no_statistics_text = "Records more than 3600, STATIStics function disabled";
