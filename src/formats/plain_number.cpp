@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cstdint>
 #include <cstring>
 
@@ -164,6 +165,14 @@ char* write_plain_number(std::string_view field, char point, char* to) {
   if (*at == '0' || static_cast<std::size_t>(exponent) < number.fraction)
     return write_any_number(field, point, to);
   return write_large(number, static_cast<std::size_t>(exponent), start);
+}
+
+char* write_plain_number(std::int64_t counts, int exponent, char point, char* to) {
+  std::array<char, 24> digits;
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), counts).ptr;
+  const char* const first = digits.data() + (counts < 0 ? 1 : 0);
+  if (counts < 0) *to++ = '-';
+  return write_digits(first, end - first, end - first + exponent, point, to);
 }
 
 }  // namespace halden

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace halden {
@@ -17,5 +18,8 @@ inline constexpr std::size_t longest_plain_number = 48;
 // Writes the number at the start of the field with that decimal point and returns the end of it: `to` itself
 // when there is none (blanks, "OL", "------"). The prefix is the letter directly behind the number.
 char* write_plain_number(std::string_view field, char point, char* to);
+
+// The same of counts x 10^exponent; the exponent is -18 to 12.
+char* write_plain_number(std::int64_t counts, int exponent, char point, char* to);
 
 }  // namespace halden

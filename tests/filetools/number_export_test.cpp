@@ -76,7 +76,7 @@ TEST_F(NumberExports, EveryLineIsARowAndAllRowsHaveTheSameColumns) {
     const std::string& line = lines[row];
     return line.substr(0, line.find(",,,")) + " " + line.substr(line.rfind(',') + 1);
   };
-  EXPECT_EQ(between(3), "3,1,03-15-2024,12:30:48,2024-03-15T12:30:48 no communication");
+  EXPECT_EQ(between(3), "3,1,03-15-2024,12:30:48,2024-03-15T12:30:48 lost link");
   EXPECT_EQ(lines[4].substr(0, 7) + lines[4].substr(lines[4].size() - 12), "4,2,,,,,header line");
   EXPECT_EQ(lines[6],
             "6,2,2024-03-16,00:00:00,2024-03-16T00:00:00,1.0,1.0,1.0,,1.0,1.0,1.0,,1.0,1.0,1.0,1.0,1.0,"
@@ -141,6 +141,86 @@ TEST_F(NumberExports, NoRecordingIsReplacedAndNothingElseIsRead) {
   for (const auto& [source, target, outcome] : rows)
     EXPECT_EQ(export_numbers(files, {source, target}).outcome, outcome) << source << target;
   EXPECT_EQ(files.contents, files_before);
+}
+
+// ---- harmonics, waveforms, events ----
+
+const std::string harmonics_head =
+    "HARMO,Hz=60,MD=15,SEC=2,CT=1,VT=1,INPUT=V1,SYS=3P4W,,NO.=100 ,OPTION=%\r\nDATE, TIME\r\n";
+const std::string stored_head =
+    "HARMO,Hz=Auto,MD=15,SEC=2,CT=1,VT=1,INPUT=I2,SYS=3P4W,NO.=51 ,OPTION=%\r\nDATE, TIME\r\n";
+
+std::string harmonics_record_of(std::string_view date, std::vector<std::string_view> texts,
+                                std::size_t orders) {
+  for (std::size_t order = 0; order < orders; ++order) texts.push_back(order == 1 ? "100.0" : "0.5");
+  return record(date, "12:30:44", texts);
+}
+
+TEST_F(NumberExports, HarmonicsHaveTheColumnsOfTheirInputsAndOrders) {
+  const std::string live = harmonics_record_of(
+      "15.03.2024", {"230.1V", "325.4V", "-325.4V", "3.2%", "229.9V", "60Hz", "0 to 99"}, 100);
+  const std::string stored = harmonics_record_of(
+      "2024-03-16", {"999.9mA", "1.500A", "  OL ", "12.0%", "1.000KA", "59.9Hz", "50 to 100"}, 51);
+  const std::string angles = "HARMO,Hz=60,INPUT=V3,OPTION=D\r\nDATE, TIME\r\n";
+  auto lines = lines_of(harmonics_head + live + stored_head + stored +
+                        no_communication_line({2024, 3, 16}, "12:30:46"));
+  ASSERT_EQ(lines.size(), 6u);
+  EXPECT_TRUE(lines[0].starts_with(
+      "record,block,date,time,time_iso,input,RMS_V,PEAK_P_V,PEAK_N_V,VI_1_V,RMS_A,PEAK_P_A,PEAK_N_A,VI_1_A,"
+      "THD_F_percent,HZ_Hz,RANGE,H0_percent,H1_percent,"));
+  EXPECT_TRUE(lines[0].ends_with(",H99_percent,H100_percent,note"));
+  EXPECT_TRUE(lines[1].starts_with(
+      "1,1,15.03.2024,12:30:44,,V1,230.1,325.4,-325.4,229.9,,,,,3.2,60,0 to 99,0.5,100.0,0.5,"));
+  EXPECT_TRUE(lines[1].ends_with(",0.5,,")) << "no order 100";
+  EXPECT_TRUE(lines[4].starts_with(
+      "4,2,2024-03-16,12:30:44,2024-03-16T12:30:44,I2,,,,,0.9999,1.500,,1000,12.0,59.9,50 to 100,,,"));
+  EXPECT_TRUE(lines[4].ends_with(",0.5,over range: PEAK_N"));
+  EXPECT_TRUE(lines[4].find(",,0.5,100.0,0.5") != std::string::npos);
+  EXPECT_TRUE(lines[5].ends_with(",,lost link"));
+  lines = lines_of(angles + live, {.dates = DateOrder::day_month_year});
+  EXPECT_TRUE(lines[0].find(",RANGE,H0_deg,H1_deg,") != std::string::npos);
+  EXPECT_TRUE(lines[0].ends_with(",H99_deg,note"));
+  EXPECT_TRUE(lines[1].starts_with("1,1,15.03.2024,12:30:44,2024-03-15T12:30:44,V3,230.1"));
+}
+
+std::string waveform_record_of(const char* fields) {
+  std::string line = "03/15/2024   12:30:44 B ";
+  for (int sample = 0; sample < 1024; ++sample)
+    line += sample == 0 ? "-00200 " : sample == 1 ? "00100 " : "00000 ";
+  return line + fields + " E\r\n";
+}
+
+// 2200 x VT 10 are 2200 V; the lowest sample, -200, is the negative peak of 4 KV.
+TEST_F(NumberExports, WaveformsAreScaledByTheirPeak) {
+  const std::string head =
+      "WAVE Hz=60 MD=15 SEC=4 CT=100 VT=10 INPUT=V1 SYS=3P4W, NO.=1024  OPTION=%\r\nDATE, TIME 0\r\n";
+  auto lines =
+      lines_of(head + waveform_record_of("O=    0R= 2200P= 2000N= 4000H=    1T=   32V= 2199") + "torn");
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_TRUE(lines[0].starts_with(
+      "record,block,date,time,time_iso,input,RMS_V,PEAK_P_V,PEAK_N_V,VI_1_V,THD_F_percent,HZ_Hz,S0_V,S1_V,"));
+  EXPECT_TRUE(
+      lines[1].starts_with("1,1,03/15/2024,12:30:44,,V1,2200,2000,-4000,2199,3.2,50,-4000.00,2000.00,0.00,"));
+  EXPECT_FALSE(result.scaled_currents);
+  lines = lines_of(head + waveform_record_of("O=    3R=  120P=  200N=  400H=    0T=   32V=   -1"),
+                   {.current_range = 1, .current_scale = 3.0F});
+  EXPECT_TRUE(
+      lines[1].starts_with("1,1,03/15/2024,12:30:44,,I2,36.00,60.00,-120.0,,3.2,,-120.000,60.000,0.000,"));
+  EXPECT_TRUE(lines[1].ends_with(",0.000,over range: VI_1 / no value: HZ"));
+  EXPECT_EQ(export_sentence(result, {"s.csv", "t.csv", {.current_range = 1, .current_scale = 3.0F}},
+                            Language::english),
+            "1 rows written to t.csv; currents with range 1 and clamp 3.0");
+}
+
+TEST_F(NumberExports, EventsKeepTheirReference) {
+  EXPECT_EQ(lines_of("TODAY: 03-02-2009\r\nSTART RECORDING:2009-02-28 23:50:10\r\nREF=220.0V ,SD%=10%\r\n"
+                     "       NO.,EVENT TIME,      DATE,      TIME,    CYCLES, CONDITIONS\r\n"
+                     "         1,  00:00:15,2009-03-01,     00:05,     00120,      2(LO)\r\n"
+                     "         2,  01:02:30,          ,          ,     64536,(HI+LO+OUT)\r\n"),
+            (std::vector<std::string>{
+                "record,block,date,time,time_iso,NO,EVENT_TIME_s,CYCLES,CONDITIONS,REF_V,SD_percent,note",
+                "1,1,2009-03-01,00:05,2009-03-01T00:05,1,900,120,2(LO),220.0,10,",
+                "2,1,,,,2,95400,64536,(HI+LO+OUT),220.0,10,"}));
 }
 
 }  // namespace

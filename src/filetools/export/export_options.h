@@ -22,6 +22,11 @@ struct ExportOptions {
   DecimalMark decimal = DecimalMark::point;  // JSON always has points
   Separator separator = Separator::comma;    // of CSV; differs from the decimal mark
   DateOrder dates = DateOrder::unknown;
+
+  // What scales the currents of a waveform file, which does not hold it: the meter's current range 0 to 3,
+  // and the factor of its clamp, 1.0, 1.2 or 3.0.
+  std::int16_t current_range = 0;
+  float current_scale = 1.0F;
 };
 
 // By the ending of the file's name, ".csv" or ".json" in any case; nothing for any other.

@@ -4,18 +4,17 @@
 
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "filetools/export/export_options.h"
-#include "filetools/export/table_writer.h"
+#include "filetools/export/value_row.h"
 
 namespace halden {
 
 // A line behind the first header lines. Each is a row with the number of the record, as the other file tools
 // count them; only a record has values.
-enum class LineMeaning { record, settings, column_names, no_communication, no_record };
+enum class LineMeaning { record, settings, column_names, lost_link, no_record };
 
 class ExportedKind {
  public:
@@ -32,8 +31,8 @@ class ExportedKind {
   // also when a recording was continued with other settings.
   virtual void note_columns() = 0;
 
-  // The names of the columns, after the first pass.
-  virtual std::vector<std::string> columns() = 0;
+  // After the first pass.
+  virtual std::vector<ValueColumn> columns() = 0;
 
   // ---- second pass ----
   // The order of dates whose year stands at the end.
@@ -43,15 +42,15 @@ class ExportedKind {
   virtual std::string_view date_in(std::string_view line) const = 0;
   virtual std::string_view time_in(std::string_view line) const = 0;
 
-  // Writes the values of the record taken last, something for each column. Returns how many there were.
-  virtual std::size_t add_values(std::string_view line, TableWriter& row) = 0;
+  // Writes the values of the record taken last, something for each column.
+  virtual void add_values(std::string_view line, ValueRow& row) = 0;
 
-  // What the values lack; valid until the next record.
-  virtual std::string_view note() = 0;
+  // Whether range and clamp of the options were used.
+  virtual bool scales_currents() const { return false; }
 };
 
 // By the first line of a file; nothing for a file that is no data file of this program.
-std::unique_ptr<ExportedKind> exported_kind(std::string_view first_line);
+std::unique_ptr<ExportedKind> exported_kind(std::string_view first_line, const ExportOptions& options);
 
 // What any line is that is neither a record nor a header line.
 LineMeaning meaning_of_other(std::string_view line);

@@ -18,12 +18,12 @@ namespace {
 constexpr std::uint64_t bytes_between_progress = std::uint64_t{1} << 20;
 
 // By LineMeaning; the note of a record says what it lacks.
-constexpr std::array<std::string_view, 5> notes = {"", "header line", "header line", "no communication",
+constexpr std::array<std::string_view, 5> notes = {"", "header line", "header line", "lost link",
                                                    "no whole record"};
 
 class NumberExport {
  public:
-  NumberExport(Files& files, const ExportRequest& request, const ExportProgress& progress)
+  NumberExport(Files& files, const ExportRequest& request, const FileProgress& progress)
       : files_(files), request_(request), progress_(progress) {}
 
   ExportResult run();
@@ -32,7 +32,7 @@ class NumberExport {
   bool open();
   bool survey();
   void write_rows(TableWriter& table);
-  void write_row(TableWriter& table, IsoTime& iso, std::string_view line);
+  void write_row(TableWriter& table, ValueRow& values, IsoTime& iso, std::string_view line);
   bool goes_on(std::uint64_t done);
   bool fail(ExportOutcome outcome, FileFailure failure = FileFailure::none) {
     result_.outcome = outcome;
@@ -42,19 +42,19 @@ class NumberExport {
 
   Files& files_;
   const ExportRequest& request_;
-  const ExportProgress& progress_;
+  const FileProgress& progress_;
   ExportResult result_;
   std::unique_ptr<TextLines> lines_;
   std::unique_ptr<ExportedKind> kind_;
   std::uint64_t surveyed_ = 0;  // the length of the file in the first pass; what follows is not exported
   std::uint64_t next_progress_ = bytes_between_progress;
   std::size_t block_ = 0;
-  std::vector<std::string> columns_;
+  std::vector<ValueColumn> columns_;
 };
 
-std::vector<std::string> all_columns(const std::vector<std::string>& values) {
+std::vector<std::string> all_names(const std::vector<ValueColumn>& values) {
   std::vector<std::string> names = {"record", "block", "date", "time", "time_iso"};
-  names.insert(names.end(), values.begin(), values.end());
+  for (const ValueColumn& column : values) names.push_back(column.name());
   names.emplace_back("note");
   return names;
 }
@@ -67,9 +67,10 @@ ExportResult NumberExport::run() {
   const CreatedFile created = files_.create(request_.target);
   if (!created.writer) return {ExportOutcome::not_written, created.failure};
   columns_ = kind_->columns();
-  TableWriter table(*created.writer, request_.options, all_columns(columns_));
+  TableWriter table(*created.writer, request_.options, all_names(columns_));
   write_rows(table);
   if (result_.outcome != ExportOutcome::written) return result_;
+  result_.scaled_currents = kind_->scales_currents();
   FileFailure failure = table.finish();
   if (failure == FileFailure::none) failure = created.writer->finish();
   if (failure != FileFailure::none) fail(ExportOutcome::not_written, failure);
@@ -83,7 +84,7 @@ bool NumberExport::open() {
   lines_ = std::make_unique<TextLines>(std::move(opened.reader));
   std::string_view line;
   lines_->next(line);
-  if (!kind_) kind_ = exported_kind(line);
+  if (!kind_) kind_ = exported_kind(line, request_.options);
   if (!kind_) return fail(ExportOutcome::no_data_file);
   kind_->take(line);
   for (std::size_t number = 1; number < kind_->header_lines() && lines_->next(line); ++number)
@@ -104,10 +105,11 @@ bool NumberExport::survey() {
 }
 
 void NumberExport::write_rows(TableWriter& table) {
+  ValueRow values(table, columns_);
   IsoTime iso(kind_->date_order(request_.options.dates));
   std::string_view line;
   while (lines_->position() < surveyed_ && lines_->next(line)) {
-    write_row(table, iso, line);
+    write_row(table, values, iso, line);
     if (table.failure() != FileFailure::none) {
       fail(ExportOutcome::not_written, table.failure());
       return;
@@ -117,7 +119,7 @@ void NumberExport::write_rows(TableWriter& table) {
   if (lines_->failed()) fail(ExportOutcome::not_read);
 }
 
-void NumberExport::write_row(TableWriter& table, IsoTime& iso, std::string_view line) {
+void NumberExport::write_row(TableWriter& table, ValueRow& values, IsoTime& iso, std::string_view line) {
   const LineMeaning meaning = kind_->take(line);
   if (meaning == LineMeaning::settings) ++block_;
   const std::string_view date = kind_->date_in(line), time = kind_->time_in(line);
@@ -127,14 +129,13 @@ void NumberExport::write_row(TableWriter& table, IsoTime& iso, std::string_view 
   table.add_text(date);
   table.add_text(time);
   table.add_text(iso.of(date, time));
-  std::size_t values = 0;
-  if (meaning == LineMeaning::record)
-    values = kind_->add_values(line, table);
-  else
-    for (std::size_t column = 0; column < columns_.size(); ++column) table.add_nothing();
-  table.add_text(meaning == LineMeaning::record ? kind_->note() : notes[static_cast<std::size_t>(meaning)]);
+  const bool is_record = meaning == LineMeaning::record;
+  values.begin();
+  if (is_record) kind_->add_values(line, values);
+  values.add_nothing(values.columns_left());
+  table.add_text(is_record ? values.note() : notes[static_cast<std::size_t>(meaning)]);
   table.end_row();
-  if (values == 0) ++result_.without_readings;
+  if (values.values() == 0) ++result_.without_readings;
 }
 
 bool NumberExport::goes_on(std::uint64_t done) {
@@ -145,7 +146,7 @@ bool NumberExport::goes_on(std::uint64_t done) {
 
 }  // namespace
 
-ExportResult export_numbers(Files& files, const ExportRequest& request, const ExportProgress& progress) {
+ExportResult export_numbers(Files& files, const ExportRequest& request, const FileProgress& progress) {
   return NumberExport(files, request, progress).run();
 }
 
@@ -154,7 +155,7 @@ bool is_data_file(Files& files, const std::string& path) {
   if (!opened.reader) return false;
   TextLines lines(std::move(opened.reader));
   std::string_view line;
-  return lines.next(line) && exported_kind(line) != nullptr;
+  return lines.next(line) && exported_kind(line, {}) != nullptr;
 }
 
 }  // namespace halden

@@ -9,11 +9,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <functional>
 #include <string>
 
 #include "filetools/export/export_options.h"
+#include "filetools/reading_progress.h"
 #include "platform/files.h"
 
 namespace halden {
@@ -38,13 +37,11 @@ struct ExportResult {
   FileFailure failure = FileFailure::none;
   std::size_t rows = 0;
   std::size_t without_readings = 0;  // of the rows
+  bool scaled_currents = false;      // with range and clamp of the options
 };
 
-// Called again and again with how much is done of the whole work. The export ends when it returns false.
-using ExportProgress = std::function<bool(std::uint64_t done, std::uint64_t whole)>;
-
-// Only a whole table appears under the name of the result.
-ExportResult export_numbers(Files& files, const ExportRequest& request, const ExportProgress& progress = {});
+// Only a whole table appears under the name of the result. The progress is that of both passes.
+ExportResult export_numbers(Files& files, const ExportRequest& request, const FileProgress& progress = {});
 
 // Whether the file is a data file of this program.
 bool is_data_file(Files& files, const std::string& path);

@@ -77,48 +77,38 @@ LineMeaning PowerExport::take(std::string_view line) {
   return named || line.starts_with("????,") ? LineMeaning::settings : meaning_of_other(line);
 }
 
-std::vector<std::string> PowerExport::columns() {
+bool PowerExport::has(PowerQuantity quantity) const {
+  for (std::size_t wiring = 0; wiring < has_.size(); ++wiring)
+    if (has_[wiring] && power_column(Wiring(wiring), quantity)) return true;
+  return false;
+}
+
+std::vector<ValueColumn> PowerExport::columns() {
   if (has_ == std::array<bool, 4>{} && of_first_line_) has_[table_index(*of_first_line_)] = true;
-  std::vector<std::string> names, quantities;
+  std::vector<ValueColumn> columns;
   for (std::size_t index = 0; index < power_quantity_count; ++index) {
     const auto quantity = static_cast<PowerQuantity>(index);
-    bool is_there = false;
-    for (std::size_t wiring = 0; wiring < has_.size(); ++wiring)
-      is_there = is_there || (has_[wiring] && power_column(Wiring(wiring), quantity));
-    if (!is_there) continue;
+    if (!has(quantity)) continue;
     quantities_.push_back(quantity);
-    quantities.emplace_back(exported(quantity).name);
-    names.push_back(quantities.back() + (exported(quantity).unit.empty() ? "" : "_"));
-    names.back() += exported(quantity).unit;
+    columns.push_back({std::string(exported(quantity).name), std::string(exported(quantity).unit)});
     for (std::size_t wiring = 0; wiring < has_.size(); ++wiring)
       places_[wiring].push_back(place_of(Wiring(wiring), quantity));
   }
-  note_ = RowNote(std::move(quantities));
-  return names;
+  return columns;
 }
 
 std::string_view PowerExport::date_in(std::string_view line) const { return date_in_line(line); }
 std::string_view PowerExport::time_in(std::string_view line) const { return time_in_line(line); }
 
-std::size_t PowerExport::add_values(std::string_view line, TableWriter& row) {
+// A field has ten characters: of a longer text the first ones are cut.
+void PowerExport::add_values(std::string_view line, ValueRow& row) {
   const std::vector<std::size_t>& places = places_[table_index(*wiring_)];
-  missing_.clear();
-  note_.clear();
-  row.add_fields(line, places, missing_);
-  for (const std::size_t column : missing_)
-    note_.add_missing(line.substr(places[column], field_text_length), column);
-  note_cut_signs(line);
-  return power_column_count(*wiring_) - missing_.size();
-}
-
-// A field has ten characters; of a longer text the first ones are cut.
-void PowerExport::note_cut_signs(std::string_view line) {
-  const std::vector<std::size_t>& places = places_[table_index(*wiring_)];
+  row.add_fields(line, places);
   for (std::size_t column = 0; column < places.size(); ++column) {
     if (places[column] == TableWriter::nowhere) continue;
     const char first = line[places[column]];
     if (first != ' ' && first != '-' && exported(quantities_[column]).sign == Sign::possible)
-      note_.add(RowNote::Cause::sign_cut, column);
+      row.note_cut_sign(column);
   }
 }
 

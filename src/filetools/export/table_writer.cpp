@@ -117,11 +117,16 @@ bool TableWriter::add_field(std::string_view field) {
   return end != start;
 }
 
-void TableWriter::add_fields(std::string_view record, std::span<const std::size_t> places,
-                             std::vector<std::size_t>& missing) {
+void TableWriter::add_number(std::int64_t counts, int exponent) {
+  at_ = write_plain_number(counts, exponent, point_, write_before(column_++, at_));
+}
+
+std::size_t TableWriter::add_fields(std::string_view record, std::span<const std::size_t> places,
+                                    std::vector<std::size_t>& missing) {
   char* at = at_;
   const bool is_csv = format_ == TableFormat::csv;
   const char separator = separator_, point = point_;
+  std::size_t empty = 0;
   for (std::size_t index = 0; index < places.size(); ++index) {
     if (is_csv)
       *at++ = separator;
@@ -132,10 +137,12 @@ void TableWriter::add_fields(std::string_view record, std::span<const std::size_
     if (place != nowhere) at = write_plain_number({record.data() + place, field_text_length}, point, start);
     if (at != start) continue;
     at = write_null(start);
+    ++empty;
     if (place != nowhere) missing.push_back(index);
   }
   column_ += places.size();
   at_ = at;
+  return places.size() - empty;
 }
 
 void TableWriter::add_text(std::string_view text) {

@@ -32,11 +32,14 @@ class TableWriter {
   // The number of a recorded field; nothing and false when it has none.
   bool add_field(std::string_view field);
 
-  // Those of several columns, from their places in a record; `missing` gets the indices of those without a
-  // number. Nothing stands in a column whose place is `nowhere`.
+  // counts x 10^exponent
+  void add_number(std::int64_t counts, int exponent);
+
+  // Those of several columns, from their places in a record. Nothing stands in a column whose place is
+  // `nowhere`. Returns how many have a number; `missing` gets the indices of the others.
   static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
-  void add_fields(std::string_view record, std::span<const std::size_t> places,
-                  std::vector<std::size_t>& missing);
+  std::size_t add_fields(std::string_view record, std::span<const std::size_t> places,
+                         std::vector<std::size_t>& missing);
 
   void end_row();
 
