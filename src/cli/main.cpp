@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/export_command.h"
 #include "cli/hardcopy_command.h"
 #include "cli/playback_command.h"
 #include "cli/plot_command.h"
@@ -56,6 +57,7 @@ int main(int argc, char** argv) {
   halden::add_plot_command(app, files, halden::open_offscreen, chosen);
   halden::add_playback_commands(app, files, halden::open_offscreen, chosen);
   halden::add_hardcopy_command(app, files, halden::open_offscreen, chosen);
+  halden::add_export_command(app, files, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

@@ -41,6 +41,10 @@ std::string no_communication_line(const Date& date, std::string_view clock_text)
   return line;
 }
 
+bool is_no_communication_line(std::string_view line) {
+  return line.find(lost_line_text) != std::string_view::npos;
+}
+
 std::string numbered_names(std::string_view separator, int count) {
   std::string names;
   for (int number = 0; number < count; ++number) {

@@ -38,6 +38,8 @@ std::string record_date(const Date& date);
 //   03-15-2024,12:30:44, NO COM, DATA LOST, !, !,!,!,!,!,!,!
 std::string no_communication_line(const Date& date, std::string_view clock_text);
 
+bool is_no_communication_line(std::string_view line);
+
 // The numbers 0, 1, ... count - 1 as texts, each after `separator`.
 std::string numbered_names(std::string_view separator, int count);
 
