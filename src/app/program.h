@@ -9,6 +9,7 @@
 #include "app/live.h"
 #include "app/shared.h"
 #include "app/start_options.h"
+#include "filetools/export/export_window.h"
 #include "filetools/hardcopy/hardcopy_window.h"
 #include "filetools/power_plot/plot_window.h"
 #include "link/link.h"
@@ -30,6 +31,7 @@ struct Program {
   LoggerWindow logger{platform, shared.windows, shared.meter_rec, shared.notice, link, options.work_folder};
   PlotWindow plot{platform, shared.windows, shared.meter_rec, link.state};
   HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
+  ExportWindow numbers{platform, shared.windows, shared.meter_rec, link};
   Application application{platform, options, shared, link, live};
 };
 

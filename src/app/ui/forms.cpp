@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/ui/meter_rec.h"
+#include "filetools/export/ui/export_form_design.h"
 #include "filetools/hardcopy/ui/hardcopy_form_design.h"
 #include "filetools/power_plot/ui/plot_form_design.h"
 #include "live/phasors/ui/phasor_form.h"
@@ -22,6 +23,7 @@ constexpr std::array forms = {
     Form{"PhasorForm", [](const Windows&) { return phasor_form_design(); }},
     Form{"PlotFile", [](const Windows&) { return plot_form_design(); }},
     Form{"HC_window", [](const Windows&) { return hardcopy_form_design(); }},
+    Form{"ExportNumbers", [](const Windows&) { return export_form_design(); }},
     Form{"Logger", [](const Windows& windows) { return logger_form_design(windows["CHKSPEED"]); }}};
 
 }  // namespace

@@ -43,6 +43,7 @@ constexpr std::array captions = {
     Caption{"show_plot_harmonics", {"Plot &Harmonics", "諧波記錄畫圖"}},
     Caption{"show_plot_waveform", {"Plot &Waveform", "波形記錄畫圖"}},
     Caption{"show_plot_hardcopy", {"Plot &Hardcopy", "視窗記錄畫圖"}},
+    Caption{"export_numbers", {"Export as &Numbers...", "匯出為數值..."}},
     // The headings of the right-hand column.
     Caption{"settings_heading", {"Meter settings", "電表設定"}},
     Caption{"energy_heading", {"Energy and demand", "電能與需量"}},

@@ -22,6 +22,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"zmenu", "show_plot_harmonics", "Plot &Harmonics", Entry::disabled},
     {"zmenu", "show_plot_waveform", "Plot &Waveform", Entry::disabled},
     {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy"},
+    {"zmenu", "export_numbers", "Export as &Numbers..."},
     {"zmenu", "quit", "E&xit"},
     {"", "view_harmonics", "Harmonics"},
     {"view_harmonics", "show_percentage", "%"},
