@@ -24,6 +24,7 @@ Program::Program(const Platform& outside, const StartOptions& start_options)
   files.connect(FileKind::hardcopy, "show_plot_hardcopy", hardcopy);
   files.connect(FileKind::text, "ViewFile", viewer);
   files.read_recent();
+  shared.windows["ExportNumbers"].on_drop([this](const Lines& paths) { numbers.open_file(paths.front()); });
   platform.timer1.on_tick([this] {
     live.sample_clock.tick();
     application.refresh_status_line();

@@ -10,6 +10,7 @@
 #include "app/shared.h"
 #include "app/start_options.h"
 #include "app/stored_files.h"
+#include "filetools/export/export_window.h"
 #include "filetools/hardcopy/hardcopy_window.h"
 #include "filetools/playback/playback_window.h"
 #include "filetools/power_plot/plot_window.h"
@@ -37,6 +38,7 @@ struct Program {
   HardcopyWindow hardcopy{platform, shared.windows, shared.meter_rec, shared.notice, link};
   ViewerWindow viewer{platform, shared.windows, shared.meter_rec, link};
   PrintWindow print{platform, shared.windows, link.state};
+  ExportWindow numbers{platform, shared.windows, shared.meter_rec, link};
   StoredFiles files{platform.files, shared.windows, shared.meter_rec, recent_files_path(options.work_folder)};
   Application application{platform, options, shared, link, live};
 };

@@ -106,6 +106,12 @@ void add_export_command(CLI::App& app, Files& files, ChosenCommand& chosen) {
                          {"dmy", DateOrder::day_month_year},
                          {"ymd", DateOrder::year_month_day}},
                         "The order of day and month where the file does not settle it");
+  command->add_option("--range", options.current_range, "Of waveforms of currents: the meter's current range")
+      ->type_name("0..3")
+      ->check(CLI::Range(0, 3).description(""));
+  command->add_option("--clamp", options.current_scale, "Of waveforms of currents: the factor of the clamp")
+      ->type_name("1.0|1.2|3.0")
+      ->check(CLI::IsMember({1.0F, 1.2F, 3.0F}).description(""));
   command->callback([arguments, separator, &files, &chosen] {
     arguments->separator_given = separator->count() > 0;
     check_together(*arguments);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "app/ui/meter_rec.h"
+#include "filetools/export/ui/export_form_design.h"
 #include "filetools/hardcopy/ui/hardcopy_form_design.h"
 #include "filetools/playback/ui/playback_form_design.h"
 #include "filetools/power_plot/ui/plot_form_design.h"
@@ -30,6 +31,7 @@ constexpr std::array forms = {
     Form{"HC_window", [](const Windows&) { return hardcopy_form_design(); }},
     Form{"VIEW", [](const Windows&) { return viewer_form_design(); }},
     Form{"PrintFile", [](const Windows&) { return print_form_design(); }},
+    Form{"ExportNumbers", [](const Windows&) { return export_form_design(); }},
     Form{"Logger", [](const Windows& windows) { return logger_form_design(windows["CHKSPEED"]); }}};
 
 FormWindow& form_of(std::string_view window, const std::vector<std::unique_ptr<FormWindow>>& made) {

@@ -150,12 +150,17 @@ ExportResult export_numbers(Files& files, const ExportRequest& request, const Fi
   return NumberExport(files, request, progress).run();
 }
 
-bool is_data_file(Files& files, const std::string& path) {
+ExportResult check_source(Files& files, const std::string& path) {
   OpenedFile opened = files.open(path);
-  if (!opened.reader) return false;
+  if (!opened.reader) return {ExportOutcome::not_opened, opened.failure};
   TextLines lines(std::move(opened.reader));
   std::string_view line;
-  return lines.next(line) && exported_kind(line, {}) != nullptr;
+  if (lines.next(line) && exported_kind(line, {})) return {};
+  return {ExportOutcome::no_data_file};
+}
+
+bool is_data_file(Files& files, const std::string& path) {
+  return check_source(files, path).outcome == ExportOutcome::written;
 }
 
 }  // namespace halden

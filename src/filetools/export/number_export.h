@@ -43,7 +43,9 @@ struct ExportResult {
 // Only a whole table appears under the name of the result. The progress is that of both passes.
 ExportResult export_numbers(Files& files, const ExportRequest& request, const FileProgress& progress = {});
 
-// Whether the file is a data file of this program.
+// Without an export: `written` when the file is a data file of this program, otherwise why it cannot be
+// exported.
+ExportResult check_source(Files& files, const std::string& path);
 bool is_data_file(Files& files, const std::string& path);
 
 }  // namespace halden

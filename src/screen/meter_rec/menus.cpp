@@ -22,6 +22,7 @@ const std::vector<MenuEntry> plain_entries = {
     {"zmenu", "show_plot_harmonics", "Plot &Harmonics"},
     {"zmenu", "show_plot_waveform", "Plot &Waveform"},
     {"zmenu", "show_plot_hardcopy", "Plot &Hardcopy"},
+    {"zmenu", "export_numbers", "Export as &Numbers..."},
     {"zmenu", "recent_files", "&Recent Files", Entry::disabled},
     {"recent_files", "recent_power", "Power Data"},
     {"recent_files", "recent_harmonics", "Harmonics"},
