@@ -10,6 +10,7 @@
 #include "cli/playback_command.h"
 #include "cli/plot_command.h"
 #include "cli/points_command.h"
+#include "cli/print_command.h"
 #include "cli/qt/offscreen_library.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
@@ -57,6 +58,7 @@ int main(int argc, char** argv) {
   halden::add_plot_command(app, files, halden::open_offscreen, chosen);
   halden::add_playback_commands(app, files, halden::open_offscreen, chosen);
   halden::add_hardcopy_command(app, files, halden::open_offscreen, chosen);
+  halden::add_print_command(app, files, halden::open_offscreen, chosen);
   halden::add_export_command(app, files, chosen);
   add_version_flag(app);
   try {

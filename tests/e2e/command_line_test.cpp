@@ -161,6 +161,12 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
   const Ended no_picture = run(hardcopy + "--picture 3 --out h.png");
   EXPECT_EQ(no_picture.exit_code, 1);
   EXPECT_EQ(no_picture.errors, "The file has only 2 pictures.\n");
+  folder.write("long.txt", (std::string(400, 'x') + "\n").c_str());
+  const std::string print = no_display + "-C " + (folder / "") + " haldenctl print ";
+  EXPECT_EQ(run(print + "long.txt --out p.pdf").errors, "1 page. Printed to p.pdf.\n");
+  EXPECT_TRUE(folder.read("p.pdf").starts_with("%PDF"));
+  EXPECT_EQ(run(print + "none.txt --out p.pdf").errors, "File not found\n");
+  EXPECT_TRUE(folder.read("p.pdf").starts_with("%PDF")) << "a file that is not there replaces nothing";
   const Ended no_folder = run(plot + "--out none/a.png");
   EXPECT_EQ(no_folder.exit_code, 1);
   EXPECT_EQ(no_folder.errors, "none/a.png: folder gone.\n");
