@@ -23,7 +23,7 @@ struct Link {
         polling(platform, waits, state),
         query(platform, waits, polling, state, status, meter_rec, notice, label_column_left),
         exchange(polling, query),
-        pause(polling, gate, exchange, meter_rec) {}
+        pause(polling, gate, meter_rec) {}
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
 

@@ -6,13 +6,6 @@
 
 namespace halden {
 
-PollingPause::PollingPause(Polling& polling, ExchangeGate& gate, Exchange& exchange, const Window& meter_rec)
-    : polling_(polling), gate_(gate), meter_rec_(meter_rec) {
-  exchange.on_ended([this] {
-    if (!windows_.empty()) polling_.stop_polling();  // every exchange resumes it at its end
-  });
-}
-
 void PollingPause::begin(Window& window) {
   if (recording_runs()) return;
   if (std::find(windows_.begin(), windows_.end(), &window) == windows_.end()) windows_.push_back(&window);
@@ -36,6 +29,7 @@ void PollingPause::end_all() {
 // An exchange that runs is left to its end. While the datalogger is open, polling stands still anyway and
 // goes on when that is closed.
 void PollingPause::apply() {
+  windows_.empty() ? polling_.end_pause() : polling_.pause();
   if (polling_.line_is_held()) return;
   gate_.run("polling pause", [this] { polling_.resume_polling(windows_.empty() ? 1 : 0); });
 }

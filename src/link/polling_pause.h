@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "link/exchange.h"
 #include "link/exchange_gate.h"
+#include "link/polling.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -13,7 +13,8 @@ namespace halden {
 class PollingPause {
  public:
   // All outlive this.
-  PollingPause(Polling& polling, ExchangeGate& gate, Exchange& exchange, const Window& meter_rec);
+  PollingPause(Polling& polling, ExchangeGate& gate, const Window& meter_rec)
+      : polling_(polling), gate_(gate), meter_rec_(meter_rec) {}
 
   // Polling stops, and goes on when each of the windows for which it stopped has been closed. Such a window
   // has the control polling_note.
