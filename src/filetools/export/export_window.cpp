@@ -1,6 +1,5 @@
 #include "filetools/export/export_window.h"
 
-#include <array>
 #include <optional>
 
 #include "filetools/export/export_texts.h"
@@ -17,8 +16,6 @@ constexpr double progress_after_s = 0.5;
 constexpr Text replace_it = {"{} exists. Replace it?", "{} 已存在，是否取代？"};
 constexpr Text wrong_ending = {"The name of the result must end in .csv or .json",
                                "結果檔名須以 .csv 或 .json 結尾"};
-
-constexpr std::array all_files = {"csv Files(*.csv)", "dat Files(*.dat)", "All Files (*.*)"};
 
 std::string name_of(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
 
@@ -77,7 +74,7 @@ void ExportWindow::close() {
 void ExportWindow::choose_file() {
   if (progress_.runs()) return form_.show();
   const std::optional<std::string> path = platform_.dialogs.open_file(
-      {{{all_files[0], "*.csv"}, {all_files[1], "*.dat"}, {all_files[2], "*.*"}}, "", ""});
+      {{{"Data Files(*.csv *.dat)", "*.csv *.dat"}, {"All Files (*.*)", "*.*"}}, "", ""});
   if (path && !path->empty()) open_file(*path);
 }
 
