@@ -72,7 +72,6 @@ std::size_t index_of(Value value) {
 
 Window make_export_form() {
   Window form("ExportNumbers");
-  form.set_caption("Export as Numbers");
   for (const std::string_view name :
        {export_file_label, export_file, choose_file_button, export_button, export_again, export_result,
         export_task, export_progress, export_cancel})

@@ -13,6 +13,7 @@ namespace {
 // A shorter export shows only its result.
 constexpr double progress_after_s = 0.5;
 
+constexpr Text caption = {"Export as Numbers", "匯出為數值"};
 constexpr Text replace_it = {"{} exists. Replace it?", "{} 已存在，是否取代？"};
 constexpr Text wrong_ending = {"The name of the result must end in .csv or .json",
                                "結果檔名須以 .csv 或 .json 結尾"};
@@ -81,6 +82,7 @@ void ExportWindow::choose_file() {
 // A file that cannot be exported leaves the one chosen before.
 void ExportWindow::open_file(const std::string& path) {
   if (progress_.runs()) return;
+  form_.set_caption(caption.in(link_.state.language));
   form_.show();
   const ExportRequest wanted = {path, "", request_.options};
   const ExportResult checked = check_source(platform_.files, path);
