@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::ptrdiff_t most_digits = 18;
 constexpr std::size_t word_length = sizeof(std::uint64_t);
+constexpr std::size_t most_before_point = 3;
 constexpr std::uint64_t one_in_each_byte = 0x0101010101010101;
 
 // The exponent of a prefix letter, 0 of any other character.
@@ -85,19 +86,26 @@ char* write_any_number(std::string_view field, char point, char* to) {
 }
 
 // ---- a field as the program writes it ----
-// The fields of a long file are by far the most work of an export. Whole words are read and copied, also
-// behind what is meant; the rooms at both ends are large enough.
+// The fields of a long file are by far the most work of an export. A number with its prefix has at most eight
+// characters, which are kept in one word, the first one in its lowest byte. Whole words are written, also
+// behind what is meant: the room at the other end is large enough.
 
-std::uint64_t word_at(const char* from) {
-  std::uint64_t word = 0;
-  std::memcpy(&word, from, word_length);
-  return word;
+using Characters = std::uint64_t;
+
+Characters characters_at(const char* from) {
+  Characters characters = 0;
+  std::memcpy(&characters, from, word_length);
+  return characters;
 }
 
-void copy_word(char* to, const char* from) { std::memcpy(to, from, word_length); }
+Characters without_first(Characters characters, std::size_t count) { return characters >> (8 * count); }
 
-// The highest bit of each byte of ASCII text that is no digit.
-std::uint64_t marks_of_others(std::uint64_t text) {
+char first_of(Characters characters) { return static_cast<char>(characters & 0xFF); }
+
+void write_word(char* to, Characters characters) { std::memcpy(to, &characters, word_length); }
+
+// The highest bit of each byte that is no digit, in ASCII text.
+std::uint64_t marks_of_others(Characters text) {
   const std::uint64_t digits = text ^ ('0' * one_in_each_byte);
   return (digits + (0x80 - 10) * one_in_each_byte) & (0x80 * one_in_each_byte);
 }
@@ -105,64 +113,79 @@ std::uint64_t marks_of_others(std::uint64_t text) {
 std::size_t first_mark(std::uint64_t marks) { return static_cast<std::size_t>(std::countr_zero(marks)) / 8; }
 
 struct NumberParts {
-  const char* digits;    // the first one
-  std::size_t point;     // how many stand before the point
+  Characters text;       // from the first digit on
+  std::size_t point;     // how many digits stand before the point
   std::size_t fraction;  // and behind it
 };
 
 // Digits before and behind the point side by side.
-void copy_digits(const NumberParts& number, char* to) {
-  copy_word(to, number.digits);
-  copy_word(to + number.point, number.digits + number.point + 1);
+void write_joined(const NumberParts& number, char* to) {
+  write_word(to, number.text);
+  write_word(to + number.point, without_first(number.text, number.point + 1));
 }
 
 char* write_unprefixed(NumberParts number, char point, char* to) {
-  for (; number.point > 1 && *number.digits == '0'; --number.point) ++number.digits;
-  copy_word(to, number.digits);
+  for (; number.point > 1 && first_of(number.text) == '0'; --number.point)
+    number.text = without_first(number.text, 1);
+  write_word(to, number.text);
   to[number.point] = point;
   return to + number.point + 1 + number.fraction;
 }
 
-// At least one digit before the point, that is no leading zero; the exponent moves the point to the end or
-// behind it.
+// Without a leading zero; the exponent moves the point to the end or behind it.
 char* write_large(const NumberParts& number, std::size_t exponent, char* to) {
-  copy_digits(number, to);
+  write_joined(number, to);
   std::memset(to + number.point + number.fraction, '0', 2 * word_length);
   return to + number.point + exponent;
 }
 
-// At most three digits before the point, in thousandths of the unit.
+// In thousandths of the unit.
 char* write_small(const NumberParts& number, char point, char* to) {
   std::memcpy(to, "0.00", 4);
   to[1] = point;
-  to += 2 + (3 - number.point);
-  copy_digits(number, to);
+  to += 2 + (most_before_point - number.point);
+  write_joined(number, to);
   return to + number.point + number.fraction;
+}
+
+struct SignedText {
+  Characters text;
+  bool negative;
+};
+
+// What stands behind blanks and a minus sign.
+SignedText without_blanks_and_sign(const char* field) {
+  if (field[0] == ' ' && field[1] == ' ') {
+    Characters text = characters_at(field + 2);
+    const std::uint64_t others = text ^ (' ' * one_in_each_byte);
+    text = others == 0 ? 0 : without_first(text, first_mark(others));
+    const bool negative = first_of(text) == '-';
+    return {negative ? without_first(text, 1) : text, negative};
+  }
+  const char* const at = field + (field[0] == ' ' ? 1 : 0);
+  const bool negative = *at == '-';
+  return {characters_at(at + (negative ? 1 : 0)), negative};
 }
 
 }  // namespace
 
 char* write_plain_number(std::string_view field, char point, char* to) {
-  if (field.size() != field_text_length) return write_any_number(field, point, to);
-  std::array<char, 4 * word_length> room{};
-  std::memcpy(room.data(), field.data(), field_text_length);
-  const std::uint64_t others = word_at(room.data()) ^ (' ' * one_in_each_byte);
-  if (others == 0) return write_any_number(field, point, to);
-  const char* at = room.data() + first_mark(others);
-  const bool negative = *at == '-';
-  at += negative ? 1 : 0;
-  const std::uint64_t text = word_at(at);
+  if (field.size() != field_text_length || std::endian::native != std::endian::little)
+    return write_any_number(field, point, to);
+  const auto [text, negative] = without_blanks_and_sign(field.data());
   const std::uint64_t marks = marks_of_others(text), behind_point = marks & (marks - 1);
-  if ((text & (0x80 * one_in_each_byte)) != 0 || behind_point == 0) return write_any_number(field, point, to);
   const std::size_t before = first_mark(marks), end = first_mark(behind_point);
-  if (before == 0 || before > 3 || at[before] != '.') return write_any_number(field, point, to);
-  const NumberParts number = {at, before, end - before - 1};
-  const int exponent = prefix_exponent(at[end]);
+  const bool is_ascii = (text & (0x80 * one_in_each_byte)) == 0;
+  if (!is_ascii || behind_point == 0 || before == 0 || before > most_before_point ||
+      first_of(without_first(text, before)) != '.')
+    return write_any_number(field, point, to);
+  const NumberParts number = {text, before, end - before - 1};
+  const int exponent = prefix_exponent(first_of(without_first(text, end)));
   *to = '-';
   char* const start = to + (negative ? 1 : 0);
   if (exponent == 0) return write_unprefixed(number, point, start);
   if (exponent < 0) return write_small(number, point, start);
-  if (*at == '0' || static_cast<std::size_t>(exponent) < number.fraction)
+  if (first_of(text) == '0' || static_cast<std::size_t>(exponent) < number.fraction)
     return write_any_number(field, point, to);
   return write_large(number, static_cast<std::size_t>(exponent), start);
 }

@@ -209,7 +209,7 @@ TEST_F(NumberExports, WaveformsAreScaledByTheirPeak) {
   EXPECT_TRUE(lines[1].ends_with(",0.000,over range: VI_1 / no value: HZ"));
   EXPECT_EQ(export_sentence(result, {"s.csv", "t.csv", {.current_range = 1, .current_scale = 3.0F}},
                             Language::english),
-            "1 rows written to t.csv; currents with range 1 and clamp 3.0");
+            "1 row written to t.csv; currents with range 1 and clamp 3.0");
 }
 
 TEST_F(NumberExports, EventsKeepTheirReference) {

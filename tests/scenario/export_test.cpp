@@ -1,69 +1,73 @@
-// The window that exports a data file as plain numbers, in virtual time.
-#include <gtest/gtest.h>
-
+// The window that exports numbers, in the whole program.
+#include "formats/record_field.h"
 #include "program_test_base.h"
 
 namespace halden {
 namespace {
 
-struct ExportJourney : testing::Test, Journey {
-  ExportJourney() {
-    start();
-    world.dialogs.messages.clear();
-    std::string record = "03-15-2024,  12:30:44,   2.5000V,   1.000KA,";
-    for (int field = 4; field < 17; ++field) record += "        OL,";
-    world.files.contents["d/a.csv"] = "1P2W,CT=1,VT=1\r\nDATE\r\n" + record + "\r\nlost\r\n";
-  }
+const std::string head = "1P2W,Hz=60,MD=15,SEC=2,CT=1,VT=1\r\nnames\r\n";
 
-  void choose(const std::string& path) {
-    world.dialogs.file_answers = {path};
-    click("export_numbers");
-  }
-  void export_to(const std::string& path) {
-    world.dialogs.file_answers = {path};
-    click("export", "ExportNumbers");
-  }
+struct ExportJourney : testing::Test, Journey {
+  ExportJourney() { start(); }
+
+  void press(const std::string& control) { click(control, "ExportNumbers"); }
   const std::string& result() const { return window("ExportNumbers")["export_result"].text; }
+  bool enabled(const std::string& control) const { return window("ExportNumbers")[control].enabled; }
+  std::string& file(const std::string& path) { return world.files.contents[path]; }
+
+  std::string record(std::string_view power) const {
+    std::string line = record_field("03-15-2024") + record_field("12:30:44");
+    for (int column = 0; column < 15; ++column) line += record_field(column == 3 ? power : "7.7");
+    return line + "\r\n";
+  }
 };
 
-TEST_F(ExportJourney, AFileIsChosenThenTheNameOfItsNumbers) {
-  choose("d/a.csv");
-  EXPECT_TRUE(window("ExportNumbers").visible());
-  click("decimal_comma", "ExportNumbers");
-  EXPECT_TRUE(window("ExportNumbers")["separator_semicolon"].checked) << "a comma cannot be both";
-  export_to("d/n.csv");
+TEST_F(ExportJourney, TheResultIsAskedForAndReplacedOnlyAfterAQuestion) {
+  file("d/a.csv") = head + record("2.410KW");
+  world.dialogs.file_answers = {"d/a.csv", "d/n.txt"};
+  click("export_numbers");
+  EXPECT_TRUE(window("ExportNumbers").visible() && enabled("export"));
+  press("export");
+  EXPECT_EQ(result(), "The name of the result must end in .csv or .json");
   EXPECT_EQ(world.dialogs.file_questions.back().suggested_name, "a-numbers.csv");
-  const std::string& rows = world.files.contents["d/n.csv"];
-  EXPECT_NE(rows.find("\n1;1;03-15-2024;12:30:44;2024-03-15T12:30:44;2,5000;1000;"), std::string::npos)
-      << rows;
-  EXPECT_NE(rows.find("\n2;1;"), std::string::npos) << "the lost line is a row";
-  EXPECT_EQ(result().substr(0, 6), "2 rows");
-  click("sel_language_1");
-  window("ExportNumbers").closed();
-  EXPECT_FALSE(window("ExportNumbers").visible());
+  press("decimal_comma");
+  EXPECT_TRUE(window("ExportNumbers")["separator_semicolon"].checked);
+  EXPECT_FALSE(enabled("separator_comma")) << "it is the decimal mark";
+  file("d/n.csv") = "earlier";
+  world.dialogs.file_answers = {"d/n.csv", "d/n.csv", "d/a.csv"};
+  world.dialogs.confirm_answers = {false, true};
+  press("export");
+  EXPECT_EQ(file("d/n.csv"), "earlier");
+  press("export");
+  EXPECT_EQ(world.dialogs.questions.back().text, "n.csv exists. Replace it?");
+  EXPECT_EQ(result(), "1 row written to n.csv");
+  EXPECT_NE(file("d/n.csv").find(";7,7;7,7;7,7;2410;7,7;"), std::string::npos) << file("d/n.csv");
+  file("d/a.csv") += record("1.000KW") + "torn";
+  press("export_again");
+  EXPECT_EQ(result(), "3 rows written to n.csv, 1 of them without readings");
+  press("export");
+  EXPECT_EQ(result(), "a.csv is a data file itself: choose another name for the result");
+  EXPECT_EQ(world.dialogs.questions.size(), 2u);
 }
 
-TEST_F(ExportJourney, WhatCannotBeExportedIsToldAndNothingIsReplaced) {
-  const std::string recording = world.files.contents["d/a.csv"];
-  world.files.contents["d/b.txt"] = "no data\r\n";
-  choose("d/none.csv");
-  EXPECT_EQ(world.dialogs.message_texts(), std::vector<std::string>{"File not found"});
-  choose("d/b.txt");
-  EXPECT_FALSE(window("ExportNumbers")["export"].enabled);
+TEST_F(ExportJourney, WhatCannotBeExportedIsSaidAndTheFileBeforeStays) {
+  file("d/a.csv") = head + record("2.410KW");
+  file("d/b.csv") = "a,b\n1,2\n";
+  program().numbers.open_file("d/b.csv");
+  EXPECT_EQ(result(), "b.csv is no data file of this program");
+  EXPECT_FALSE(enabled("export"));
+  press("export_again");
+  EXPECT_TRUE(world.dialogs.file_questions.empty());
   window("ExportNumbers").dropped({"d/a.csv"});
+  program().numbers.open_file("d/missing.csv");
+  EXPECT_EQ(world.dialogs.messages.back().text, "File not found");
   EXPECT_EQ(window("ExportNumbers")["export_file"].text, "a.csv");
-  export_to("d/n.xls");
-  EXPECT_EQ(result(), "The name of the result must end in .csv or .json");
-  export_to("d/a.csv");
-  EXPECT_EQ(world.files.contents["d/a.csv"], recording);
-  world.files.contents["d/n.csv"] = "of somebody else";
-  export_to("d/n.csv");
-  EXPECT_EQ(world.dialogs.questions.back().text, "n.csv exists. Replace it?");
-  EXPECT_EQ(world.files.contents["d/n.csv"], "of somebody else") << "the answer was no";
+  press("format_json");
+  EXPECT_FALSE(enabled("decimal_comma"));
   world.files.write_failure = FileFailure::disk_full;
-  export_to("d/m.csv");
-  EXPECT_FALSE(world.files.exists("d/m.csv"));
-  EXPECT_NE(result().find("disk full"), std::string::npos) << result();
+  world.dialogs.file_answers = {"d/n.json"};
+  press("export");
+  EXPECT_EQ(result(), "n.json was not written: disk full");
 }
 
 }  // namespace

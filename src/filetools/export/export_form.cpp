@@ -19,8 +19,8 @@ constexpr std::array captions = {Caption{export_file_label, {"File", "檔案"}},
                                  Caption{"separator_semicolon", {"Semicolon ;", "分號 ;"}},
                                  Caption{dates_choice.label, {"Date order", "日期順序"}},
                                  Caption{"dates_unknown", {"By the file", "依檔案"}},
-                                 Caption{"dates_mdy", {"Month Day", "月日年"}},
-                                 Caption{"dates_dmy", {"Day Month", "日月年"}},
+                                 Caption{"dates_mdy", {"Month first", "月日年"}},
+                                 Caption{"dates_dmy", {"Day first", "日月年"}},
                                  Caption{"dates_ymd", {"Year first", "年月日"}},
                                  Caption{export_button, {"Export...", "匯出..."}},
                                  Caption{export_task, {"Exporting...", "匯出中..."}},
@@ -72,7 +72,6 @@ std::size_t index_of(Value value) {
 
 Window make_export_form() {
   Window form("ExportNumbers");
-  form.set_caption("Export as Numbers");
   for (const std::string_view name :
        {export_file_label, export_file, choose_file_button, export_button, export_again, export_result,
         export_task, export_progress, export_cancel})

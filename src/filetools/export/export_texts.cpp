@@ -10,6 +10,7 @@ namespace halden {
 namespace {
 
 constexpr Text all_written = {"{} rows written to {}", "已將 {} 筆寫入 {}"};
+constexpr Text one_written = {"1 row written to {}", "已將 1 筆寫入 {}"};
 constexpr Text some_without = {", {} of them without readings", "，其中 {} 筆無讀值"};
 constexpr Text currents_by = {"; currents with range {} and clamp {}", "；電流以檔位 {}、鉤表倍率 {} 換算"};
 constexpr Text cancelled = {"Cancelled, nothing was written", "已取消，未寫入檔案"};
@@ -22,7 +23,8 @@ constexpr Text not_written = {"{} was not written: {}", "未寫入 {}：{}"};
 
 std::string written_sentence(const ExportResult& result, const std::string& target,
                              const ExportOptions& options, Language language) {
-  std::string sentence = all_written.with(language, {std::to_string(result.rows), target});
+  std::string sentence = result.rows == 1 ? one_written.with(language, {target})
+                                          : all_written.with(language, {std::to_string(result.rows), target});
   if (result.without_readings > 0)
     sentence += some_without.with(language, {std::to_string(result.without_readings)});
   if (result.scaled_currents)

@@ -1,6 +1,5 @@
 #include "filetools/export/export_window.h"
 
-#include <array>
 #include <optional>
 
 #include "filetools/export/export_texts.h"
@@ -15,11 +14,11 @@ namespace {
 // A shorter export shows only its result.
 constexpr double progress_after_s = 0.5;
 
+constexpr Text caption = {"Export as Numbers", "匯出為數值"};
 constexpr Text replace_it = {"{} exists. Replace it?", "{} 已存在，是否取代？"};
 constexpr Text wrong_ending = {"The name of the result must end in .csv or .json",
                                "結果檔名須以 .csv 或 .json 結尾"};
 
-constexpr std::array all_files = {"csv Files(*.csv)", "dat Files(*.dat)", "All Files (*.*)"};
 
 std::string suggested_name(const std::string& source, std::string_view ending) {
   const std::string name(name_of_file(source));
@@ -76,13 +75,14 @@ void ExportWindow::close() {
 void ExportWindow::choose_file() {
   if (progress_.runs()) return form_.show();
   const std::optional<std::string> path = platform_.dialogs.open_file(
-      {{{all_files[0], "*.csv"}, {all_files[1], "*.dat"}, {all_files[2], "*.*"}}, "", ""});
+      {{{"Data Files(*.csv *.dat)", "*.csv *.dat"}, {"All Files (*.*)", "*.*"}}, "", ""});
   if (path && !path->empty()) open_file(*path);
 }
 
 // A file that cannot be exported leaves the one chosen before.
 void ExportWindow::open_file(const std::string& path) {
   if (progress_.runs()) return;
+  form_.set_caption(caption.in(link_.state.language));
   form_.show();
   const ExportRequest wanted = {path, "", request_.options};
   const ExportResult checked = check_source(platform_.files, path);

@@ -128,12 +128,12 @@ void NumberExport::write_row(TableWriter& table, ValueRow& values, IsoTime& iso,
   table.add_count(block_);
   table.add_text(date);
   table.add_text(time);
-  table.add_text(iso.of(date, time));
+  table.add_plain_text(iso.of(date, time));
   const bool is_record = meaning == LineMeaning::record;
   values.begin();
   if (is_record) kind_->add_values(line, values);
   values.add_nothing(values.columns_left());
-  table.add_text(is_record ? values.note() : notes[static_cast<std::size_t>(meaning)]);
+  table.add_plain_text(is_record ? values.note() : notes[static_cast<std::size_t>(meaning)]);
   table.end_row();
   if (values.values() == 0) ++result_.without_readings;
 }

@@ -158,6 +158,15 @@ void TableWriter::add_text(std::string_view text) {
   at_ = start + text.size();
 }
 
+void TableWriter::add_plain_text(std::string_view text) {
+  char* to = write_before(column_++, at_);
+  if (format_ == TableFormat::json) *to++ = '"';
+  std::memcpy(to, text.data(), text.size());
+  to += text.size();
+  if (format_ == TableFormat::json) *to++ = '"';
+  at_ = to;
+}
+
 void TableWriter::end_row() {
   append(format_ == TableFormat::json ? std::string_view("}") : row_end);
   ++rows_;

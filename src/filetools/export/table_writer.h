@@ -29,6 +29,9 @@ class TableWriter {
   // At most 1024 characters; what is no printable ASCII becomes "?".
   void add_text(std::string_view text);
 
+  // A text of letters, digits, blanks and ":", "-" or "/".
+  void add_plain_text(std::string_view text);
+
   // The number of a recorded field; nothing and false when it has none.
   bool add_field(std::string_view field);
 

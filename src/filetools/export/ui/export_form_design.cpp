@@ -3,15 +3,14 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <string>
 
 #include "filetools/export/export_form.h"
 #include "screen/ui/elided_label.h"
 #include "screen/ui/fonts.h"
+#include "screen/ui/progress_row.h"
 
 namespace halden {
 
@@ -24,7 +23,7 @@ constexpr int gap = 8;
 constexpr int text_pixels = 14;
 constexpr int button_height = 32;
 constexpr int least_of_file = 60;
-constexpr int bar_height = 6;
+constexpr int start_width = 110;
 
 QLabel* add_label(FormWindow& form, std::string_view control, QLabel* label) {
   label->setObjectName(to_qt(control));
@@ -53,7 +52,9 @@ void add_row(FormWindow& form, QGridLayout& grid, std::string_view label, QLayou
 QLayout* make_file_row(FormWindow& form) {
   auto* const row = new QHBoxLayout;
   row->setSpacing(gap);
-  row->addWidget(add_label(form, export_file, new ElidedLabel(least_of_file)), 1);
+  QLabel* const name = add_label(form, export_file, new ElidedLabel(least_of_file));
+  set_role(*name, Role::reading);
+  row->addWidget(name, 1);
   row->addWidget(make_button(form, choose_file_button));
   return row;
 }
@@ -67,40 +68,27 @@ QLayout* make_choice_row(FormWindow& form, const ExportChoice& choice) {
   return row;
 }
 
-// The result and the progress share the place above the button.
+QLabel* make_result(FormWindow& form) {
+  QLabel* const result = add_label(form, export_result, new QLabel);
+  result->setWordWrap(true);
+  return result;
+}
+
 QLayout* make_bottom(FormWindow& form) {
   auto* const row = new QHBoxLayout;
-  row->setSpacing(gap);
-  auto* const result = add_label(form, export_result, new QLabel);
-  result->setWordWrap(true);
-  row->addWidget(add_label(form, export_task, new QLabel));
-  auto* const bar = new QProgressBar;
-  bar->setTextVisible(false);
-  bar->setFixedHeight(bar_height);
-  form.mirror().tie(std::string(export_progress), *bar);
-  row->addWidget(bar, 1);
-  row->addWidget(make_button(form, export_cancel));
-  row->addWidget(result, 2);
+  row->setSpacing(margin);
+  row->addWidget(build_progress_row(form, {export_task, export_progress, export_cancel}), 1);
   QPushButton* const start = make_button(form, export_button);
+  start->setMinimumWidth(start_width);
   set_role(*start, Role::main_button);
   row->addWidget(start);
   return row;
 }
 
-void add_keys(FormWindow& form) {
+QWidget* build(FormWindow& form) {
   form.add_shortcut("Ctrl+O", std::string(choose_file_button));
   form.add_shortcut("F5", std::string(export_again));
-  auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &form);
-  QObject::connect(escape, &QShortcut::activated, &form, [&form] {
-    if (form.window()[export_cancel].visible)
-      form.click(std::string(export_cancel));
-    else
-      form.close();
-  });
-}
-
-QWidget* build(FormWindow& form) {
-  add_keys(form);
+  cancel_or_close_on_escape(form, export_cancel);
   auto* const central = new QWidget(&form);
   auto* const column = new QVBoxLayout(central);
   column->setContentsMargins(margin, margin, margin, margin);
@@ -112,7 +100,8 @@ QWidget* build(FormWindow& form) {
   for (const ExportChoice& choice : export_choices)
     add_row(form, *grid, choice.label, make_choice_row(form, choice));
   column->addLayout(grid);
-  column->addStretch(1);
+  column->addSpacing(gap);
+  column->addWidget(make_result(form), 1);
   column->addLayout(make_bottom(form));
   return central;
 }
