@@ -1,6 +1,5 @@
 #include "filetools/playback/playback_chart.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -16,7 +15,6 @@ namespace halden {
 
 namespace {
 
-constexpr double highest_percent = 100;
 constexpr std::size_t label_every_bar = 5;
 constexpr char percentages = '%';
 constexpr char angles = 'D';
@@ -67,11 +65,6 @@ Chart spectrum(const PlayedRecord& record, Language language) {
   if (!record.first_order) return chart;
   chart.description = spectrum_of.with(language, {record.input, record.texts.rms, record.texts.fundamental});
   chart.readouts = readouts_of(record, language);
-  if (record.option != percentages) return chart;
-  chart.y_low = 0;
-  // The meter's own percentages may be above 100.
-  if (std::ranges::none_of(record.values, [](double value) { return value > highest_percent; }))
-    chart.y_high = highest_percent;
   return chart;
 }
 
@@ -108,7 +101,7 @@ std::string playback_about(const PlaybackFile& file, const PlayedRecord& record,
                            Language language) {
   const WaveSettings& settings = file.settings_of(record.number);
   std::string line(name_of_file(file.path));
-  add(line, settings.input);
+  add(line, record.input);
   const bool is_spectrum = file.kind == WaveFileKind::harmonics;
   if (is_spectrum && settings.option == percentages) add(line, "%");
   if (is_spectrum && settings.option == angles) add(line, phase_angles.in(language));

@@ -99,6 +99,7 @@ PlaybackOutcome open_playback(Files& files, const std::string& path, WaveFileKin
   Findings findings;
   std::string_view line;
   if (lines.next(line)) findings.first_line = line;
+  if (lines.failed()) return refused(open_failure_message(FileFailure::failed));
   if (findings.first_line.find(mark_of(kind)) == std::string::npos)
     return refused_first_line(kind, findings.first_line);
   auto file = std::make_shared<PlaybackFile>(

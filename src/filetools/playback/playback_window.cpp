@@ -76,6 +76,7 @@ WaveFileKind PlaybackWindow::kind() const {
 void PlaybackWindow::show(WaveFileKind wanted) {
   if (wanted != kind()) {
     reading_.cancel();
+    next_.reset();
     file_.reset();
   }
   const bool harmonics = wanted == WaveFileKind::harmonics;
@@ -124,7 +125,8 @@ void PlaybackWindow::refuse(const PlaybackOutcome& outcome) {
   platform_.dialogs.message(outcome.refusal);
 }
 
-// No box opens while the user steps through the records, only here.
+// No box opens while the user steps through the records, only here and for the first one: a growing file is
+// read again while its last record is half written.
 void PlaybackWindow::take(std::shared_ptr<const PlaybackFile> file, std::size_t record) {
   file_ = std::move(file);
   ++plots_;
@@ -134,7 +136,7 @@ void PlaybackWindow::take(std::shared_ptr<const PlaybackFile> file, std::size_t 
   window_.set_enabled("read_again", true);
   window_.set_text("TOTAL_R_value", std::to_string(count));
   show_record(std::min(record, count));
-  if (kind() == WaveFileKind::waveform && record_.line == WaveLineKind::torn)
+  if (kind() == WaveFileKind::waveform && record_.number == 1 && record_.line == WaveLineKind::torn)
     platform_.dialogs.message({"Data Error", {}});
 }
 
@@ -147,6 +149,7 @@ void PlaybackWindow::choose_count(std::int16_t harmonics_shown) {
 // ---- the record ----
 
 void PlaybackWindow::show_record(std::size_t number) {
+  number = std::clamp<std::size_t>(number, 1, file_->record_count());
   record_ = play_record(platform_.files, *file_, number, {harmonics_shown_, currents()});
   window_.set_value(playback_scroll, static_cast<int>(number));
   Chart chart = playback_chart(record_, link_.language);
