@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "chart/statistics.h"
+
 namespace halden {
 
 namespace {
@@ -35,6 +37,16 @@ Range range_of_values(const Chart& chart) {
   return range;
 }
 
+// A line such as the mean plus the deviation may lie above all values.
+Range with_statistics(Range range, const Chart& chart) {
+  const Range x = x_range(chart);
+  for (const StatisticLine& line : statistic_lines(chart)) {
+    range.low = std::min({range.low, line.at(x.low), line.at(x.high)});
+    range.high = std::max({range.high, line.at(x.low), line.at(x.high)});
+  }
+  return range;
+}
+
 // Values that are all the same get a tenth of their magnitude on both sides.
 Range with_a_span(Range range) {
   if (range.low == 0 && range.high == 0) return {0, 1};
@@ -46,6 +58,7 @@ Range with_a_span(Range range) {
 Range automatic_y_range(const Chart& chart) {
   Range range = range_of_values(chart);
   if (range.low > range.high) return {0, 1};
+  range = with_statistics(range, chart);
   const double distance_of_zero = std::max({range.low, -range.high, 0.0});
   if (chart.kind == ChartKind::bars || distance_of_zero <= range.span())
     range = {std::min(range.low, 0.0), std::max(range.high, 0.0)};

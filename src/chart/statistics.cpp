@@ -23,22 +23,14 @@ bool shows_deviation(Statistics shown) {
   return shown >= Statistics::deviation && shown <= Statistics::deviation_min_max_and_mean;
 }
 
-std::string short_text(double value) {
-  constexpr int significant_digits = 5;
-  char digits[32];
-  const auto result =
-      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significant_digits);
-  return std::string(digits, result.ptr);
-}
-
 StatisticLine level(StatisticKind kind, const std::string& name, double value) {
-  return {kind, value, 0, name + " " + short_text(value)};
+  return {kind, value, 0, name + " " + short_number(value)};
 }
 
 StatisticLine best_fit(const std::string& name, const Summary& summary, std::size_t count) {
   StatisticLine line{StatisticKind::best_fit, summary.fit_offset, summary.fit_slope, {}};
-  line.text =
-      name + " " + short_text(line.at(0)) + " \u2192 " + short_text(line.at(static_cast<double>(count - 1)));
+  line.text = name + " " + short_number(line.at(0)) + " \u2192 " +
+              short_number(line.at(static_cast<double>(count - 1)));
   return line;
 }
 
@@ -62,6 +54,25 @@ Sums sums_of(const std::vector<double>& points) {
 
 }  // namespace
 
+std::string short_number(double value) {
+  constexpr int significant_digits = 5;
+  constexpr double largest = 1e15, smallest = 1e-9;  // beyond these a number of digits says nothing
+  char digits[64];
+  if (std::abs(value) < smallest) value = 0;
+  if (!(std::abs(value) < largest))
+    return {digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general,
+                                  significant_digits)
+                        .ptr};
+  const int before_point = value == 0 ? 1 : static_cast<int>(std::floor(std::log10(std::abs(value)))) + 1;
+  const int decimals = std::max(significant_digits - before_point, 0);
+  char* end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;
+  if (decimals > 0) {
+    while (end[-1] == '0') --end;
+    if (end[-1] == '.') --end;
+  }
+  return {digits, end};
+}
+
 // In two passes: sums of squares about the means do not lose the digits that sums of plain squares would.
 std::optional<Summary> summarise(const std::vector<double>& points) {
   const Sums sums = sums_of(points);
@@ -80,6 +91,8 @@ std::optional<Summary> summarise(const std::vector<double>& points) {
     summary.minimum = std::min(summary.minimum, points[k]);
     summary.maximum = std::max(summary.maximum, points[k]);
   }
+  if (summary.minimum == summary.maximum)  // the mean may differ from them by a rounding error
+    return Summary{summary.minimum, summary.minimum, summary.maximum, 0, summary.minimum, 0};
   summary.deviation = std::sqrt(yy / sums.count);
   summary.fit_slope = xx > 0 ? xy / xx : 0;
   summary.fit_offset = summary.mean - summary.fit_slope * middle;

@@ -20,6 +20,9 @@ struct Summary {
   double fit_slope = 0;
 };
 
+// With five digits, without an exponent and without zeros at the end.
+std::string short_number(double value);
+
 // Nothing when every point is a gap.
 std::optional<Summary> summarise(const std::vector<double>& points);
 

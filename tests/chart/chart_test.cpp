@@ -121,6 +121,21 @@ TEST(ChartStatistics, FiguresLeaveGapsOut) {
   EXPECT_NEAR(summarise({1e9 + 1, 1e9 + 2, 1e9 + 3})->deviation, 0.816497, 1e-6);
   EXPECT_EQ(summarise({7})->fit_offset, 7);
   EXPECT_FALSE(summarise({gap}));
+  EXPECT_EQ(summarise(std::vector<double>(100, 1.234))->deviation, 0) << "the sum has a rounding error";
+}
+
+TEST(ChartStatistics, NumbersHaveFiveDigitsAndNoExponent) {
+  const std::pair<double, const char*> rows[] = {
+      {374474.3, "374474"}, {1e6, "1000000"}, {0.000123456, "0.00012346"}, {-0.0451, "-0.0451"},
+      {-2e-15, "0"},        {120, "120"},     {99999.7, "100000"},         {1e20, "1e+20"}};
+  for (const auto& [value, text] : rows) EXPECT_EQ(short_number(value), text);
+}
+
+// A lost record pulls the mean plus the deviation above every reading: 320 + 160.
+TEST(ChartStatistics, TheirLinesAreWithinTheAxis) {
+  Chart chart = chart_of(ChartKind::line, {400, 400, 400, 400, 0});
+  chart.statistics = Statistics::deviation;
+  EXPECT_EQ(y_range(chart), (Range{0, 500}));
 }
 
 TEST(ChartStatistics, EachOfTheNineChoicesDrawsItsLines) {
