@@ -68,8 +68,9 @@ std::string label_at(const Chart& chart, std::size_t index) { return text_at(cha
 std::string readout_at(const Chart& chart, std::size_t index) { return text_at(chart.readouts, index); }
 
 bool same_subject(const Chart& a, const Chart& b) {
-  return a.kind == b.kind && a.title == b.title && a.x_title == b.x_title && a.y_title == b.y_title &&
-         a.sets.size() == b.sets.size() && point_count(a) == point_count(b);
+  if (a.kind != b.kind || a.sets.size() != b.sets.size() || point_count(a) != point_count(b)) return false;
+  if (!a.subject.empty() || !b.subject.empty()) return a.subject == b.subject;
+  return a.title == b.title && a.x_title == b.x_title && a.y_title == b.y_title;
 }
 
 std::string to_text(const Chart& chart) {

@@ -76,6 +76,7 @@ struct Chart {
   std::string title;
   std::string x_title;
   std::string y_title;
+  std::string subject;                // not shown: of which data this is, for same_subject
   std::string hint;                   // shown in the middle while there are no data
   std::string description;            // for assistive technology: what the chart shows, in words
   std::vector<DataSet> sets;          // one or two
@@ -103,8 +104,8 @@ bool has_data(const Chart& chart);
 std::string label_at(const Chart& chart, std::size_t index);
 std::string readout_at(const Chart& chart, std::size_t index);
 
-// Whether both show the same quantity over as many points, so that what the user has zoomed to in one can be
-// kept in the other: the next frame of a live view, for example.
+// Whether both show the same quantity of the same data over as many points, so that what the user has zoomed
+// to in one can be kept in the other: the next frame of a live view, for example.
 bool same_subject(const Chart& a, const Chart& b);
 
 // The points as text for the clipboard, one line each: label, value and, with two data sets, the second

@@ -81,11 +81,19 @@ bool PowerFileReader::next(PowerRecordLine& record) {
   return true;
 }
 
-std::size_t PowerFileReader::estimated_records() const {
+// A line without readings, such as one of a silent meter, is shorter than the records will be.
+std::size_t PowerFileReader::estimated_records(const PowerRecordLine& last) const {
   if (records_read_ == 0) return 0;
-  const std::uint64_t record_length = lines_.position() - start_of_record_;
-  const std::uint64_t rest = lines_.length() - lines_.position() + record_length - 1;
-  return records_read_ + static_cast<std::size_t>(rest / record_length);
+  std::uint64_t length = lines_.position() - start_of_record_;
+  if (!last.wiring && settings_.wiring)
+    length = length - last.text.size() +
+             field_length * (columns_before_readings + power_column_count(*settings_.wiring));
+  const std::uint64_t rest = lines_.length() - lines_.position() + length - 1;
+  return records_read_ + static_cast<std::size_t>(rest / length);
+}
+
+bool is_header_line(std::string_view line) {
+  return read_power_settings(line).wiring || without_blanks(line.substr(0, line.find(','))) == "DATE";
 }
 
 std::optional<Wiring> whole_record_wiring(std::string_view line) {
@@ -98,5 +106,11 @@ std::optional<Wiring> whole_record_wiring(std::string_view line) {
 
 std::string_view date_in_line(std::string_view line) { return digits_in(line, 0, '-'); }
 std::string_view time_in_line(std::string_view line) { return digits_in(line, 1, ':'); }
+
+bool has_date_and_time(std::string_view line) {
+  constexpr std::size_t length = columns_before_readings * field_length;
+  return line.size() >= length && line[field_text_length] == ',' && line.find(',', field_length) < length &&
+         !date_in_line(line).empty() && !time_in_line(line).empty();
+}
 
 }  // namespace halden

@@ -44,8 +44,9 @@ class PowerFileReader {
   // The next record; false behind the last one. Its text is valid until the next call.
   bool next(PowerRecordLine& record);
 
-  // How many records the file has if all are as long as the last one returned.
-  std::size_t estimated_records() const;
+  // How many records the file has if all are as long as `last`, the one returned last, or, where that is no
+  // whole record, as long as the first line of the file says.
+  std::size_t estimated_records(const PowerRecordLine& last) const;
 
   std::size_t records_read() const { return records_read_; }
   std::uint64_t position() const { return lines_.position(); }
@@ -62,6 +63,9 @@ class PowerFileReader {
 // The wiring system of a whole record.
 std::optional<Wiring> whole_record_wiring(std::string_view line);
 
+// Whether a line that is no record is one of the two header lines of a recording that was continued.
+bool is_header_line(std::string_view line);
+
 // The ten characters of a column, counted from the first one behind DATE and TIME, of a whole record.
 inline std::string_view power_field(std::string_view whole_record, std::size_t column) {
   constexpr std::size_t columns_before = 2;
@@ -71,5 +75,8 @@ inline std::string_view power_field(std::string_view whole_record, std::size_t c
 // "03-15-2024" and "12:30:44" at the start of any line that has them there, otherwise empty.
 std::string_view date_in_line(std::string_view line);
 std::string_view time_in_line(std::string_view line);
+
+// Whether it has both, each with its comma: also true of a line written while the meter was silent.
+bool has_date_and_time(std::string_view line);
 
 }  // namespace halden

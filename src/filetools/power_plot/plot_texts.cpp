@@ -41,20 +41,14 @@ std::string with_unit(std::string number, const PowerPlot& plot) {
 
 // The shortest text that reads back as the same value.
 std::string exact_text(double value, const PowerPlot& plot) {
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  std::array<char, 400> digits;
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed).ptr;
   return with_unit(std::string(digits.data(), end), plot);
 }
 
 // A worked-out value, which has no more digits than the readings.
-std::string short_text(double value, const PowerPlot& plot) {
-  constexpr int significant_digits = 5;
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                 std::chars_format::general, significant_digits)
-                       .ptr;
-  return with_unit(std::string(digits.data(), end), plot);
-}
+std::string short_text(double value, const PowerPlot& plot) { return with_unit(short_number(value), plot); }
 
 std::string joined(std::string_view date, std::string_view time) {
   const std::string_view gap = date.empty() || time.empty() ? "" : " ";

@@ -14,8 +14,11 @@ namespace {
 constexpr std::string_view head = "first_record,last_record,date,time,maximum,minimum,readings,unit\n";
 
 void add_value(std::string& lines, const std::optional<double>& value) {
-  std::array<char, 32> digits;
-  if (value) lines.append(digits.data(), std::to_chars(digits.data(), digits.data() + 32, *value).ptr);
+  std::array<char, 400> digits;  // the longest number without an exponent has 310
+  if (value)
+    lines.append(
+        digits.data(),
+        std::to_chars(digits.data(), digits.data() + digits.size(), *value, std::chars_format::fixed).ptr);
   lines += ',';
 }
 

@@ -15,6 +15,8 @@ constexpr Text minimum_name = {"Minimum", "最小"};
 constexpr Text without_reading = {"No reading", "無讀值"};
 constexpr Text described = {"{} over time. {}. {}", "{} 隨時間的變化。{}。{}"};
 
+constexpr Text nothing_read = {"No record has a reading of {}.", "沒有任何紀錄含有 {} 的讀值。"};
+
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 
 // "V2" and "Phase2" are drawn in the colour of phase 2; line voltages and system values belong to none.
@@ -85,6 +87,9 @@ Chart power_chart(std::shared_ptr<const PowerPlot> plot, const PlotLook& look, L
   chart.y_title = look.y_title;
   chart.description = described.with(language, {plot_y_title(*plot), plot_line(*plot, language),
                                                 statistics_line(*plot, look.missing, language)});
+  const std::string caption(plot_choices[plot->choice].caption);
+  chart.subject = plot->path + "\n" + caption + "\n" + std::to_string(plot->range.first);
+  chart.hint = nothing_read.with(language, {caption});
   chart.sets = data_sets(*plot, look.missing, language);
   chart.label_every = label_every(plot->points.size());
   chart.labels = labels_of(plot, look.labels);
@@ -95,7 +100,7 @@ Chart power_chart(std::shared_ptr<const PowerPlot> plot, const PlotLook& look, L
   chart.grid = look.grid;
   chart.y_low = look.y_low;
   chart.y_high = look.y_high;
-  if (!plot->is_envelope) chart.statistics = look.statistics;
+  if (plot->range.count() < records_of_envelope) chart.statistics = look.statistics;
   chart.statistic_names = statistic_names(language);
   return chart;
 }

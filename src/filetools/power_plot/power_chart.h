@@ -21,7 +21,7 @@ struct PlotLook {
   PlotLabels labels = PlotLabels::time;
   Grid grid = Grid::horizontal;
   std::optional<double> y_low, y_high;
-  Statistics statistics = Statistics::none;  // not drawn for an envelope
+  Statistics statistics = Statistics::none;  // drawn below 3600 records
   MissingReadings missing = MissingReadings::as_zero;
   ChartColours colours = ChartColours::colour;
 };

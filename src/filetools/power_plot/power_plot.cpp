@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "filetools/open_failure.h"
 #include "filetools/power_plot/plot_choices.h"
 
 namespace halden {
@@ -48,10 +49,7 @@ class PointCollector {
   void add(const PowerRecordLine& record) {
     if (point_.records == plot_.record_step) finish_point();
     if (point_.records++ == 0) start_point(record.text);
-    if (!record.wiring) {
-      ++plot_.lost_records;
-      return;
-    }
+    if (!record.wiring) return add_line(record.text);
     note_times(record.text);
     const std::optional<std::size_t>& column = columns_[table_index(*record.wiring)];
     if (!column) return;
@@ -68,6 +66,12 @@ class PointCollector {
   }
 
  private:
+  // A line of a silent meter has its date and time.
+  void add_line(std::string_view line) {
+    if (!is_header_line(line)) ++plot_.lost_records;
+    if (has_date_and_time(line)) note_times(line);
+  }
+
   void start_point(std::string_view line) {
     point_.date = date_in_line(line);
     point_.time = time_in_line(line);
@@ -78,13 +82,13 @@ class PointCollector {
     point_ = {};
   }
 
-  // A copy, because which whole record is the last one is known at the end only.
-  void note_times(std::string_view whole_record) {
+  // A copy, because which record is the last one is known at the end only.
+  void note_times(std::string_view record) {
     if (!std::exchange(has_times_, true)) {
-      plot_.whole.date = date_in_line(whole_record);
-      plot_.whole.time = time_in_line(whole_record);
+      plot_.whole.date = date_in_line(record);
+      plot_.whole.time = time_in_line(record);
     }
-    std::memcpy(last_times_.data(), whole_record.data(), last_times_.size());
+    std::memcpy(last_times_.data(), record.data(), last_times_.size());
   }
 
   void add_value(const FieldReading& reading) {
@@ -127,7 +131,7 @@ void read_records(PlotReading& reading) {
   while (reading.file.next(record)) {
     const std::size_t number = reading.file.records_read();
     if (plot.record_step == 0)
-      plot.record_step = step_for(reading.request.wanted, reading.file.estimated_records());
+      plot.record_step = step_for(reading.request.wanted, reading.file.estimated_records(record));
     reading.has_whole_record = reading.has_whole_record || record.wiring;
     if (number >= wanted.first && number <= wanted.last) collector.add(record);
     if (number % records_between_progress != 0 || !reading.progress) continue;
@@ -145,7 +149,7 @@ PlotOutcome refused(std::string_view text) { return {{}, message_of(text)}; }
 // Without text when the file can be plotted.
 Message refusal_of(const PlotReading& reading) {
   const std::size_t count = reading.plot.record_count;
-  if (reading.file.failed()) return message_of(open_failure_text(FileFailure::failed));
+  if (reading.file.failed()) return message_of(open_failure_message(FileFailure::failed));
   if (!reading.has_whole_record) return message_of("Zero Data Length");
   if (count == 1) return message_of("Only one record, can not plot.  Please use VIEW to review your record.");
   return check_range(range_in(reading.request.wanted, count), count).refusal;
@@ -154,7 +158,7 @@ Message refusal_of(const PlotReading& reading) {
 // One pass over the file. `step` 0 stands for a guess.
 PlotOutcome read_once(OpenedFile opened, const PlotRequest& request, const PlotProgress& progress,
                       std::size_t step) {
-  if (!opened.reader) return refused(open_failure_text(opened.failure));
+  if (!opened.reader) return refused(open_failure_message(opened.failure));
   if (request.choice.value_or(0) >= plot_choices.size()) return refused("RECORD INDEX > 35");
   PlotReading reading{PowerFileReader(std::move(opened.reader)), request, progress, {}};
   PowerPlot& plot = reading.plot;
@@ -212,10 +216,6 @@ PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const Plot
     if (step == outcome.plot->record_step) break;
   }
   return outcome;
-}
-
-std::string_view open_failure_text(FileFailure failure) {
-  return failure == FileFailure::not_found ? "File not found" : "Bad file name or number";
 }
 
 }  // namespace halden

@@ -43,10 +43,10 @@ struct PowerPlot {
   bool is_envelope = false;      // maximum and minimum of each point; statistics are not offered
   int prefix = 0;  // the exponent of the unit's prefix, that of the first plotted record with digits
   std::vector<PlotPoint> points;
-  PlotPoint whole;               // all points in one; its date and time are those of the first whole record
-  double sum = 0;                // of all readings
-  std::size_t lost_records = 0;  // plotted, but no whole records
-  std::string last_date, last_time;  // of the last whole record
+  PlotPoint whole;                   // all points in one; its date and time are the first ones of the records
+  double sum = 0;                    // of all readings
+  std::size_t lost_records = 0;      // plotted, but neither whole records nor header lines
+  std::string last_date, last_time;  // the last ones of the records
 
   std::size_t without_reading() const { return whole.records - whole.readings; }
   std::optional<double> mean(MissingReadings missing) const;
@@ -72,9 +72,6 @@ struct PlotOutcome {
 using PlotProgress = std::function<bool(std::uint64_t done, std::uint64_t length)>;
 
 PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const PlotProgress& progress = {});
-
-// What is said when a file cannot be opened.
-std::string_view open_failure_text(FileFailure failure);
 
 // Told when a file of 3600 records or more is plotted.
 inline constexpr std::string_view no_statistics_text = "Records more than 3600, STATIStics function disabled";

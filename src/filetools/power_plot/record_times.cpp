@@ -113,7 +113,7 @@ WantedRecords find_records(Files& files, const std::string& path, const PlaceRan
   RecordSearch search(places, found);
   PowerRecordLine record;
   while (file.next(record))
-    if (record.wiring) search.look_at(record.text, file.records_read());
+    if (record.wiring || has_date_and_time(record.text)) search.look_at(record.text, file.records_read());
   if (search.seeks_first() && !found.first) found.first = file.records_read() + 1;
   if (search.seeks_last() && !found.last) found.last = 0;
   return found;

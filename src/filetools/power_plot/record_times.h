@@ -36,7 +36,7 @@ struct PlaceRange {
 
 // The first record at or behind the time of `first`, and the last one at or before that of `last`. A time
 // behind all records gives the number after the last one, one before all of them 0. A file that cannot be
-// read gives no records; so does a line that is no whole record.
+// read gives no records; a line without date and time is passed over.
 WantedRecords find_records(Files& files, const std::string& path, const PlaceRange& places);
 
 }  // namespace halden
