@@ -55,6 +55,11 @@ void add_output_options(CLI::App& command, const char* description, std::string&
       "Write behind what the file holds already");
 }
 
+int end_with_failure(const std::string& sentence) {
+  write_remark(sentence + "\n");
+  return exit_failed;
+}
+
 bool is_refused(Files& files, const std::string& file, ExistingFile existing) {
   if (existing == ExistingFile::appended_to || !files.exists(file)) return false;
   std::fprintf(stderr, "%s exists. Give --append to write behind what it holds.\n", file.c_str());

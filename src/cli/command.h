@@ -42,6 +42,9 @@ enum class ExistingFile { refused, appended_to };
 void add_output_options(CLI::App& command, const char* description, std::string& file,
                         ExistingFile& existing);
 
+// Says why the command has failed, in one sentence. Returns the exit code.
+int end_with_failure(const std::string& sentence);
+
 // Says that the file exists when it is not to be added to.
 bool is_refused(Files& files, const std::string& file, ExistingFile existing);
 

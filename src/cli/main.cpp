@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/hardcopy_command.h"
 #include "cli/plot_command.h"
 #include "cli/points_command.h"
 #include "cli/qt/offscreen_library.h"
@@ -52,6 +53,7 @@ int main(int argc, char** argv) {
   halden::add_logger_command(app, chosen);
   halden::add_points_command(app, files, chosen);
   halden::add_plot_command(app, files, halden::open_offscreen, chosen);
+  halden::add_hardcopy_command(app, files, halden::open_offscreen, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

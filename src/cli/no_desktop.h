@@ -54,8 +54,10 @@ class NoPrinter : public Printer {
 class NoPictures : public Pictures {
  public:
   void copy_chart(const Chart&) override {}
+  void copy_dots(const DotPicture&) override {}
   void copy_text(const std::string&) override {}
   FileFailure save_chart(const Chart&, const std::string&) override { return FileFailure::failed; }
+  FileFailure save_dots(const DotPicture&, const std::string&) override { return FileFailure::failed; }
 };
 
 class SilentShell : public Shell {

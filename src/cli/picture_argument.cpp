@@ -2,9 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/process_io.h"
+#include "cli/command.h"
 #include "cli/session.h"
-#include "platform/pictures.h"
 #include "screen/failure_texts.h"
 
 namespace halden {
@@ -25,10 +24,13 @@ void add_picture_option(CLI::App& command, std::string& path) {
       ->check(check_ending);
 }
 
-int end_with_picture(FileFailure failure, const std::string& path) {
+int end_with_picture(Files& files, const OpenOffscreen& open_offscreen, const std::string& path,
+                     const std::function<FileFailure(Pictures&)>& save) {
+  const OffscreenStart start = open_offscreen(files);
+  if (!start.offscreen) return end_with_failure(start.failure);
+  const FileFailure failure = save(start.offscreen->pictures());
   if (failure == FileFailure::none) return exit_done;
-  write_remark(path + ": " + std::string(write_failure_text(failure, Language::english)) + ".\n");
-  return exit_failed;
+  return end_with_failure(path + ": " + std::string(write_failure_text(failure, Language::english)) + ".");
 }
 
 }  // namespace halden

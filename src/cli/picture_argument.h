@@ -1,9 +1,11 @@
 // The file that a command draws its picture into.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/files.h"
+#include "platform/offscreen.h"
 
 namespace CLI {
 class App;
@@ -15,7 +17,8 @@ namespace halden {
 // that is there already is replaced. `path` (UTF-8) lives until the command line is parsed.
 void add_picture_option(CLI::App& command, std::string& path);
 
-// Says why the picture could not be written, if so. Returns the exit code.
-int end_with_picture(FileFailure failure, const std::string& path);
+// Starts what draws, lets `save` write the picture and says what failed. Returns the exit code.
+int end_with_picture(Files& files, const OpenOffscreen& open_offscreen, const std::string& path,
+                     const std::function<FileFailure(Pictures&)>& save);
 
 }  // namespace halden

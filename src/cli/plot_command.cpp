@@ -22,11 +22,6 @@ struct Typed {
   std::string picture;
 };
 
-int end_with(const std::string& failure) {
-  write_remark(failure + "\n");
-  return exit_failed;
-}
-
 std::string check_statistics(const std::string& text) {
   return read_statistics(text) ? std::string()
                                : "expected a caption of the Status menu such as Mean or mean-and-minmax, "
@@ -36,13 +31,12 @@ std::string check_statistics(const std::string& text) {
 
 int run_plot(Files& files, const OpenOffscreen& open_offscreen, const Typed& typed) {
   const PlotResult result = read_plot(files, typed.plot);
-  if (!result.plot) return end_with(result.failure);
-  if (typed.statistics != Statistics::none && result.plot->is_envelope)
+  if (!result.plot) return end_with_failure(result.failure);
+  if (typed.statistics != Statistics::none && result.plot->range.count() >= records_of_envelope)
     write_remark(std::string(no_statistics_text) + "\n");
-  const OffscreenStart start = open_offscreen(files);
-  if (!start.offscreen) return end_with(start.failure);
   const Chart chart = chart_of_file(result.plot, typed.statistics, typed.plot.missing);
-  return end_with_picture(start.offscreen->pictures().save_chart(chart, typed.picture), typed.picture);
+  return end_with_picture(files, open_offscreen, typed.picture,
+                          [&](Pictures& pictures) { return pictures.save_chart(chart, typed.picture); });
 }
 
 void add_statistics_option(CLI::App& command, Statistics& statistics) {

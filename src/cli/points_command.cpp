@@ -15,9 +15,8 @@ namespace {
 
 int run_points(Files& files, const PlotOptions& options) {
   const PlotResult result = read_plot(files, options);
-  if (result.plot) return print_and_end(points_csv(*result.plot, options.missing));
-  write_remark(result.failure + "\n");
-  return exit_failed;
+  if (!result.plot) return end_with_failure(result.failure);
+  return print_and_end(points_csv(*result.plot, options.missing));
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ constexpr double settle_s = 1.0;
 }  // namespace
 
 void Polling::resume_polling(std::int16_t flag) {
-  if (flag == 1 && state_.port_ready == 1 && state_.logger_active == 0 && !held_)
+  if (flag == 1 && state_.port_ready == 1 && state_.logger_active == 0 && may_poll())
     start();
   else
     stop();
@@ -53,7 +53,7 @@ void Polling::set_live_period() {
 
 void Polling::set_live_timer() {
   set_live_period();
-  if (state_.display_mode != harmonics_view || held_) return;
+  if (state_.display_mode != harmonics_view || !may_poll()) return;
   waits_.timed_wait(settle_s, Yield::no);
   waits_.discard();
   state_.poll_buffer.clear();

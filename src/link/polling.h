@@ -19,9 +19,9 @@ class Polling {
   Polling(const Platform& platform, Waits& waits, LinkState& state)
       : platform_(platform), waits_(waits), state_(state) {}
 
-  // 1 with an open port, no download-all running and the line not held: waits a second, throws away what was
-  // received, sends the live request and starts both timers. Otherwise both timers go off. In both cases
-  // missed_polls becomes 0 and pending interface events run.
+  // 1 with an open port, no download-all running, the line not held and nobody pausing: waits a second,
+  // throws away what was received, sends the live request and starts both timers. Otherwise both timers go
+  // off. In both cases missed_polls becomes 0 and pending interface events run.
   void resume_polling(std::int16_t flag);
 
   void stop_polling() { resume_polling(0); }
@@ -30,6 +30,10 @@ class Polling {
   void hold_line() { held_ = true; }
   void release_line() { held_ = false; }
   bool line_is_held() const { return held_; }
+
+  // While any window pauses the live readings, nothing resumes polling either; exchanges have the line.
+  void pause() { ++pauses_; }
+  void end_pause() { --pauses_; }
 
   // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms).
   void set_live_period();
@@ -42,6 +46,7 @@ class Polling {
   void send_live_request();
 
  private:
+  bool may_poll() const { return !held_ && pauses_ == 0; }
   void start();
   void stop();
 
@@ -49,6 +54,7 @@ class Polling {
   Waits& waits_;
   LinkState& state_;
   bool held_ = false;
+  int pauses_ = 0;
 };
 
 }  // namespace halden

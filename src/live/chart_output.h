@@ -1,12 +1,12 @@
 // The buttons beside the chart of the main window: copy it, copy its points, save it as a picture.
 #pragma once
 
-#include <memory>
-#include <string>
+#include <functional>
 
 #include "chart/chart.h"
 #include "link/link_state.h"
 #include "platform/platform.h"
+#include "screen/output/picture_output.h"
 #include "screen/window.h"
 
 namespace halden {
@@ -19,15 +19,11 @@ class ChartOutput {
   ChartOutput& operator=(const ChartOutput&) = delete;
 
  private:
-  std::shared_ptr<const Chart> drawn();  // nothing before the first frame and over range, which is said
-  void copy_picture();
-  void copy_points();
-  void save();
-  void say(const std::string& text) { window_.set_text("status_hint", text); }
+  // Nothing happens before the first frame; over range there is nothing to copy, which is said.
+  void with_chart(const std::function<void(const Chart&)>& use);
 
-  Platform platform_;
-  const LinkState& link_;
   Window& window_;
+  PictureOutput output_;
 };
 
 }  // namespace halden

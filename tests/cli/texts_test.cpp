@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/live_command.h"
+#include "cli/plot_command.h"
 #include "cli/plot_options.h"
 #include "cli/port_argument.h"
 #include "cli/set_command.h"
@@ -61,6 +62,13 @@ TEST(PointsCommand, OneLineAPointOrOneSentence) {
   EXPECT_EQ(read_plot(files, {"g", "", {}}).failure, "File not found");
   EXPECT_EQ(read_plot(files, {"f", "", {RecordPlace{5, {}, {}}, {}}}).failure,
             "start record > total records");
+}
+
+TEST(PlotCommand, StatisticsHaveTheCaptionsOfTheMenu) {
+  EXPECT_EQ(read_statistics("BestFit"), Statistics::best_fit);
+  EXPECT_EQ(read_statistics("stddev-and-minmax-and-mean"), Statistics::deviation_min_max_and_mean);
+  EXPECT_EQ(read_statistics("Mean_and MinMax"), Statistics::mean_and_min_max);
+  EXPECT_FALSE(read_statistics("median") || read_statistics(""));
 }
 
 TEST(SetCommand, KnowsItsNames) {

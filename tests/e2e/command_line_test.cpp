@@ -143,6 +143,14 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
     EXPECT_TRUE(folder.read(picture.c_str()).starts_with(begins)) << options;
   }
   EXPECT_NE(folder.read("a.svg").find("day.csv · 1P2W · 3600 records"), std::string::npos);
+  folder.write("screen.txt", "2009-05-12 15:30:00\n1\n2009-05-13 15:30:00\n2\n");
+  const std::string hardcopy = no_display + "-C " + (folder / "") + " haldenctl hardcopy screen.txt ";
+  EXPECT_EQ(run(hardcopy + "--picture 2 --out h.svg").errors,
+            "Picture 2 of 2. 3839 of 3840 bytes are missing; they are left white.\n");
+  EXPECT_NE(folder.read("h.svg").find("2009-05-13 15:30:00"), std::string::npos);
+  const Ended no_picture = run(hardcopy + "--picture 3 --out h.png");
+  EXPECT_EQ(no_picture.exit_code, 1);
+  EXPECT_EQ(no_picture.errors, "The file has only 2 pictures.\n");
   const Ended no_folder = run(plot + "--out none/a.png");
   EXPECT_EQ(no_folder.exit_code, 1);
   EXPECT_EQ(no_folder.errors, "none/a.png: folder gone.\n");

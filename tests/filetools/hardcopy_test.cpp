@@ -22,8 +22,10 @@ std::string words(int count, const std::string& word) {
 // Both numbers are in the first row, the 31st begins the second one.
 TEST(Hardcopy, TheLowestBitIsTheLeftDot) {
   const HardcopyFile file = read("\r\n1,128 " + words(28, "00000") + "00003\r\n");
-  const std::vector<Place> black = {{300, 300, 35, 35}, {825, 300, 35, 35}, {300, 335, 70, 35}};
-  EXPECT_EQ(black_areas(file.pictures.at(0)), black);
+  const DotPicture drawn = dot_picture(file.pictures.at(0));
+  EXPECT_EQ(drawn.rows.at(0), "#" + std::string(14, ' ') + "#" + std::string(224, ' '));
+  EXPECT_EQ(drawn.rows.at(1), "##" + std::string(238, ' '));
+  EXPECT_EQ(drawn.rows.size(), 128u);
   EXPECT_EQ(hardcopy_hint(file, 0, Language::english),
             "3809 of 3840 bytes are missing; they are left white.");
 }
@@ -42,12 +44,13 @@ TEST(Hardcopy, EachDownloadInAFileIsAPicture) {
   const std::string download = "2026-01-05 10:00:00\r\n" + words(3839, "00000") + "-32767\r\n";
   const HardcopyFile one = read(download + words(30, "00255"));
   EXPECT_EQ(hardcopy_hint(one, 0, Language::english), "");
-  EXPECT_EQ(black_areas(one.pictures.at(0)), (std::vector<Place>{{8420, 4745, 35, 35}}));
+  EXPECT_EQ(dot_picture(one.pictures.at(0)).rows.at(127), std::string(232, ' ') + "#" + std::string(7, ' '));
 
   const HardcopyFile two = read("2026-01-05 9:59:00\r\n" + words(900, "00255") + download);
   EXPECT_EQ(hardcopy_hint(two, 0, Language::english),
             "Picture 1 of 2. 2940 of 3840 bytes are missing; they are left white.");
-  EXPECT_EQ(black_areas(two.pictures.at(0)).size(), 30u) << "whole rows";
+  EXPECT_EQ(dot_picture(two.pictures.at(0)).rows.at(29), std::string(240, '#'));
+  EXPECT_EQ(dot_picture(two.pictures.at(0)).rows.at(30), std::string(240, ' '));
   EXPECT_EQ(two.pictures.at(1).date_line, "2026-01-05 10:00:00");
 }
 

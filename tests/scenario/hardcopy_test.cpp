@@ -64,6 +64,27 @@ TEST_F(HardcopyTest, AFileThatCannotBeOpenedLeavesAnEmptySheet) {
   EXPECT_FALSE(window("CHKSPEED").visible());
 }
 
+TEST_F(HardcopyTest, AGrowingFileIsReadAgainAndItsPicturesAreHandedOn) {
+  open();
+  press("picture_copy");
+  EXPECT_EQ(hint(), "There is nothing to copy or save yet.");
+  std::string& file = world.files.contents["d/c.txt"];
+  file = "2009-05-12 15:30:00\r\n1\r\n2009-05-13 8:00:00\r\n2\r\n";
+  choose("d/c.txt");
+  EXPECT_EQ(shown("Text1").tooltip, "d/c.txt");
+  press("next_picture");
+  file += "4\r\n2009-05-14 8:00:00\r\n8\r\n";
+  press("read_again");
+  EXPECT_EQ(hint(), "Picture 2 of 3. 3838 of 3840 bytes are missing; they are left white.");
+  press("picture_copy");
+  EXPECT_EQ(world.pictures.copied_dots.title, "2009-05-13 8:00:00");
+  EXPECT_EQ(world.pictures.copied_dots.rows[0].substr(0, 12), " #        # ");
+  world.dialogs.file_answers = {"d/c-2.png"};
+  press("picture_save");
+  EXPECT_EQ(world.dialogs.file_questions.back().suggested_name, "c-2");
+  EXPECT_EQ(hint(), "The picture was saved as d/c-2.png.");
+}
+
 TEST_F(HardcopyTest, ButtonAndMenuPrintTheWindowInLandscape) {
   for (const char* control : {"Print_HC_command", "MenuPrinter"}) {
     press(control);
@@ -81,6 +102,10 @@ TEST_F(HardcopyTest, PollingPausesUntilTheWindowIsClosed) {
   world.run_for(10);
   EXPECT_FALSE(polls());
   EXPECT_TRUE(shown("polling_note").visible);
+  click("loggerPWR");
+  window("Logger").closed();  // it resumes polling, too
+  world.run_for(12);
+  EXPECT_FALSE(polls());
   window("HC_window").closed();
   EXPECT_TRUE(polls());
 

@@ -32,6 +32,18 @@ struct PlotJourney : Journey {
         "1P2W,Hz=50,MD=15,SEC=2,CT=1,VT=1\r\n      DATE,      TIME,        V1\r\n" + records;
   }
 
+  // As many records of the voltages 1000 V, 1001 V and so on.
+  static std::string many(int count) {
+    std::string records;
+    for (int i = 0; i < count; ++i) records += record("12:00:00", std::to_string(1000 + i) + ".V", "1.234KW");
+    return records;
+  }
+
+  void open(const std::string& path) {
+    world.dialogs.file_answers = {path};
+    press("openfileforplot");
+  }
+
   void press(const std::string& control) { click(control, "PlotFile"); }
   const Control& control(const std::string& name) const { return window("PlotFile")[name]; }
   std::shared_ptr<const Chart> chart() const { return control("Graph1").chart; }
@@ -46,8 +58,7 @@ TEST(Plot, AFileIsOpenedAndItsQuantitiesAreChosen) {
   EXPECT_EQ(j.world.dialogs.messages.back().icon, Icon::critical);
   j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + j.record("12:00:02", "231.5V", "987.6W") +
                "11-22-2026,  12:00:04,  NO COM\r\n");
-  j.world.dialogs.file_answers = {"a.csv"};
-  j.press("openfileforplot");
+  j.open("a.csv");
   EXPECT_TRUE(j.window("PlotFile").visible());
   EXPECT_EQ(j.points(), (std::vector{230.0, 231.5, 0.0}));
   EXPECT_EQ(j.chart()->x_title + "|" + j.chart()->y_title, "Time|V1 (V)");
@@ -64,8 +75,7 @@ TEST(Plot, AFileIsOpenedAndItsQuantitiesAreChosen) {
 
   const auto shown = j.chart();
   j.world.files.contents["b.csv"] = "no data file\r\n\r\nx\r\n";
-  j.world.dialogs.file_answers = {"b.csv"};
-  j.press("openfileforplot");
+  j.open("b.csv");
   EXPECT_EQ(j.world.dialogs.messages.back().text, "Not a valid data file");
   EXPECT_EQ(j.chart(), shown) << "the chart keeps what it showed";
 }
@@ -73,8 +83,7 @@ TEST(Plot, AFileIsOpenedAndItsQuantitiesAreChosen) {
 TEST(Plot, TheUserChoosesHowItLooks) {
   PlotJourney j;
   j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + j.record("12:00:02", "231.5V", "987.6W"));
-  j.world.dialogs.file_answers = {"a.csv"};
-  j.press("openfileforplot");
+  j.open("a.csv");
   j.world.dialogs.input_answers = {"-5.5", "", "Site 3"};
   for (const char* entry : {"set_scale_1", "set_scale_2", "set_title_0"}) j.press(entry);
   EXPECT_EQ(j.chart()->y_low, -5.5);
@@ -104,11 +113,8 @@ TEST(Plot, TheUserChoosesHowItLooks) {
 // 3601 records: three to a point, 1201 points.
 TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   PlotJourney j;
-  std::string records;
-  for (int i = 0; i < 3601; ++i) records += j.record("12:00:00", std::to_string(1000 + i) + ".V", "1.234KW");
-  j.write_file(records);
-  j.world.dialogs.file_answers = {"a.csv"};
-  j.press("openfileforplot");
+  j.write_file(j.many(3601));
+  j.open("a.csv");
   EXPECT_EQ(j.world.dialogs.message_texts(), Texts{"Records more than 3600, STATIStics function disabled"});
   EXPECT_FALSE(j.control("Status").enabled);
   ASSERT_EQ(j.points().size(), 1201U);
@@ -129,6 +135,93 @@ TEST(Plot, LongFilesAreEnvelopesAndPartsOfThemAreNot) {
   j.world.dialogs.input_answers = {"10", "12"};
   j.press("ZoomIn");
   EXPECT_EQ(j.points(), (std::vector{1009.0, 1010.0, 1011.0}));
+  j.world.dialogs.input_answers = {"2", "3601"};
+  j.press("ZoomIn");
+  EXPECT_EQ(j.points().size(), 3600U) << "one by one";
+  EXPECT_FALSE(j.control("Status").enabled) << "of a long file";
+}
+
+// Zoom and F5 drew a refused file, with the part chosen in the other one, although the chart showed that.
+TEST(Plot, ARefusedFileLeavesTheFileOfTheChartAlone) {
+  PlotJourney j;
+  j.world.files.contents["b.csv"] = "no data file\r\n\r\nx\r\n";
+  j.write_file(j.many(40));
+  j.open("b.csv");
+  j.press("SelectData_3");
+  EXPECT_EQ(j.world.dialogs.message_texts(), Texts(2, "Not a valid data file")) << "no other file is open";
+  j.open("a.csv");
+  j.world.dialogs.input_answers = {"10", "12", "500"};
+  j.press("ZoomIn");
+  j.press("set_scale_1");
+  j.open("b.csv");
+  EXPECT_EQ(j.chart()->y_low, 500);
+  for (const char* entry : {"read_again", "SelectData_3", "ZoomIn"}) {
+    j.world.dialogs.input_answers = {"39", "40"};
+    j.press(entry);
+    EXPECT_TRUE(j.control("plot_about").text.starts_with("a.csv")) << entry;
+  }
+  EXPECT_EQ(j.points(), (std::vector{1038.0, 1039.0}));
+  EXPECT_EQ(j.world.dialogs.messages.size(), 3U);
+}
+
+TEST(Plot, ANewerWishEndsTheReadingOfAFileAndAClosedWindowSaysNothing) {
+  PlotJourney j;
+  j.write_file(j.many(4000));
+  j.world.files.contents["b.csv"] = j.world.files.contents["a.csv"].substr(0, 1000);
+  const auto while_reading = [&j](std::function<void()> wish) {
+    j.world.user_does(0, [&j, wish = std::move(wish)] { wish(); });
+    j.open("a.csv");
+  };
+  while_reading([&j] { j.open("b.csv"); });
+  EXPECT_TRUE(j.control("plot_about").text.starts_with("b.csv")) << j.control("plot_about").text;
+  while_reading([&j] { j.window("PlotFile").closed(); });
+  EXPECT_EQ(j.world.dialogs.message_texts(), Texts{}) << "that the file is a long one";
+  EXPECT_TRUE(j.control("plot_about").text.starts_with("b.csv"));
+}
+
+// Clear threw the plot away, and Zoom did nothing then.
+TEST(Plot, AClearedChartComesBackWithTheNextPlot) {
+  PlotJourney j;
+  j.write_file(j.many(5));
+  j.open("a.csv");
+  j.press("clear_graphics");
+  j.press("set_grid_3");
+  j.press("chart_copy");
+  EXPECT_FALSE(has_data(*j.chart()));
+  EXPECT_EQ(j.control("status_hint").text, "There is nothing to copy or save yet.");
+  j.world.dialogs.input_answers = {"2", "4"};
+  j.press("ZoomIn");
+  EXPECT_EQ(j.points(), (std::vector{1001.0, 1002.0, 1003.0}));
+  EXPECT_EQ(j.chart()->grid, Grid::both);
+}
+
+TEST(Plot, ChartAndPointsAreHandedOn) {
+  PlotJourney j;
+  j.write_file(j.record("12:00:00", "230.0V", "1.234KW") + "11-22-2026,  12:00:04,  NO COM\r\n");
+  j.open("a.csv");
+  j.press("chart_copy_points");
+  EXPECT_EQ(j.world.pictures.copied_text, "12:00:00\t230\n12:00:04\t0\n");
+  j.world.dialogs.file_answers = {"p.svg", "p.gif", "p.csv", "a.csv"};
+  for (const char* entry : {"chart_save", "chart_save", "save_points"}) j.press(entry);
+  EXPECT_EQ(j.world.dialogs.file_questions.back().suggested_name, "a-V1-points");
+  EXPECT_EQ(j.world.pictures.saved, Texts{"p.svg"}) << "no picture ends in .gif";
+  EXPECT_EQ(j.world.files.contents["p.csv"],
+            "first_record,last_record,date,time,maximum,minimum,readings,unit\n"
+            "1,1,11-22-2026,12:00:00,230,230,1,V\n2,2,11-22-2026,12:00:04,0,0,0,V\n");
+  const std::string recording = j.world.files.contents["a.csv"];
+  j.press("save_points");
+  EXPECT_EQ(j.world.dialogs.questions.back().text, "a.csv exists already. Replace it?");
+  EXPECT_EQ(j.world.files.contents["a.csv"], recording) << "the answer was no";
+}
+
+TEST(Plot, TheLinesBesideTheChartFollowTheLanguage) {
+  PlotJourney j;
+  j.write_file(j.many(2));
+  j.open("a.csv");
+  j.press("StatOption_1");
+  j.click("sel_language_1");
+  EXPECT_TRUE(j.control("plot_statistics").text.starts_with("平均 1000.5 V"));
+  EXPECT_EQ(j.chart()->statistic_names.mean, "平均");
 }
 
 }  // namespace

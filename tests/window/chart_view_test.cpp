@@ -219,12 +219,6 @@ TEST_F(ChartViewTest, PaperIsWhiteAndCanDoWithoutColours) {
   chart.colours = ChartColours::black_and_white;
   const QImage grey = chart_image(chart, whole_of(chart), QSize(400, 300), 1);
   EXPECT_TRUE(grey.allGray());
-  const auto begins = [&chart](PictureKind kind) {
-    return chart_file(kind, chart, whole_of(chart), QSize(400, 300)).left(5).toStdString();
-  };
-  EXPECT_EQ(begins(PictureKind::png).substr(1, 3), "PNG");
-  EXPECT_EQ(begins(PictureKind::svg), "<?xml");
-  EXPECT_EQ(begins(PictureKind::pdf), "%PDF-");
 }
 
 }  // namespace

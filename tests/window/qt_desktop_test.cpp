@@ -128,6 +128,19 @@ TEST_F(QtDialogsTest, ANameThatIsNotAFileYetGetsTheDefaultExtension) {
   EXPECT_EQ(in_folder, QStringLiteral("/site.v2/load.csv"));
 }
 
+// A picture was a PNG whatever kind of file the user had chosen.
+TEST_F(QtDialogsTest, ANameGetsTheExtensionOfTheChosenKindOfFile) {
+  const QTemporaryDir folder;
+  when_open<QFileDialog>([&folder](QFileDialog& box) {
+    box.setDirectory(folder.path());
+    box.selectNameFilter(box.nameFilters().at(1));
+    box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("chart"));
+    QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
+  });
+  const FileQuestion question = {{{"PNG (*.png)", "*.png"}, {"SVG (*.svg)", "*.svg"}}, ".png", ""};
+  EXPECT_EQ(dialogs_.save_file(question), folder.filePath(QStringLiteral("chart.svg")).toStdString());
+}
+
 // The system ends the session while a box is open: the box goes, and so does the handler that waits for it.
 TEST(QtDialogsEnd, AClosedBoxAnswersNothingAndTheEndOfTheProgramUnwindsIt) {
   const Message text{"Wait", "", Icon::none};

@@ -1,15 +1,13 @@
-// A chart on paper and in files, drawn as on the screen but in the light colours on white (or black and
+// A chart on paper and in pictures, drawn as on the screen but in the light colours on white (or black and
 // white), without the cursor.
 #pragma once
 
-#include <QByteArray>
 #include <QImage>
 #include <QRectF>
 #include <QSize>
 
 #include "chart/axes.h"
 #include "chart/chart.h"
-#include "platform/pictures.h"
 
 class QPaintDevice;
 
@@ -22,8 +20,5 @@ void paint_chart(QPaintDevice& device, const QRectF& place, const Chart& chart, 
 
 // A picture of `layout` times `scale` pixels; texts and lines are as much larger.
 QImage chart_image(const Chart& chart, const ChartPart& part, QSize layout, double scale);
-
-// The content of a file. PNG is twice as fine as the screen; the size in print is that on the screen.
-QByteArray chart_file(PictureKind kind, const Chart& chart, const ChartPart& part, QSize layout);
 
 }  // namespace halden

@@ -12,6 +12,7 @@
 #include "chart/ui/chart_paper.h"
 #include "chart/ui/chart_plot.h"
 #include "screen/ui/card.h"
+#include "screen/ui/form_window.h"
 #include "screen/ui/mirror.h"
 
 namespace halden {
@@ -48,11 +49,21 @@ void ChartView::set_chart(std::shared_ptr<const Chart> chart) {
     zoomed_y_.reset();
     cursor_.reset();
   }
+  if (chart_ && (chart_->y_low != chart->y_low || chart_->y_high != chart->y_high)) zoomed_y_.reset();
   chart_ = std::move(chart);
   whole_ = whole_of(*chart_);
   setAccessibleName(to_qt(chart_->title.empty() ? chart_->y_title : chart_->title));
   plot_->set_chart(*chart_);
   draw();
+}
+
+void ChartView::print_as_shown(FormWindow& form) {
+  connect(&form, &FormWindow::paper_made, this, [this](FormWindow& paper) {
+    auto* const printed = paper.findChild<ChartView*>(objectName());
+    printed->zoomed_x_ = zoomed_x_;
+    printed->zoomed_y_ = zoomed_y_;
+    printed->draw();
+  });
 }
 
 QRect ChartView::plot_area() const {

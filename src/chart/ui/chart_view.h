@@ -17,6 +17,7 @@
 namespace halden {
 
 class ChartPlot;
+class FormWindow;
 
 class ChartView : public QWidget {
   Q_OBJECT
@@ -26,6 +27,10 @@ class ChartView : public QWidget {
 
   // Without a chart the view is empty.
   void set_chart(std::shared_ptr<const Chart> chart);
+
+  // A print of the form has the part that is shown on the screen. Call it once, after giving the view its
+  // name.
+  void print_as_shown(FormWindow& form);
 
   const ChartPart& shown() const { return shown_; }
 

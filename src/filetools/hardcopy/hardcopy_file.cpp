@@ -16,10 +16,6 @@ constexpr std::string_view separators = ", \t\r\v\f";
 constexpr double largest_number = 256;
 constexpr double lowest_word = -32768;  // counts for anything below it, too
 
-// In 1/1440 inch.
-constexpr float origin = 300;
-constexpr float dot_size = 35;
-
 constexpr Text which_picture = {"Picture {} of {}.", "第 {} 張，共 {} 張。"};
 constexpr Text bytes_missing = {"{} of {} bytes are missing; they are left white.",
                                 "缺少 {} 個位元組（共 {} 個），以空白表示。"};
@@ -37,18 +33,6 @@ void add_numbers(Hardcopy& picture, std::string_view line) {
     const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
     add_number(picture, line.substr(start, end - start));
     start = line.find_first_not_of(separators, end);
-  }
-}
-
-void add_areas_of_row(std::vector<Place>& areas, const Hardcopy& picture, std::size_t y) {
-  for (std::size_t x = 0; x < hardcopy_width; ++x) {
-    if (!picture.dot(x, y)) continue;
-    const std::size_t first = x;
-    while (x + 1 < hardcopy_width && picture.dot(x + 1, y)) ++x;
-    areas.push_back({.left = origin + dot_size * static_cast<float>(first),
-                     .top = origin + dot_size * static_cast<float>(y),
-                     .width = dot_size * static_cast<float>(x - first + 1),
-                     .height = dot_size});
   }
 }
 
@@ -81,10 +65,12 @@ HardcopyFile read_hardcopies(Files& files, const std::string& path) {
   return file;
 }
 
-std::vector<Place> black_areas(const Hardcopy& picture) {
-  std::vector<Place> areas;
-  for (std::size_t y = 0; y < hardcopy_height; ++y) add_areas_of_row(areas, picture, y);
-  return areas;
+DotPicture dot_picture(const Hardcopy& picture) {
+  DotPicture dots{picture.date_line, {hardcopy_height, std::string(hardcopy_width, ' ')}};
+  for (std::size_t y = 0; y < hardcopy_height; ++y)
+    for (std::size_t x = 0; x < hardcopy_width; ++x)
+      if (picture.dot(x, y)) dots.rows[y][x] = '#';
+  return dots;
 }
 
 std::string hardcopy_hint(const HardcopyFile& file, std::size_t index, Language language) {

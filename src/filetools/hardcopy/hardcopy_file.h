@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/pictures.h"
 #include "screen/language.h"
-#include "screen/window.h"
 
 namespace halden {
 
@@ -47,8 +47,8 @@ bool is_date_line(std::string_view line);
 // their places. Numbers behind a whole picture are ignored, and what lies behind the first 16 MiB.
 HardcopyFile read_hardcopies(Files& files, const std::string& path);
 
-// What is black, in 1/1440 inch. Dots that touch within a row are one area.
-std::vector<Place> black_areas(const Hardcopy& picture);
+// With the date line as its title.
+DotPicture dot_picture(const Hardcopy& picture);
 
 // For the line under a picture, `index` from 0: "Picture 2 of 3", "900 of 3840 bytes are missing". Empty for
 // a whole picture that is the only one.

@@ -12,6 +12,10 @@ namespace {
 
 constexpr std::array captions = {
     Caption{next_entry, {"Next Picture", "下一張"}},
+    Caption{"picture_menu", {"P&icture", "圖片(&I)"}},
+    Caption{"picture_copy", {"&Copy", "複製(&C)"}},
+    Caption{"picture_save", {"&Save...", "儲存(&S)..."}},
+    Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
     Caption{hardcopy_polling_note,
             {"Live readings pause while this window is open.", "此視窗開啟時，即時讀值暫停。"}}};
 
@@ -25,8 +29,12 @@ constexpr std::array accessible_names = {Caption{hardcopy_picture, {"Display of 
 }  // namespace
 
 std::span<const MenuEntry> hardcopy_menu() {
-  static const std::array<MenuEntry, 3> entries = {{{"", std::string(open_entry), "&File"},
+  static const std::array<MenuEntry, 7> entries = {{{"", std::string(open_entry), "&File"},
                                                     {"", std::string(printer_entry), "&Printer"},
+                                                    {"", "picture_menu", ""},
+                                                    {"picture_menu", "picture_copy", ""},
+                                                    {"picture_menu", "picture_save", ""},
+                                                    {"picture_menu", "read_again", ""},
                                                     {"", std::string(next_entry), "Next Picture"}}};
   return entries;
 }
@@ -54,11 +62,7 @@ Window make_hardcopy_form() {
 }
 
 std::shared_ptr<const Lines> dot_lines(const Hardcopy& picture) {
-  Lines lines(hardcopy_height, std::string(hardcopy_width, ' '));
-  for (std::size_t y = 0; y < hardcopy_height; ++y)
-    for (std::size_t x = 0; x < hardcopy_width; ++x)
-      if (picture.dot(x, y)) lines[y][x] = '#';
-  return std::make_shared<const Lines>(std::move(lines));
+  return std::make_shared<const Lines>(dot_picture(picture).rows);
 }
 
 }  // namespace halden

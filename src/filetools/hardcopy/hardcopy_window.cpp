@@ -1,5 +1,6 @@
 #include "filetools/hardcopy/hardcopy_window.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "filetools/open_failure.h"
@@ -23,6 +24,7 @@ HardcopyWindow::HardcopyWindow(const Platform& platform, Windows& windows, Windo
                                Link& link)
     : platform_(platform), meter_rec_(meter_rec), notice_(notice), link_(link) {
   windows.add(form_);
+  windows.on_language([this] { say_about_picture(); });
   connect();
 }
 
@@ -31,12 +33,15 @@ void HardcopyWindow::connect() {
   form_.on_click(open_entry, [this] { open_file_and_plot(); });
   form_.on_click(draw_button, [this] { draw(); });
   form_.on_click(next_entry, [this] { show_next(); });
+  form_.on_click("read_again", [this] { read_again(); });
+  form_.on_click("picture_copy",
+                 [this] { with_picture([this](const DotPicture& p) { output_.copy_dots(p); }); });
+  form_.on_click("picture_save", [this] {
+    with_picture([this](const DotPicture& p) { output_.save_dots(p, suggested_name()); });
+  });
   form_.on_click(printer_entry, [this] { print(); });
   form_.on_click(print_button, [this] { print(); });
   form_.on_close([this] { close(); });
-  link_.exchange.on_ended([this] {
-    if (paused_) link_.polling.stop_polling();  // every exchange resumes it at its end
-  });
 }
 
 void HardcopyWindow::open() {
@@ -64,6 +69,7 @@ void HardcopyWindow::resume_polling() {
 // An exchange that runs is left to its end. While the datalogger is open, polling stands still anyway and
 // goes on when that is closed.
 void HardcopyWindow::set_paused(bool paused) {
+  if (paused != paused_) paused ? link_.polling.pause() : link_.polling.end_pause();
   paused_ = paused;
   form_.set_visible(hardcopy_polling_note, paused);
   if (link_.polling.line_is_held()) return;
@@ -102,6 +108,7 @@ void HardcopyWindow::clear() {
   shown_ = 0;
   for (const std::string_view name : {hardcopy_date, hardcopy_name, std::string_view(status_hint)})
     form_.set_text(name, "");
+  form_.set_tooltip(hardcopy_name, "");
   form_.set_lines(hardcopy_picture, nullptr);
   form_.set_visible(next_entry, false);
 }
@@ -124,15 +131,42 @@ void HardcopyWindow::show_picture() {
   const Hardcopy& picture = file_.pictures[shown_];
   form_.set_text(hardcopy_date, picture.date_line);
   form_.set_text(hardcopy_name, name_of(hc_file_name_));
+  form_.set_tooltip(hardcopy_name, hc_file_name_);
   form_.set_lines(hardcopy_picture, dot_lines(picture));
   form_.set_visible(next_entry, file_.pictures.size() > 1);
-  form_.set_text(status_hint, hardcopy_hint(file_, shown_, link_.state.language));
+  say_about_picture();
+}
+
+void HardcopyWindow::say_about_picture() {
+  if (!file_.pictures.empty())
+    form_.set_text(status_hint, hardcopy_hint(file_, shown_, link_.state.language));
 }
 
 // Behind the last picture comes the first one.
 void HardcopyWindow::show_next() {
   shown_ = (shown_ + 1) % file_.pictures.size();
   show_picture();
+}
+
+// Of a file that has grown or shrunk, the picture with the same number, or the last one.
+void HardcopyWindow::read_again() {
+  const std::size_t shown = shown_;
+  draw();
+  if (file_.pictures.empty() || shown == 0) return;
+  shown_ = std::min(shown, file_.pictures.size() - 1);
+  show_picture();
+}
+
+void HardcopyWindow::with_picture(const std::function<void(const DotPicture&)>& use) {
+  if (file_.pictures.empty()) return output_.say_nothing_drawn();
+  use(dot_picture(file_.pictures[shown_]));
+}
+
+// "screen", or "screen-2" in a file of several pictures.
+std::string HardcopyWindow::suggested_name() const {
+  const std::string_view name = name_of(hc_file_name_);
+  const std::string stem(name.substr(0, name.find_last_of('.')));
+  return file_.pictures.size() == 1 ? stem : stem + "-" + std::to_string(shown_ + 1);
 }
 
 void HardcopyWindow::print() {

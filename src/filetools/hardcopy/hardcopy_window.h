@@ -14,6 +14,7 @@
 #include "filetools/hardcopy/hardcopy_form.h"
 #include "link/link.h"
 #include "platform/platform.h"
+#include "screen/output/picture_output.h"
 #include "screen/windows.h"
 
 namespace halden {
@@ -47,7 +48,11 @@ class HardcopyWindow {
   void clear();
   void read();
   void show_picture();
+  void say_about_picture();
   void show_next();
+  void read_again();
+  void with_picture(const std::function<void(const DotPicture&)>& use);
+  std::string suggested_name() const;
   void print();
 
   Platform platform_;
@@ -55,6 +60,7 @@ class HardcopyWindow {
   Window& notice_;
   Link& link_;
   Window form_ = make_hardcopy_form();
+  PictureOutput output_{platform_, link_.state.language, form_};
   std::string hc_file_name_;  // the file opened last
   std::function<void(const std::string& path)> opened_;
   HardcopyFile file_;

@@ -27,8 +27,6 @@ void add_items(std::vector<MenuEntry>& entries, std::string_view menu, std::stri
 std::vector<MenuEntry> all_entries() {
   std::vector<MenuEntry> entries = {{"", "openfile", "&File"},
                                     {"openfile", "openfileforplot", "&Open"},
-                                    {"openfile", "read_again", "Read &Again", Entry::disabled},
-                                    {"openfile", "leave_out", ""},
                                     {"openfile", "exit_plot", "E&xit"},
                                     {"", "Select", "Select"}};
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
@@ -49,12 +47,22 @@ std::vector<MenuEntry> all_entries() {
         {"Status", element("StatOption", static_cast<int>(index)), std::string(statistic_captions[index])});
   entries.push_back({"", "clear_graphics", "&Clear"});
   entries.push_back({"", "Pgraphics", "&Print"});
+  entries.push_back({"", "chart_menu", ""});
+  for (const std::string_view entry :
+       {"leave_out", "chart_copy", "chart_copy_points", "chart_save", "save_points"})
+    entries.push_back({"chart_menu", std::string(entry), ""});
+  entries.push_back({"chart_menu", "read_again", "", Entry::disabled});
   return entries;
 }
 
 constexpr std::array captions = {
+    Caption{"chart_menu", {"C&hart", "圖表(&H)"}},
     Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
-    Caption{"leave_out", {"Leave Out Records Without a Reading", "不繪出無讀值的紀錄"}},
+    Caption{"chart_copy", {"&Copy Picture", "複製圖片(&C)"}},
+    Caption{"chart_copy_points", {"Copy &Points", "複製數據(&P)"}},
+    Caption{"chart_save", {"&Save Picture...", "儲存圖片(&S)..."}},
+    Caption{"save_points", {"Save Points as CS&V...", "數據存成 CSV(&V)..."}},
+    Caption{"leave_out", {"&Leave Out Records Without a Reading", "不繪出無讀值的紀錄(&L)"}},
     Caption{plot_cancel, {"Cancel", "取消"}},
 };
 

@@ -9,8 +9,9 @@
 
 namespace halden {
 
-// Its menu tree: the given menus, and entries of our own for reading a growing file again and for leaving out
-// what is no reading.
+// Its menu tree: the given menus, and one of our own for leaving out what is no reading, for handing the
+// chart on to other programs and for reading a growing file again. These are not entries of the File menu,
+// because opening that one sets the title of the X axis.
 std::span<const MenuEntry> plot_menu_entries();
 
 inline constexpr std::string_view plot_chart = "Graph1";

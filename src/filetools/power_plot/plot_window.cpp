@@ -31,10 +31,8 @@ constexpr int statistics_items = 9;
 PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter_rec, const LinkState& link)
     : platform_(platform), link_(link) {
   windows.add(window_);
-  meter_rec.on_click("OpenPlotFile", [this] {
-    if (!plot_) show_empty();
-    window_.show();
-  });
+  windows.on_language([this] { draw(); });
+  meter_rec.on_click("OpenPlotFile", [this] { window_.show(); });
   connect();
   connect_look();
   draw();
@@ -46,7 +44,7 @@ void PlotWindow::connect() {
     draw();
   });
   window_.on_click("openfileforplot", [this] { choose_file(); });
-  window_.on_click("read_again", [this] { plot({plot_file_name_, selected_item_, part_}); });
+  window_.on_click("read_again", [this] { read_again(); });
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
     window_.on_click(element("SelectData", static_cast<int>(choice)), [this, choice] { select(choice); });
   window_.on_click("ZoomIn", [this] { choose_part(); });
@@ -61,6 +59,7 @@ void PlotWindow::connect() {
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
     cancelled_ = true;
+    next_.reset();
     window_.hide();
   };
   window_.on_click("exit_plot", close);
@@ -106,11 +105,18 @@ void PlotWindow::choose_file() {
 }
 
 void PlotWindow::open_file(const std::string& path) {
-  if (reading_) return;
-  plot_file_name_ = path;
-  look_.y_low.reset();
-  look_.y_high.reset();
+  if (!plot_) plot_file_name_ = path;
   plot({path});
+}
+
+// The user's title of the Y axis stays, although every other plot sets it.
+void PlotWindow::read_again() {
+  const std::string title = look_.y_title;
+  const bool is_of_user = plot_ && title != plot_y_title(*plot_);
+  plot({plot_file_name_, selected_item_, part_});
+  if (!is_of_user) return;
+  look_.y_title = title;
+  draw();
 }
 
 void PlotWindow::select(std::size_t choice) {
@@ -135,19 +141,25 @@ void PlotWindow::choose_part() {
   plot({plot_file_name_, selected_item_, {answer.range.first, answer.range.last}});
 }
 
-// A refusal leaves the chart as it was.
+// A refusal leaves the chart, its file and what was chosen about it as they were. What is asked for while a
+// file is being read ends that and follows it.
 void PlotWindow::plot(const PlotRequest& request) {
-  if (reading_ || request.path.empty()) return;
+  if (request.path.empty()) return;
+  if (reading_) {
+    next_ = request;
+    cancelled_ = true;
+    return;
+  }
   begin_reading();
   const PlotOutcome outcome = read_power_plot(
       platform_.files, request,
       [this](std::uint64_t done, std::uint64_t length) { return show_progress(done, length); });
   end_reading();
-  if (!outcome.refusal.text.empty()) return platform_.dialogs.message(outcome.refusal);
-  if (!outcome.plot) return;
-  part_ = request.wanted;
+  if (const auto next = std::exchange(next_, std::nullopt)) return plot(*next);
+  if (cancelled_) return;
+  if (!outcome.plot) return platform_.dialogs.message(outcome.refusal);
+  take(request, outcome.plot);
   if (opened_) opened_(request.path);
-  take(outcome.plot);
 }
 
 void PlotWindow::begin_reading() {
@@ -180,8 +192,16 @@ bool PlotWindow::show_progress(std::uint64_t done, std::uint64_t length) {
 
 // ---- the plot ----
 
-void PlotWindow::take(std::shared_ptr<const PowerPlot> plot) {
+void PlotWindow::take(const PlotRequest& request, std::shared_ptr<const PowerPlot> plot) {
+  const bool is_newly_opened = !request.choice;
+  if (is_newly_opened) {
+    look_.y_low.reset();
+    look_.y_high.reset();
+  }
+  plot_file_name_ = request.path;
+  part_ = request.wanted;
   plot_ = std::move(plot);
+  cleared_ = false;
   selected_item_ = plot_->choice;
   look_.y_title = plot_y_title(*plot_);
   window_.set_enabled("ZoomIn", true);
@@ -209,9 +229,16 @@ void PlotWindow::draw() {
   mark("StatOption", statistics_items, static_cast<int>(look_.statistics));
   window_.set_checked("set_scale_0", !look_.y_low && !look_.y_high);
   window_.set_checked("leave_out", look_.missing == MissingReadings::left_out);
-  if (!plot_) return;
+  export_.set_plot(is_drawn() ? plot_ : nullptr, look_.missing);
+  is_drawn() ? show_plot() : show_empty();
+}
+
+// Statistics are those of files for which their menu is enabled.
+void PlotWindow::show_plot() {
   const Language language = link_.language;
-  window_.set_chart(plot_chart, std::make_shared<const Chart>(power_chart(plot_, look_, language)));
+  PlotLook look = look_;
+  if (!window_["Status"].enabled) look.statistics = Statistics::none;
+  window_.set_chart(plot_chart, std::make_shared<const Chart>(power_chart(plot_, look, language)));
   window_.set_text(plot_about, plot_line(*plot_, language));
   window_.set_text(plot_missing, missing_readings_line(*plot_, look_.missing, language));
   window_.set_text(plot_statistics, statistics_line(*plot_, look_.missing, language));
@@ -221,12 +248,12 @@ void PlotWindow::show_empty() {
   Chart empty;
   empty.hint = open_a_file.in(link_.language);
   window_.set_chart(plot_chart, std::make_shared<const Chart>(std::move(empty)));
+  for (const std::string_view name : {plot_about, plot_missing, plot_statistics}) window_.set_text(name, "");
 }
 
 void PlotWindow::clear() {
-  plot_.reset();
-  show_empty();
-  for (const std::string_view name : {plot_about, plot_missing, plot_statistics}) window_.set_text(name, "");
+  cleared_ = true;
+  draw();
 }
 
 void PlotWindow::set_limit(std::optional<double>& limit, const std::string& prompt,

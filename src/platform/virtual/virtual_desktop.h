@@ -85,20 +85,26 @@ class VirtualPrinter : public Printer {
   std::vector<PrintedPage> pages_;
 };
 
-// Keeps the path of each saved chart, and what was copied last.
+// Keeps the path of each saved picture, and what was copied last.
 class VirtualPictures : public Pictures {
  public:
   void copy_chart(const Chart&) override { ++copied_charts; }
+  void copy_dots(const DotPicture& picture) override { copied_dots = picture; }
   void copy_text(const std::string& text) override { copied_text = text; }
-  FileFailure save_chart(const Chart&, const std::string& path) override {
-    saved.push_back(path);
-    return failure;
-  }
+  FileFailure save_chart(const Chart&, const std::string& path) override { return save(path); }
+  FileFailure save_dots(const DotPicture&, const std::string& path) override { return save(path); }
 
   int copied_charts = 0;
+  DotPicture copied_dots;
   std::string copied_text;
   std::vector<std::string> saved;
   FileFailure failure = FileFailure::none;
+
+ private:
+  FileFailure save(const std::string& path) {
+    saved.push_back(path);
+    return failure;
+  }
 };
 
 class VirtualShell : public Shell {

@@ -130,6 +130,7 @@ QImage FormWindow::paper_image() {
   on_paper.menuBar()->hide();
   for (QWidget* part : on_paper.kept_off_paper_) part->hide();
   on_paper.resize(size());
+  Q_EMIT paper_made(on_paper);
   on_paper.ensurePolished();
   return on_paper.grab().toImage();
 }

@@ -86,7 +86,8 @@ class FormWindow : public QMainWindow {
 
  Q_SIGNALS:
   void changes_shown();
-  void places_changed();  // some control has another place, or is shown or hidden
+  void paper_made(FormWindow& paper);  // what is printed; it has the state of a new window
+  void places_changed();               // some control has another place, or is shown or hidden
 
  protected:
   void closeEvent(QCloseEvent* event) override;

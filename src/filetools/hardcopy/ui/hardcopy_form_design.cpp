@@ -33,6 +33,7 @@ void build_menu(FormWindow& form) {
   build_menus(*form.menuBar(), hardcopy_menu(), form, [](QAction& action, const MenuEntry& entry) {
     if (entry.name == open_entry) action.setShortcut(QKeySequence(QKeySequence::Open));
     if (entry.name == printer_entry) action.setShortcut(QKeySequence(QKeySequence::Print));
+    if (entry.name == "read_again") action.setShortcut(QKeySequence(Qt::Key_F5));
     if (entry.name == next_entry) action.setShortcut(QKeySequence(Qt::Key_PageDown));
   });
   auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &form);

@@ -78,9 +78,10 @@ QLabel* build_line(std::string_view control, FormWindow& form) {
 QWidget* build_chart(FormWindow& form) {
   auto* const chart = new ChartView(form.theme(), &form);
   chart->setObjectName(to_qt(plot_chart));
+  chart->print_as_shown(form);
   form.mirror().tie(std::string(plot_chart), [chart](const Control& now) {
-    chart->setAccessibleName(to_qt(now.accessible_name));
     chart->set_chart(now.chart);
+    if (chart->accessibleName().isEmpty()) chart->setAccessibleName(to_qt(now.accessible_name));
   });
   return chart;
 }

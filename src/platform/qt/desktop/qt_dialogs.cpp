@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -42,6 +43,13 @@ QStringList name_filters(const std::vector<FileFilter>& filters) {
     result << QString::fromStdString(filter.caption + "(" + pattern + ")");
   }
   return result;
+}
+
+// That of the chosen kind of file ("SVG (*.svg)"), where it names one.
+QString extension_of(const QString& name_filter, const std::string& otherwise) {
+  static const QRegularExpression pattern(QStringLiteral("\\(\\*(\\.\\w+)\\)$"));
+  const QRegularExpressionMatch match = pattern.match(name_filter);
+  return match.hasMatch() ? match.captured(1) : QString::fromStdString(otherwise);
 }
 
 }  // namespace
@@ -140,7 +148,8 @@ std::optional<std::string> QtDialogs::choose_file(QFileDialog& box, const FileQu
   folder_ = QFileInfo(chosen).absolutePath();
   // A name that was picked from the list is complete, with or without an extension.
   if (QFileInfo::exists(chosen)) return chosen.toStdString();
-  return with_default_extension(chosen, QString::fromStdString(question.default_extension)).toStdString();
+  return with_default_extension(chosen, extension_of(box.selectedNameFilter(), question.default_extension))
+      .toStdString();
 }
 
 int QtDialogs::wait_for_answer(QDialog& box) {
