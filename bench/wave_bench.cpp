@@ -2,8 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "chart/waves/waveform_chart.h"
 #include "live/spectrum/spectrum_frame.h"
-#include "live/waveform/waveform_chart.h"
 #include "live/waveform/waveform_frame.h"
 #include "simulator/replies.h"
 

@@ -16,10 +16,15 @@ Program::Program(const Platform& outside, const StartOptions& start_options)
     : platform(outside), options(start_options) {
   platform.timer1.set_period_ms(designed_clock_period_ms);
   platform.timer2.set_period_ms(designed_poll_period_ms);
-  live.recording.on_started([this] { hardcopy.resume_polling(); });
+  viewer.on_print([this](const TextToPrint& text, Window& view) { print.open(text, view); });
+  live.recording.on_started([this] { link.pause.end_all(); });
   files.connect(FileKind::power, "OpenPlotFile", plot);
+  files.connect(FileKind::harmonics, "show_plot_harmonics", playback);
+  files.connect(FileKind::waveform, "show_plot_waveform", playback);
   files.connect(FileKind::hardcopy, "show_plot_hardcopy", hardcopy);
+  files.connect(FileKind::text, "ViewFile", viewer);
   files.read_recent();
+  shared.windows["ExportNumbers"].on_drop([this](const Lines& paths) { numbers.open_file(paths.front()); });
   platform.timer1.on_tick([this] {
     live.sample_clock.tick();
     application.refresh_status_line();

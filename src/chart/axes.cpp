@@ -23,28 +23,27 @@ constexpr double largest_plain_value = 1e10;
 constexpr double smallest_plain_step = 1e-9;
 constexpr int digits_with_exponent = 6;
 
+void include(Range& range, double value) {
+  range.low = std::min(range.low, value);
+  range.high = std::max(range.high, value);
+}
+
 // From the lowest to the highest value; without any, low is above high.
 Range range_of_values(const Chart& chart) {
   Range range{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
   for (const DataSet& set : chart.sets) {
     if (!set.points) continue;
-    for (const double value : *set.points) {
-      if (is_gap(value)) continue;
-      range.low = std::min(range.low, value);
-      range.high = std::max(range.high, value);
-    }
+    for (const double value : *set.points)
+      if (!is_gap(value)) include(range, value);
   }
   return range;
 }
 
-// A line such as the mean plus the deviation may lie above all values.
-Range with_statistics(Range range, const Chart& chart) {
+// The deviation and the best fit reach beyond the values.
+void include_statistics(Range& range, const Chart& chart) {
   const Range x = x_range(chart);
-  for (const StatisticLine& line : statistic_lines(chart)) {
-    range.low = std::min({range.low, line.at(x.low), line.at(x.high)});
-    range.high = std::max({range.high, line.at(x.low), line.at(x.high)});
-  }
-  return range;
+  for (const StatisticLine& line : statistic_lines(chart))
+    for (const double end : {x.low, x.high}) include(range, line.at(end));
 }
 
 // Values that are all the same get a tenth of their magnitude on both sides.
@@ -58,7 +57,7 @@ Range with_a_span(Range range) {
 Range automatic_y_range(const Chart& chart) {
   Range range = range_of_values(chart);
   if (range.low > range.high) return {0, 1};
-  range = with_statistics(range, chart);
+  include_statistics(range, chart);
   const double distance_of_zero = std::max({range.low, -range.high, 0.0});
   if (chart.kind == ChartKind::bars || distance_of_zero <= range.span())
     range = {std::min(range.low, 0.0), std::max(range.high, 0.0)};
@@ -76,6 +75,11 @@ Range x_range(const Chart& chart) {
   const std::size_t count = std::max<std::size_t>(point_count(chart), 1);
   const double room = chart.kind == ChartKind::bars || count == 1 ? room_beside_bars : 0;
   return {-room, static_cast<double>(count - 1) + room};
+}
+
+Range x_reach(const Chart& chart) {
+  const Range points = x_range(chart);
+  return {points.low - chart.points_before, points.high + chart.points_after};
 }
 
 // A limit on the wrong side of the other one moves the other one, unless the user gave both: then they are

@@ -30,9 +30,12 @@ ChartPart whole_of(const Chart& chart);
 // All points side by side: from the first to the last, with room for the outermost bars.
 Range x_range(const Chart& chart);
 
-// What the user gave, and for the rest the values and the lines of the statistics, extended to whole steps.
-// Zero is within the range of bars, and of lines whose distance from it is at most their span. Without data
-// it is 0 to 1.
+// How far the user may zoom out and move: beyond the points of the chart where more can be had.
+Range x_reach(const Chart& chart);
+
+// What the user gave, and for the rest the values and the statistics, extended to whole steps. Zero is within
+// the range of bars,
+// and of lines whose distance from it is at most their span. Without data it is 0 to 1.
 Range y_range(const Chart& chart);
 
 // The smallest of 1, 2 and 5 times a power of ten that divides the span into no more than so many steps.

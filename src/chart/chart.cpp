@@ -68,9 +68,13 @@ std::string label_at(const Chart& chart, std::size_t index) { return text_at(cha
 std::string readout_at(const Chart& chart, std::size_t index) { return text_at(chart.readouts, index); }
 
 bool same_subject(const Chart& a, const Chart& b) {
-  if (a.kind != b.kind || a.sets.size() != b.sets.size() || point_count(a) != point_count(b)) return false;
-  if (!a.subject.empty() || !b.subject.empty()) return a.subject == b.subject;
-  return a.title == b.title && a.x_title == b.x_title && a.y_title == b.y_title;
+  if (a.subject != 0 || b.subject != 0) return a.subject == b.subject;
+  return a.kind == b.kind && a.title == b.title && a.x_title == b.x_title && a.y_title == b.y_title &&
+         a.sets.size() == b.sets.size() && point_count(a) == point_count(b);
+}
+
+bool same_points(const Chart& a, const Chart& b) {
+  return same_subject(a, b) && a.part == b.part && point_count(a) == point_count(b);
 }
 
 std::string to_text(const Chart& chart) {

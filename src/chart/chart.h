@@ -76,7 +76,6 @@ struct Chart {
   std::string title;
   std::string x_title;
   std::string y_title;
-  std::string subject;                // not shown: of which data this is, for same_subject
   std::string hint;                   // shown in the middle while there are no data
   std::string description;            // for assistive technology: what the chart shows, in words
   std::vector<DataSet> sets;          // one or two
@@ -91,6 +90,15 @@ struct Chart {
   Statistics statistics = Statistics::none;
   StatisticNames statistic_names;
 
+  // Charts with the same number show the same thing, whatever their titles are. With 0 the titles and the
+  // number of points tell.
+  std::size_t subject = 0;
+  std::string part;  // which points of the subject these are
+
+  // So many points stand on both sides of these and are not in the chart: the user may zoom and move there.
+  double points_before = 0;
+  double points_after = 0;
+
   bool operator==(const Chart&) const = default;
 };
 
@@ -104,9 +112,12 @@ bool has_data(const Chart& chart);
 std::string label_at(const Chart& chart, std::size_t index);
 std::string readout_at(const Chart& chart, std::size_t index);
 
-// Whether both show the same quantity of the same data over as many points, so that what the user has zoomed
-// to in one can be kept in the other: the next frame of a live view, for example.
+// Whether both show the same quantity, so that the height to which the user has zoomed in one can be kept in
+// the other: the next frame of a live view, for example.
 bool same_subject(const Chart& a, const Chart& b);
+
+// Whether also the points stand at the same places, so that the part shown and the cursor can be kept.
+bool same_points(const Chart& a, const Chart& b);
 
 // The points as text for the clipboard, one line each: label, value and, with two data sets, the second
 // value, with tabs between them. A point without a label has its number, counted from 1; a gap is empty.

@@ -1,9 +1,10 @@
 #include "chart/statistics.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
+
+#include "chart/number_text.h"
 
 namespace halden {
 
@@ -23,20 +24,23 @@ bool shows_deviation(Statistics shown) {
   return shown >= Statistics::deviation && shown <= Statistics::deviation_min_max_and_mean;
 }
 
-StatisticLine level(StatisticKind kind, const std::string& name, double value) {
-  return {kind, value, 0, name + " " + short_number(value)};
+StatisticLine level(StatisticKind kind, const std::string& name, double value, const Summary& summary) {
+  return {kind, value, 0, name + " " + short_number(value, summary.largest())};
 }
 
 StatisticLine best_fit(const std::string& name, const Summary& summary, std::size_t count) {
   StatisticLine line{StatisticKind::best_fit, summary.fit_offset, summary.fit_slope, {}};
-  line.text = name + " " + short_number(line.at(0)) + " \u2192 " +
-              short_number(line.at(static_cast<double>(count - 1)));
+  const double last = line.at(static_cast<double>(count - 1));
+  line.text = name + " " + short_number(line.at(0), summary.largest()) + " \u2192 " +
+              short_number(last, summary.largest());
   return line;
 }
 
-// Sums of the points that are no gaps.
+// Sums of the points that are no gaps. Values count from the first one: the sums of equal values have no
+// rounding error then.
 struct Sums {
   double count = 0;
+  double origin = 0;
   double x = 0;
   double y = 0;
 };
@@ -45,54 +49,37 @@ Sums sums_of(const std::vector<double>& points) {
   Sums sums;
   for (std::size_t k = 0; k < points.size(); ++k) {
     if (is_gap(points[k])) continue;
+    if (sums.count == 0) sums.origin = points[k];
     sums.count += 1;
     sums.x += static_cast<double>(k);
-    sums.y += points[k];
+    sums.y += points[k] - sums.origin;
   }
   return sums;
 }
 
 }  // namespace
 
-std::string short_number(double value) {
-  constexpr int significant_digits = 5;
-  constexpr double largest = 1e15, smallest = 1e-9;  // beyond these a number of digits says nothing
-  char digits[64];
-  if (std::abs(value) < smallest) value = 0;
-  if (!(std::abs(value) < largest))
-    return {digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general,
-                                  significant_digits)
-                        .ptr};
-  const int before_point = value == 0 ? 1 : static_cast<int>(std::floor(std::log10(std::abs(value)))) + 1;
-  const int decimals = std::max(significant_digits - before_point, 0);
-  char* end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;
-  if (decimals > 0) {
-    while (end[-1] == '0') --end;
-    if (end[-1] == '.') --end;
-  }
-  return {digits, end};
-}
+double Summary::largest() const { return std::max(std::abs(minimum), std::abs(maximum)); }
 
 // In two passes: sums of squares about the means do not lose the digits that sums of plain squares would.
 std::optional<Summary> summarise(const std::vector<double>& points) {
   const Sums sums = sums_of(points);
   if (sums.count == 0) return std::nullopt;
   const double middle = sums.x / sums.count;
-  Summary summary{sums.y / sums.count, std::numeric_limits<double>::max(),
+  const double mean = sums.y / sums.count;  // counted from the origin
+  Summary summary{sums.origin + mean, std::numeric_limits<double>::max(),
                   std::numeric_limits<double>::lowest()};
   double xx = 0, xy = 0, yy = 0;
   for (std::size_t k = 0; k < points.size(); ++k) {
     if (is_gap(points[k])) continue;
     const double x = static_cast<double>(k) - middle;
-    const double y = points[k] - summary.mean;
+    const double y = points[k] - sums.origin - mean;
     xx += x * x;
     xy += x * y;
     yy += y * y;
     summary.minimum = std::min(summary.minimum, points[k]);
     summary.maximum = std::max(summary.maximum, points[k]);
   }
-  if (summary.minimum == summary.maximum)  // the mean may differ from them by a rounding error
-    return Summary{summary.minimum, summary.minimum, summary.maximum, 0, summary.minimum, 0};
   summary.deviation = std::sqrt(yy / sums.count);
   summary.fit_slope = xx > 0 ? xy / xx : 0;
   summary.fit_offset = summary.mean - summary.fit_slope * middle;
@@ -105,14 +92,17 @@ std::vector<StatisticLine> statistic_lines(const Chart& chart) {
   if (!summary) return {};
   const StatisticNames& names = chart.statistic_names;
   std::vector<StatisticLine> lines;
-  if (shows_mean(chart.statistics)) lines.push_back(level(StatisticKind::mean, names.mean, summary->mean));
+  if (shows_mean(chart.statistics))
+    lines.push_back(level(StatisticKind::mean, names.mean, summary->mean, *summary));
   if (shows_extremes(chart.statistics)) {
-    lines.push_back(level(StatisticKind::extreme, names.minimum, summary->minimum));
-    lines.push_back(level(StatisticKind::extreme, names.maximum, summary->maximum));
+    lines.push_back(level(StatisticKind::extreme, names.minimum, summary->minimum, *summary));
+    lines.push_back(level(StatisticKind::extreme, names.maximum, summary->maximum, *summary));
   }
   if (shows_deviation(chart.statistics)) {
-    lines.push_back(level(StatisticKind::deviation, names.above, summary->mean + summary->deviation));
-    lines.push_back(level(StatisticKind::deviation, names.below, summary->mean - summary->deviation));
+    lines.push_back(
+        level(StatisticKind::deviation, names.above, summary->mean + summary->deviation, *summary));
+    lines.push_back(
+        level(StatisticKind::deviation, names.below, summary->mean - summary->deviation, *summary));
   }
   if (chart.statistics == Statistics::best_fit)
     lines.push_back(best_fit(names.best_fit, *summary, chart.sets[0].points->size()));

@@ -18,10 +18,9 @@ struct Summary {
   double deviation = 0;
   double fit_offset = 0;  // the best-fit line is fit_offset + fit_slope * index
   double fit_slope = 0;
-};
 
-// With five digits, without an exponent and without zeros at the end.
-std::string short_number(double value);
+  double largest() const;  // magnitude
+};
 
 // Nothing when every point is a gap.
 std::optional<Summary> summarise(const std::vector<double>& points);

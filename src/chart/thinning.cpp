@@ -71,12 +71,20 @@ std::vector<DrawnPoint> drawn_points(const std::vector<double>& points, const Ra
     return to_index(std::ceil(x.low + static_cast<double>(k) * column), points.size() + 1);
   };
   drawn.reserve(2 * columns + 2);
-  drawn.push_back(at(points, first));
+  if (static_cast<double>(first) <= x.low) drawn.push_back(at(points, first));
   for (std::size_t k = 0; k < columns; ++k)
     append_extremes(drawn, points, start_of(k), start_of(k + 1),
                     x.low + (static_cast<double>(k) + place_in_column) * column);
-  drawn.push_back(at(points, last));
+  if (static_cast<double>(last) >= x.high) drawn.push_back(at(points, last));
   return drawn;
+}
+
+std::vector<DrawnPoint> lone_points(const std::vector<DrawnPoint>& drawn) {
+  std::vector<DrawnPoint> lone;
+  const auto ends_at = [&drawn](std::size_t k) { return k >= drawn.size() || is_gap(drawn[k].y); };
+  for (std::size_t k = 0; k < drawn.size(); ++k)
+    if (!ends_at(k) && (k == 0 || ends_at(k - 1)) && ends_at(k + 1)) lone.push_back(drawn[k]);
+  return lone;
 }
 
 std::vector<DrawnPoint> band_points(const std::vector<double>& one, const std::vector<double>& other,

@@ -23,6 +23,9 @@ struct DrawnPoint {
 // as two per column. A column without any value is one gap.
 std::vector<DrawnPoint> drawn_points(const std::vector<double>& points, const Range& x, std::size_t columns);
 
+// Those with a gap or an end on both sides: no line leads to them.
+std::vector<DrawnPoint> lone_points(const std::vector<DrawnPoint>& drawn);
+
 // The area between two lines as one line from side to side, one stroke for each column of pixels: to fill it
 // as a polygon takes hundreds of milliseconds for a few thousand points.
 std::vector<DrawnPoint> band_points(const std::vector<double>& one, const std::vector<double>& other,

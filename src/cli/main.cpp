@@ -5,9 +5,12 @@
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/export_command.h"
 #include "cli/hardcopy_command.h"
+#include "cli/playback_command.h"
 #include "cli/plot_command.h"
 #include "cli/points_command.h"
+#include "cli/print_command.h"
 #include "cli/qt/offscreen_library.h"
 #include "cli/qt/qt_session.h"
 #include "platform/process.h"
@@ -53,7 +56,10 @@ int main(int argc, char** argv) {
   halden::add_logger_command(app, chosen);
   halden::add_points_command(app, files, chosen);
   halden::add_plot_command(app, files, halden::open_offscreen, chosen);
+  halden::add_playback_commands(app, files, halden::open_offscreen, chosen);
   halden::add_hardcopy_command(app, files, halden::open_offscreen, chosen);
+  halden::add_print_command(app, files, halden::open_offscreen, chosen);
+  halden::add_export_command(app, files, chosen);
   add_version_flag(app);
   try {
     parse(app, argc, argv);

@@ -39,6 +39,7 @@ class RememberingDialogs : public Dialogs {
 
 class NoPrinter : public Printer {
  public:
+  void set_target(const PrintTarget&) override {}
   void set_orientation(Orientation) override {}
   void set_font(const PrintFont&) override {}
   PageSize page_size() override { return {}; }
@@ -82,6 +83,7 @@ class NoFiles : public Files {
   OpenedFile open(const std::string&) override { return {FileFailure::not_found}; }
   FileFailure append(const std::string&, std::string_view) override { return FileFailure::forbidden; }
   FileFailure replace(const std::string&, std::string_view) override { return FileFailure::forbidden; }
+  CreatedFile create(const std::string&) override { return {FileFailure::forbidden}; }
   FileFailure remove(const std::string&) override { return FileFailure::none; }
   FileFailure rename(const std::string&, const std::string&) override { return FileFailure::forbidden; }
   std::optional<std::uint64_t> length(const std::string&) override { return std::nullopt; }
@@ -109,6 +111,7 @@ class RecordedFiles : public Files {
   FileFailure replace(const std::string& path, std::string_view bytes) override {
     return is_configuration_file(path) ? FileFailure::forbidden : disk_.replace(path, bytes);
   }
+  CreatedFile create(const std::string& path) override { return disk_.create(path); }
   FileFailure remove(const std::string& path) override { return disk_.remove(path); }
   FileFailure rename(const std::string& path, const std::string& new_path) override {
     return disk_.rename(path, new_path);

@@ -32,7 +32,7 @@ std::string check_statistics(const std::string& text) {
 int run_plot(Files& files, const OpenOffscreen& open_offscreen, const Typed& typed) {
   const PlotResult result = read_plot(files, typed.plot);
   if (!result.plot) return end_with_failure(result.failure);
-  if (typed.statistics != Statistics::none && result.plot->range.count() >= records_of_envelope)
+  if (typed.statistics != Statistics::none && !result.plot->has_statistics())
     write_remark(std::string(no_statistics_text) + "\n");
   const Chart chart = chart_of_file(result.plot, typed.statistics, typed.plot.missing);
   return end_with_picture(files, open_offscreen, typed.picture,

@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "live/waveform/waveform_chart.h"
+#include "chart/waves/waveform_chart.h"
 #include "readings/numbers.h"
 #include "screen/meter_rec/panels.h"
 

@@ -34,12 +34,6 @@ bool is_record_of(std::string_view line) {
   return different == 0;
 }
 
-std::string_view without_blanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The field up to its comma, if it has only digits and separators.
 std::string_view digits_in(std::string_view line, std::size_t field, char separator) {
   if (line.size() < field * field_length) return {};
@@ -81,19 +75,12 @@ bool PowerFileReader::next(PowerRecordLine& record) {
   return true;
 }
 
-// A line without readings, such as one of a silent meter, is shorter than the records will be.
 std::size_t PowerFileReader::estimated_records(const PowerRecordLine& last) const {
-  if (records_read_ == 0) return 0;
-  std::uint64_t length = lines_.position() - start_of_record_;
-  if (!last.wiring && settings_.wiring)
-    length = length - last.text.size() +
-             field_length * (columns_before_readings + power_column_count(*settings_.wiring));
-  const std::uint64_t rest = lines_.length() - lines_.position() + length - 1;
-  return records_read_ + static_cast<std::size_t>(rest / length);
-}
-
-bool is_header_line(std::string_view line) {
-  return read_power_settings(line).wiring || without_blanks(line.substr(0, line.find(','))) == "DATE";
+  const std::size_t columns = settings_.wiring ? power_column_count(*settings_.wiring) : 0;
+  const std::uint64_t line_end = lines_.position() - start_of_record_ - last.text.size();
+  const std::uint64_t length = date_and_time_length + columns * field_length + line_end;
+  const std::uint64_t rest = std::max(lines_.length(), lines_.position()) - lines_.position();
+  return records_read_ + static_cast<std::size_t>((rest + length - 1) / length);
 }
 
 std::optional<Wiring> whole_record_wiring(std::string_view line) {
@@ -108,8 +95,8 @@ std::string_view date_in_line(std::string_view line) { return digits_in(line, 0,
 std::string_view time_in_line(std::string_view line) { return digits_in(line, 1, ':'); }
 
 bool has_date_and_time(std::string_view line) {
-  constexpr std::size_t length = columns_before_readings * field_length;
-  return line.size() >= length && line[field_text_length] == ',' && line.find(',', field_length) < length &&
+  return line.size() >= date_and_time_length && line[field_text_length] == ',' &&
+         line.substr(field_length, field_length).find(',') != std::string_view::npos &&
          !date_in_line(line).empty() && !time_in_line(line).empty();
 }
 

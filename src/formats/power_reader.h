@@ -44,8 +44,8 @@ class PowerFileReader {
   // The next record; false behind the last one. Its text is valid until the next call.
   bool next(PowerRecordLine& record);
 
-  // How many records the file has if all are as long as `last`, the one returned last, or, where that is no
-  // whole record, as long as the first line of the file says.
+  // How many records the file has if all behind the given one, which was returned last, are whole records of
+  // the wiring in the settings and have the same line end.
   std::size_t estimated_records(const PowerRecordLine& last) const;
 
   std::size_t records_read() const { return records_read_; }
@@ -57,14 +57,11 @@ class PowerFileReader {
   TextLines lines_;
   PowerSettings settings_;
   std::size_t records_read_ = 0;
-  std::uint64_t start_of_record_ = 0;
+  std::uint64_t start_of_record_ = 0;  // of the one returned last
 };
 
 // The wiring system of a whole record.
 std::optional<Wiring> whole_record_wiring(std::string_view line);
-
-// Whether a line that is no record is one of the two header lines of a recording that was continued.
-bool is_header_line(std::string_view line);
 
 // The ten characters of a column, counted from the first one behind DATE and TIME, of a whole record.
 inline std::string_view power_field(std::string_view whole_record, std::size_t column) {
@@ -76,7 +73,10 @@ inline std::string_view power_field(std::string_view whole_record, std::size_t c
 std::string_view date_in_line(std::string_view line);
 std::string_view time_in_line(std::string_view line);
 
-// Whether it has both, each with its comma: also true of a line written while the meter was silent.
+// Whether the line has both, each up to its comma: every record, also one written while the meter was silent.
 bool has_date_and_time(std::string_view line);
+
+// The characters that DATE and TIME of a whole record take with their commas; no line with both is shorter.
+inline constexpr std::size_t date_and_time_length = 2 * (field_text_length + 1);
 
 }  // namespace halden

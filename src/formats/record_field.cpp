@@ -19,6 +19,12 @@ std::string record_field(std::string_view text) {
   return field;
 }
 
+std::string_view without_blanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 bool loses_sign(std::string_view text) { return text.size() > field_text_length && text[0] == '-'; }
 
 std::string record_date(const Date& date) {
@@ -33,6 +39,10 @@ std::string no_communication_line(const Date& date, std::string_view clock_text)
   line += lost_line_text;
   line.resize(lost_line_length, ' ');
   return line;
+}
+
+bool is_no_communication_line(std::string_view line) {
+  return line.find(lost_line_text) != std::string_view::npos;
 }
 
 std::string numbered_names(std::string_view separator, int count) {

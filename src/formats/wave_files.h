@@ -12,13 +12,13 @@
 #include <string_view>
 
 #include "formats/record_field.h"
+#include "formats/waveform_tags.h"
 #include "readings/harmonics.h"
 #include "readings/wave_texts.h"
 
 namespace halden {
 
 inline constexpr std::size_t waveform_samples = 1024;
-inline constexpr std::string_view waveform_tags = "ORPNHTV";
 
 // `values` are the percentages or the angles of the orders.
 RecordLine harmonics_record(std::string_view date, std::string_view time, const WaveTexts& texts,

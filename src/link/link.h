@@ -6,6 +6,7 @@
 #include "link/link_state.h"
 #include "link/meter_status.h"
 #include "link/polling.h"
+#include "link/polling_pause.h"
 #include "link/status_query.h"
 #include "link/waits.h"
 #include "platform/platform.h"
@@ -21,7 +22,8 @@ struct Link {
         waits(platform.clock, platform.port),
         polling(platform, waits, state),
         query(platform, waits, polling, state, status, meter_rec, notice, label_column_left),
-        exchange(polling, query) {}
+        exchange(polling, query),
+        pause(polling, gate, meter_rec) {}
   Link(const Link&) = delete;
   Link& operator=(const Link&) = delete;
 
@@ -32,6 +34,7 @@ struct Link {
   Polling polling;
   StatusQuery query;
   Exchange exchange;
+  PollingPause pause;
 };
 
 }  // namespace halden

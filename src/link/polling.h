@@ -19,9 +19,9 @@ class Polling {
   Polling(const Platform& platform, Waits& waits, LinkState& state)
       : platform_(platform), waits_(waits), state_(state) {}
 
-  // 1 with an open port, no download-all running, the line not held and nobody pausing: waits a second,
-  // throws away what was received, sends the live request and starts both timers. Otherwise both timers go
-  // off. In both cases missed_polls becomes 0 and pending interface events run.
+  // 1 with an open port, no download-all running, the line not held and no pause: waits a second, throws away
+  // what was received, sends the live request and starts both timers. Otherwise both timers go off. In both
+  // cases missed_polls becomes 0 and pending interface events run.
   void resume_polling(std::int16_t flag);
 
   void stop_polling() { resume_polling(0); }
@@ -31,9 +31,9 @@ class Polling {
   void release_line() { held_ = false; }
   bool line_is_held() const { return held_; }
 
-  // While any window pauses the live readings, nothing resumes polling either; exchanges have the line.
-  void pause() { ++pauses_; }
-  void end_pause() { --pauses_; }
+  // During a pause nothing resumes polling either, but exchanges have the line (link/polling_pause.h).
+  void pause() { paused_ = true; }
+  void end_pause() { paused_ = false; }
 
   // Sets the live timer's period for the current display_mode (250 ms; 1000 ms for waveforms).
   void set_live_period();
@@ -46,7 +46,7 @@ class Polling {
   void send_live_request();
 
  private:
-  bool may_poll() const { return !held_ && pauses_ == 0; }
+  bool may_poll() const { return !held_ && !paused_; }
   void start();
   void stop();
 
@@ -54,7 +54,7 @@ class Polling {
   Waits& waits_;
   LinkState& state_;
   bool held_ = false;
-  int pauses_ = 0;
+  bool paused_ = false;
 };
 
 }  // namespace halden

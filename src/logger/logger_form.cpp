@@ -62,7 +62,7 @@ constexpr std::array captions = {
     Caption{download_title, {"Down load", "下載"}},
     Caption{results_title, {"Done in this session", "本次完成"}},
     Caption{open_folder, {"Open Folder", "開啟資料夾"}},
-    Caption{polling_note, {"Live readings pause while this window is open.", "此視窗開啟時，即時讀值暫停。"}},
+    Caption{polling_note, polling_note_text},
 };
 
 constexpr std::array accessible_names = {

@@ -55,9 +55,6 @@ inline constexpr std::string_view results_title = "results_title";
 inline constexpr std::string_view results = "results";  // a line for each file
 inline constexpr std::string_view open_folder = "open_folder";
 
-// Why live readings stand still.
-inline constexpr std::string_view polling_note = "polling_note";
-
 Window make_logger_window();
 
 }  // namespace halden

@@ -36,6 +36,28 @@ struct OpenedFile {
   std::unique_ptr<FileReader> reader{};  // absent after a failure
 };
 
+// A file that is written in pieces and appears under its name only when it is whole: until then its bytes are
+// in the file NAME.part. Without a successful finish() nothing of it stays, and a file that had the name
+// before is left as it was.
+class FileWriter {
+ public:
+  virtual ~FileWriter() = default;
+
+  // Writes behind what was written before. After a failure nothing more can be written.
+  virtual FileFailure write(std::string_view bytes) = 0;
+
+  // Gives the file its name, in place of a file that has it already.
+  virtual FileFailure finish() = 0;
+};
+
+struct CreatedFile {
+  FileFailure failure = FileFailure::none;
+  std::unique_ptr<FileWriter> writer{};  // absent after a failure
+};
+
+// What stands behind the name of a file while it is not whole.
+inline constexpr std::string_view part_suffix = ".part";
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -53,6 +75,10 @@ class Files {
 
   // Writes the whole file anew so that a crash leaves the old or the new content, never half.
   virtual FileFailure replace(const std::string& path, std::string_view bytes) = 0;
+
+  // For a file of hundreds of megabytes, which no caller holds in memory. A file NAME.part that is there is
+  // lost.
+  virtual CreatedFile create(const std::string& path) = 0;
 
   // Deleting a file that is not there is no failure.
   virtual FileFailure remove(const std::string& path) = 0;

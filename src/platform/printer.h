@@ -1,8 +1,11 @@
-// The default printer. Distances are in 1/1440 inch from the page's top left corner. Printouts always use
-// light colours.
+// The printers of this computer. Distances are in 1/1440 inch from the page's top left corner. Printouts
+// always use light colours.
+//
+// A document of lines may take long and let events run meanwhile. A window that is to be printed then is not.
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace halden {
 
@@ -20,13 +23,25 @@ struct PageSize {
   double height = 0.0;
 };
 
-enum class PrintFailure { none, no_printer, failed };
+// Where a document goes. Without either it is the default printer.
+struct PrintTarget {
+  std::string printer;   // the name of one that is set up
+  std::string pdf_path;  // of a file to write instead
+};
+
+enum class PrintFailure { none, no_printer, failed, busy };
 
 class Printer {
  public:
   virtual ~Printer() = default;
 
-  // Takes effect with the next page.
+  // The names of those that are set up, the default one first.
+  virtual std::vector<std::string> printers() { return {}; }
+
+  // Of all documents from the next one on.
+  virtual void set_target(const PrintTarget& target) = 0;
+
+  // Takes effect with the next document.
   virtual void set_orientation(Orientation orientation) = 0;
   virtual void set_font(const PrintFont& font) = 0;
 
@@ -39,7 +54,8 @@ class Printer {
   // False when the document has failed: printing on is useless, finish() says why.
   virtual bool new_page() = 0;
 
-  // An image of a window by its name ("MeterRec"), as wide as the page allows.
+  // An image of a window by its name ("MeterRec"), as wide as the page allows. While lines are printed it is
+  // refused, and the next finish() says `busy` and leaves the lines alone.
   virtual void print_window(const std::string& window_name) = 0;
 
   // Sends what was printed and starts a new document.

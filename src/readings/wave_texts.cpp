@@ -45,6 +45,14 @@ std::string_view input_name(int channel) {
   return known ? input_names[static_cast<std::size_t>(channel)] : std::string_view();
 }
 
+std::optional<int> channel_of(std::string_view input_name) {
+  const auto found = std::find(input_names.begin(), input_names.end(), input_name);
+  if (found == input_names.end()) return std::nullopt;
+  return static_cast<int>(found - input_names.begin());
+}
+
+std::size_t phase_of_input(int channel) { return static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2; }
+
 bool is_current(int channel) { return channel != 0 && channel != 2 && channel != 4; }
 
 void update_wave_texts(const Scaling& scaling, const WaveFields& fields, WaveTexts& texts) {

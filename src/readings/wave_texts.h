@@ -1,6 +1,8 @@
 // The values that the meter sends with a spectrum or a waveform, as the texts that are shown and recorded.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +33,12 @@ struct WaveTexts {
 
 // "V1"; empty for a channel that does not exist.
 std::string_view input_name(int channel);
+
+// The channel of that name.
+std::optional<int> channel_of(std::string_view input_name);
+
+// The phase that a channel is measured at, 0 to 2. One that does not exist counts as the nearest.
+std::size_t phase_of_input(int channel);
 
 // A channel other than V1, V2 and V3 counts as a current.
 bool is_current(int channel);

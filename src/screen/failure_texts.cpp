@@ -20,10 +20,11 @@ constexpr std::array<Text, 7> refusals = {
 constexpr Text delete_lock_file = {" If none uses it, delete the lock file {}.",
                                    "若無程式使用，請刪除鎖定檔 {}。"};
 
-constexpr std::array<Text, 3> print_results = {
+constexpr std::array<Text, 4> print_results = {
     {{"Print sent to {}.", "列印已送至 {}。"},
      {"No printer is set up on this computer.", "此電腦尚未設定印表機。"},
-     {"The document could not be printed.", "無法列印。"}}};
+     {"The document could not be printed.", "無法列印。"},
+     {"Another document is being printed.", "正在列印另一份文件。"}}};
 
 constexpr std::array<Text, 8> write_failures = {{{"", ""},
                                                  {"folder gone", "資料夾不存在"},

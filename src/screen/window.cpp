@@ -83,10 +83,15 @@ void Window::set_chart(std::string_view name, std::shared_ptr<const Chart> chart
   change(controls_[index_of(name)].second.chart, std::move(chart));
 }
 
+void Window::set_list(std::string_view name, const ListView& list) {
+  change(controls_[index_of(name)].second.list, list);
+}
+
 void Window::apply_captions(Language language) {
   for (const Caption& caption : captions_) set_text(caption.control, caption.text.in(language));
   for (const Caption& tooltip : tooltips_) set_tooltip(tooltip.control, tooltip.text.in(language));
   for (const Caption& name : accessible_names_) set_accessible_name(name.control, name.text.in(language));
+  if (language_changed_) language_changed_();
 }
 
 void Window::restore_caption(std::string_view control, Language language) {

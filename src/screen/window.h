@@ -37,6 +37,23 @@ inline constexpr float units_per_pixel = 15.0F;
 // The entries of a list box.
 using Lines = std::vector<std::string>;
 
+// Neighbouring entries, from the first to the last one.
+struct LineRange {
+  std::size_t first = 0;
+  std::size_t last = 0;
+
+  bool operator==(const LineRange&) const = default;
+};
+
+// What the user sees of a list box and has selected in it.
+struct ListView {
+  std::size_t top = 0;              // index of the first visible entry
+  std::size_t room = 0;             // for so many entries, also those that are cut off at the edge
+  std::vector<LineRange> selected;  // from the top down
+
+  bool operator==(const ListView&) const = default;
+};
+
 struct Control : Place {
   std::string text;
   bool visible = true;
@@ -54,6 +71,7 @@ struct Control : Place {
   // new ones.
   std::shared_ptr<const Lines> lines;
   std::shared_ptr<const Chart> chart;
+  ListView list;
 
   bool operator==(const Control&) const = default;
 };
@@ -100,12 +118,13 @@ class Window {
   void set_range(std::string_view name, int minimum, int maximum);
   void set_lines(std::string_view name, std::shared_ptr<const Lines> lines);
   void set_chart(std::string_view name, std::shared_ptr<const Chart> chart);
+  void set_list(std::string_view name, const ListView& list);
 
   // The captions, tooltips and accessible names that depend on the language. The tables outlive the window.
   void set_captions(std::span<const Caption> captions) { captions_ = captions; }
   void set_tooltips(std::span<const Caption> tooltips) { tooltips_ = tooltips; }
   void set_accessible_names(std::span<const Caption> names) { accessible_names_ = names; }
-  void apply_captions(Language language);
+  void apply_captions(Language language);  // and runs the handler of on_language
   void restore_caption(std::string_view control, Language language);
 
   // ---- the window itself ----
@@ -132,6 +151,9 @@ class Window {
 
   // Files dropped on the window: their paths, in UTF-8.
   void on_drop(std::function<void(const Lines& paths)> handler) { dropped_ = std::move(handler); }
+
+  // For texts that are no captions: those of results and charts are written anew.
+  void on_language(Handler handler) { language_changed_ = std::move(handler); }
 
   // Called at the moment of a click, also in a wait without input, after which the click itself follows. It
   // may only take note of values.
@@ -173,6 +195,7 @@ class Window {
   Handlers changes_;
   Handler resized_;
   Handler closed_;
+  Handler language_changed_;
   std::function<void(const Lines&)> dropped_;
   Closing closing_ = Closing::waits;
 };

@@ -16,7 +16,6 @@ Window& Windows::operator[](std::string_view name) const {
 
 void Windows::apply_captions(Language language) {
   for (Window* window : windows_) window->apply_captions(language);
-  for (const Handler& handler : on_language_) handler();
 }
 
 Window make_notice_window() {

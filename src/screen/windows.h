@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "screen/window.h"
@@ -20,13 +19,11 @@ class Windows {
   // The window of that name. A name that does not exist is a mistake in the program and ends it.
   Window& operator[](std::string_view name) const;
 
-  // Sets every caption that depends on the language, then runs the handlers of those who say more in it.
+  // Sets every caption that depends on the language.
   void apply_captions(Language language);
-  void on_language(Handler handler) { on_language_.push_back(std::move(handler)); }
 
  private:
   std::vector<Window*> windows_;
-  std::vector<Handler> on_language_;
 };
 
 // The mark that shows the notice of a running recording.

@@ -7,8 +7,10 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <tuple>
 
 #include "chart/axes.h"
+#include "chart/number_text.h"
 #include "chart/statistics.h"
 #include "chart/thinning.h"
 
@@ -45,6 +47,12 @@ TEST(Axes, TheYRangeHoldsAllValuesInWholeSteps) {
       {ChartKind::line, {230}, {200, 260}},
       {ChartKind::line, {gap, 5, infinite}, {4.4, 5.6}},
   };
+  // Mean + deviation is 320 + 160; the best fit falls from 480 to 160. Both were outside of 0 to 400.
+  for (const Statistics shown : {Statistics::deviation, Statistics::best_fit}) {
+    Chart lost = chart_of(ChartKind::line, {400, 400, 400, 400, 0});
+    lost.statistics = shown;
+    EXPECT_EQ(y_range(lost), (Range{0, 500}));
+  }
   for (const Case& given : cases) {
     const Range range = y_range(chart_of(given.kind, given.values));
     EXPECT_NEAR(range.low, given.expected.low, 1e-9) << testing::PrintToString(given.values);
@@ -120,22 +128,8 @@ TEST(ChartStatistics, FiguresLeaveGapsOut) {
   EXPECT_NEAR(with_gap.fit_offset, 0, 1e-12);
   EXPECT_NEAR(summarise({1e9 + 1, 1e9 + 2, 1e9 + 3})->deviation, 0.816497, 1e-6);
   EXPECT_EQ(summarise({7})->fit_offset, 7);
+  EXPECT_EQ(summarise(std::vector<double>(100, 1.234))->deviation, 0) << "equal readings do not deviate";
   EXPECT_FALSE(summarise({gap}));
-  EXPECT_EQ(summarise(std::vector<double>(100, 1.234))->deviation, 0) << "the sum has a rounding error";
-}
-
-TEST(ChartStatistics, NumbersHaveFiveDigitsAndNoExponent) {
-  const std::pair<double, const char*> rows[] = {
-      {374474.3, "374474"}, {1e6, "1000000"}, {0.000123456, "0.00012346"}, {-0.0451, "-0.0451"},
-      {-2e-15, "0"},        {120, "120"},     {99999.7, "100000"},         {1e20, "1e+20"}};
-  for (const auto& [value, text] : rows) EXPECT_EQ(short_number(value), text);
-}
-
-// A lost record pulls the mean plus the deviation above every reading: 320 + 160.
-TEST(ChartStatistics, TheirLinesAreWithinTheAxis) {
-  Chart chart = chart_of(ChartKind::line, {400, 400, 400, 400, 0});
-  chart.statistics = Statistics::deviation;
-  EXPECT_EQ(y_range(chart), (Range{0, 500}));
 }
 
 TEST(ChartStatistics, EachOfTheNineChoicesDrawsItsLines) {
@@ -166,7 +160,9 @@ std::string text_of(const std::vector<DrawnPoint>& points) {
 }
 
 TEST(Thinning, EveryColumnKeepsItsExtremes) {
-  EXPECT_EQ(text_of(drawn_points({0, 5, 1, -2, 3, 3, gap, gap}, {0, 8}, 2)), "0:0 1:-2 1:5 5:3 7:gap ");
+  EXPECT_EQ(text_of(drawn_points({0, 5, 1, -2, 3, 3, gap, gap}, {0, 8}, 2)), "0:0 1:-2 1:5 5:3 ");
+  EXPECT_EQ(text_of(drawn_points({1, 2, 3, 4}, {-8, 8}, 1)), "-4:1 -4:4 ")
+      << "its ends stand in columns, too";
   EXPECT_EQ(text_of(drawn_points({4, gap, 6}, {0.5, 1.5}, 100)), "0:4 1:gap 2:6 ");
   EXPECT_EQ(text_of(drawn_points({}, {0, 1}, 100)), "");
   std::vector<double> spike(100000, 0.0);
@@ -177,6 +173,15 @@ TEST(Thinning, EveryColumnKeepsItsExtremes) {
                                         [](const DrawnPoint& a, const DrawnPoint& b) { return a.y < b.y; });
   EXPECT_EQ(highest->y, 7);
   EXPECT_NEAR(highest->x, 54321, 100);
+}
+
+TEST(NumberText, HasNoExponentAndNoRoundingErrors) {
+  const std::tuple<double, double, std::string> rows[] = {
+      {374470.4, 1e6, "374470"}, {-0.000012345, 1, "-0.000012345"}, {1e-17, 0.3, "0"},
+      {9.999996, 10, "10"},      {1.5e10, 2e10, "1.5e+10"},         {-125530.4, 1e6, "-125530"}};
+  for (const auto& [value, largest, text] : rows) EXPECT_EQ(short_number(value, largest), text);
+  EXPECT_EQ(exact_number(1e6) + " " + exact_number(0.1) + " " + exact_number(-0.0) + " " + exact_number(1e-7),
+            "1000000 0.1 0 0.0000001");
 }
 
 TEST(Thinning, ABandIsOneStrokePerColumn) {

@@ -59,7 +59,10 @@ TEST(CommandLine, HelpAndVersionNeedNoDisplayAndMistakesAreToldOnTheErrorChannel
       {"sh -c \"exec haldenctl record --port demo --out ''\"",
        "--out: expected the name of a file, not \"\"\n"},
       {"haldenctl plot a --out a.gif",
-       "--out: expected a file that ends in .png, .svg or .pdf, not \"a.gif\"\n"}};
+       "--out: expected a file that ends in .png, .svg or .pdf, not \"a.gif\"\n"},
+      {"haldenctl spectrum a --out a.png --record 0",
+       "--record: expected a record number from 1 on, not \"0\"\n"},
+      {"haldenctl waveform a --out a.png --clamp 1.3", "--clamp: expected 1.0, 1.2 or 3.0, not \"1.3\"\n"}};
   for (const auto& [command, sentence] : mistakes)
     EXPECT_TRUE(run(command).errors.starts_with(sentence)) << run(command).errors;
   for (const std::string printed : {"halden --help", "haldenctl --help", "halden-meter --version"}) {
@@ -130,11 +133,11 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
   folder.write("day.csv", file.c_str());
   const std::string plot =
       no_display + "-C " + (folder / "") + " QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=2 haldenctl plot day.csv ";
+  const char* const no_statistics = "Records more than 3600, STATIStics function disabled\n";
   const std::tuple<const char*, const char*, const char*> rows[] = {
-      {"--to 3599 --stats Mean --out a.PNG", "\x89PNG", ""},
+      {"--to 3599 --stats Mean --out a.PNG", "\x89PNG", no_statistics},
       {"--from 12:30 --out a.pdf", "%PDF-", ""},
-      {"--stats mean-and-minmax --out a.svg", "<?xml",
-       "Records more than 3600, STATIStics function disabled\n"}};
+      {"--stats mean-and-minmax --out a.svg", "<?xml", no_statistics}};
   for (const auto& [options, begins, told] : rows) {
     const Ended ended = run(plot + options);
     EXPECT_EQ(ended.exit_code, 0) << options;
@@ -143,6 +146,13 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
     EXPECT_TRUE(folder.read(picture.c_str()).starts_with(begins)) << options;
   }
   EXPECT_NE(folder.read("a.svg").find("day.csv · 1P2W · 3600 records"), std::string::npos);
+  std::string spectrum = "HARMO,INPUT=V1,NO.=51 ,OPTION=%\nnames\n";
+  for (int field = 0; field < 60; ++field) spectrum += field == 8 ? " 50 to 100," : "       1.5,";
+  folder.write("h.csv", spectrum.c_str());
+  const Ended drawn =
+      run(no_display + "-C " + (folder / "") + " haldenctl spectrum h.csv --record 1 --out s.svg");
+  EXPECT_EQ(drawn.exit_code, 0) << drawn.errors;
+  EXPECT_NE(folder.read("s.svg").find("record 1 of 1"), std::string::npos);
   folder.write("screen.txt", "2009-05-12 15:30:00\n1\n2009-05-13 15:30:00\n2\n");
   const std::string hardcopy = no_display + "-C " + (folder / "") + " haldenctl hardcopy screen.txt ";
   EXPECT_EQ(run(hardcopy + "--picture 2 --out h.svg").errors,
@@ -151,6 +161,12 @@ TEST(CommandLine, PicturesNeedNoDisplay) {
   const Ended no_picture = run(hardcopy + "--picture 3 --out h.png");
   EXPECT_EQ(no_picture.exit_code, 1);
   EXPECT_EQ(no_picture.errors, "The file has only 2 pictures.\n");
+  folder.write("long.txt", (std::string(400, 'x') + "\n").c_str());
+  const std::string print = no_display + "-C " + (folder / "") + " haldenctl print ";
+  EXPECT_EQ(run(print + "long.txt --out p.pdf").errors, "1 page. Print sent to p.pdf.\n");
+  EXPECT_TRUE(folder.read("p.pdf").starts_with("%PDF"));
+  EXPECT_EQ(run(print + "none.txt --out p.pdf").errors, "File not found\n");
+  EXPECT_TRUE(folder.read("p.pdf").starts_with("%PDF")) << "a file that is not there replaces nothing";
   const Ended no_folder = run(plot + "--out none/a.png");
   EXPECT_EQ(no_folder.exit_code, 1);
   EXPECT_EQ(no_folder.errors, "none/a.png: folder gone.\n");

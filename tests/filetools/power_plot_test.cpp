@@ -5,6 +5,7 @@
 
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/plot_texts.h"
+#include "filetools/power_plot/points_csv.h"
 #include "filetools/power_plot/power_chart.h"
 #include "filetools/power_plot/record_times.h"
 #include "platform/virtual/virtual_files.h"
@@ -27,7 +28,9 @@ std::string record(std::size_t columns, std::size_t column, std::string_view tex
   return line + "\r\n";
 }
 
-std::string lost_record(std::string_view time) { return no_communication_line({2024, 3, 16}, time) + "\r\n"; }
+std::string lost_record(std::string_view time, int day = 15) {
+  return no_communication_line({2024, 3, day}, time) + "\r\n";
+}
 
 // The value of each record is its number.
 std::string numbered_records(std::size_t columns, std::size_t count) {
@@ -57,7 +60,7 @@ struct PowerPlots : testing::Test {
 // The current of a recording that was continued with another wiring, where it stands in another column.
 const std::string mixed_records =
     head_of_3p4w + record(36, 6, "  OL ", "23:59:58") + record(36, 6, "950.0mA", "00:00:00", "03-16-2024") +
-    record(36, 6, "1.250A", "00:00:02", "03-16-2024") + lost_record("00:00:04") +
+    record(36, 6, "1.250A", "00:00:02", "03-16-2024") + lost_record("00:00:04", 16) +
     "1P2W,Hz=60,MD=15,SEC=2,CT=1,VT=1\r\n        DATE,\r\n" +
     record(15, 1, "2.5KA", "00:01:00", "03-16-2024") + record(15, 1, "0.001MA", "00:01:02", "03-16-2024") +
     "03-16-2024,  00:01:0";
@@ -70,7 +73,7 @@ TEST_F(PowerPlots, EveryLineIsARecordAndTheFirstDigitsGiveTheUnit) {
     EXPECT_EQ(plot->prefix, -3);
     EXPECT_EQ(plotted_maxima(*plot, as_zero),
               std::vector<double>({0, 950, 1250, 0, 0, 0, 2500000, 1000000, 0}));
-    EXPECT_EQ(plot->lost_records, 2u) << "two are header lines";
+    EXPECT_EQ(plot->lost_records, 2u) << "the header of the continued recording is not lost";
     EXPECT_EQ(plot->without_reading(), 5u);
     std::string times;
     for (const PlotPoint& point : plot->points) times += point.time + " ";
@@ -82,7 +85,14 @@ TEST_F(PowerPlots, EveryLineIsARecordAndTheFirstDigitsGiveTheUnit) {
   const auto kilo =
       read(head_of_3p4w + record(36, 24, "1.234KW") + record(36, 24, "987.6W"), choice_P_SYS).plot;
   EXPECT_EQ(plotted_maxima(*kilo, as_zero), std::vector<double>({1.234, 0.9876}));
+  const auto huge = read(head_of_3p4w + record(36, 24, "0.0W") + record(36, 24, "1.0MW"), choice_P_SYS).plot;
+  EXPECT_EQ(statistics_line(*huge, as_zero, english).substr(0, 49),
+            "Mean 500000 W · minimum 0 W · maximum 1000000 W");
+  EXPECT_NE(points_csv(*huge, as_zero).find(",1000000,1000000,1,W"), std::string::npos) << "no exponents";
   const auto none = read(head_of_3p4w + record(36, 24, "------") + record(36, 24, ""), choice_P_SYS).plot;
+  PlotLook gaps;
+  gaps.missing = left_out;
+  EXPECT_EQ(power_chart(none, gaps, english).hint, "No record has a reading of P_SYS") << "was blank";
   EXPECT_EQ(none->prefix, 0);
   EXPECT_EQ(none->mean(as_zero), 0.0);
   EXPECT_EQ(none->mean(left_out), std::nullopt);
@@ -111,28 +121,37 @@ TEST_F(PowerPlots, From3600RecordsOnTheyAreGroups) {
     }
 }
 
-// The number of records is guessed from the length of the first: a short one makes the guess too high, a very
-// long one too low.
+// The number of records is guessed from the length of the file: long lines make the guess too high, short
+// ones too low. A lost line in front is no reason to read the file twice.
 TEST_F(PowerPlots, AWrongGuessOfTheNumberOfRecordsIsRepaired) {
-  for (const std::string& before :
-       {lost_record("12:30:44"), std::string(60000, 'x') + "\n", std::string("\n")}) {
-    const auto plot = read(head_of_3p4w + before + numbered_records(36, 7200)).plot;
-    EXPECT_EQ(plot->record_count, 7201u);
-    EXPECT_EQ(plot->record_step, 5u);
-    EXPECT_EQ(plot->points.size(), 1441u);
+  std::string many_lost;
+  for (int line = 0; line < 5000; ++line) many_lost += lost_record("12:30:44");
+  struct Case {
+    std::string before;
+    std::size_t records, step, points, passes;
+  };
+  const Case cases[] = {{lost_record("12:30:44"), 7201, 5, 1441, 1},
+                        {"\n", 7201, 5, 1441, 1},
+                        {"\n" + std::string(1200000, 'x') + "\n", 7202, 5, 1441, 2},
+                        {many_lost, 12200, 7, 1743, 2}};
+  for (const Case& given : cases) {
+    std::uint64_t done_before = 0;
+    std::size_t passes = 1;
+    files.contents["f"] = head_of_3p4w + given.before + numbered_records(36, 7200);
+    const auto count_passes = [&](std::uint64_t done, std::uint64_t) {
+      passes += done <= std::exchange(done_before, done) ? 1U : 0U;
+      return true;
+    };
+    const auto plot = read_power_plot(files, {"f"}, count_passes).plot;
+    EXPECT_EQ(plot->record_count, given.records);
+    EXPECT_EQ(plot->record_step, given.step);
+    EXPECT_EQ(plot->points.size(), given.points);
     EXPECT_EQ(plot->points[0].minimum(as_zero), 0.0);
-    EXPECT_EQ(plot->points[0].minimum(left_out), 1.0);
     EXPECT_EQ(plot->mean(left_out), 3600.5);
+    EXPECT_EQ(passes, given.passes) << given.records;
   }
-}
-
-// Its first line is much shorter than a record, and the file was read twice.
-TEST_F(PowerPlots, ALostFirstRecordIsNoWrongGuess) {
-  files.contents["f"] = head_of_3p4w + lost_record("12:30:44") + numbered_records(36, 7200);
-  std::uint64_t seen = 0;
-  EXPECT_TRUE(read_power_plot(files, {"f"}, [&seen](auto done, auto) {
-                return std::exchange(seen, done) <= done;
-              }).plot);
+  EXPECT_EQ(point_text(*read_power_plot(files, {"f"}).plot, 0, left_out, english),
+            "03-15-2024 12:30:44, records 1 to 7: no reading");
 }
 
 TEST_F(PowerPlots, APartIsPlottedRecordByRecordUpTo3600) {
@@ -211,6 +230,19 @@ TEST(PlotRange, AnswersGiveARangeOrWhatTheUserIsTold) {
             "Starting record 2, ending record 4000, total records 4000 > 3600");
 }
 
+// 1800 points of two records: what is seen of them is read again with fewer records to a point.
+TEST(PlotRange, AViewIsReadAgainWhereItGetsFinerOrReachesBeyond) {
+  using Wanted = std::optional<WantedRecords>;
+  const PlottedRecords whole{3600, {1, 3600}, 2};
+  EXPECT_EQ(records_of_view(whole, 10, 19), (Wanted{{21, 40}}));
+  EXPECT_EQ(records_of_view(whole, 0, 1799), Wanted{}) << "is shown already";
+  const PlottedRecords part{3600, {21, 40}, 1};
+  EXPECT_EQ(records_of_view(part, 5, 9), Wanted{}) << "each record is a point";
+  EXPECT_EQ(records_of_view(part, -5, 30), (Wanted{{16, 51}}));
+  EXPECT_EQ(records_of_view(part, -99, 9999), Wanted{WantedRecords{}})
+      << "the whole file, also when it grows";
+}
+
 TEST_F(PowerPlots, ATimeLeadsToItsRecord) {
   files.contents["f"] = mixed_records;
   const std::tuple<const char*, std::optional<std::size_t>, std::optional<std::size_t>> rows[] = {
@@ -219,7 +251,7 @@ TEST_F(PowerPlots, ATimeLeadsToItsRecord) {
       {"23:59:59", 2, 1},  // between the first and the second record
       {"00:00:02", 1, 0},  // of the first record's day
       {"03-16-2024 00:00:01", 3, 2},
-      {"03-16-2024 00:00:03", 4, 3},  // a line of the silent meter
+      {"2024-03-16T00:00:03", 4, 3},  // an outage has times too
       {"2024-03-16T00:00:30", 7, 4},
       {"2024-03-16 00:02", 10, 8}};
   for (const auto& [text, first, last] : rows) {
@@ -237,7 +269,8 @@ TEST_F(PowerPlots, ATimeLeadsToItsRecord) {
 TEST_F(PowerPlots, TheLinesBesideTheChartSayWhatIsPlotted) {
   const auto plot = read(mixed_records, choice_I1).plot;
   EXPECT_EQ(plot_line(*plot, english),
-            "day.csv · 3P4W · CT 1 · VT 1 · 9 records · 2 lost · 03-15-2024 23:59:58 to 03-16-2024 00:01:02");
+            "day.csv · 3P4W · CT 1 · VT 1 · 9 records · 2 lost · 2 header lines · 03-15-2024 23:59:58 to "
+            "03-16-2024 00:01:02");
   EXPECT_EQ(missing_readings_line(*plot, as_zero, english), "5 records without a reading are drawn as 0");
   EXPECT_EQ(missing_readings_line(*plot, left_out, chinese), "5 筆無讀值的紀錄未繪出");
   const auto part = read(mixed_records, choice_I1, {2, 4}).plot;
@@ -257,21 +290,6 @@ TEST_F(PowerPlots, TheLinesBesideTheChartSayWhatIsPlotted) {
   EXPECT_EQ(point_text(*part, 2, as_zero, english), "03-16-2024 00:00:04, record 4: no reading");
 }
 
-// A power that began with 0.000W was told as 1e+06 W.
-TEST_F(PowerPlots, NumbersHaveNoExponents) {
-  const auto plot =
-      read(head_of_3p4w + record(36, 24, "0.000W") + record(36, 24, "1.000MW") + record(36, 24, "0.020MW"),
-           choice_P_SYS)
-          .plot;
-  EXPECT_TRUE(statistics_line(*plot, as_zero, english)
-                  .starts_with("Mean 340000 W · minimum 0 W · maximum 1000000 W · s"));
-  EXPECT_EQ(point_text(*plot, 1, as_zero, english), "03-15-2024 12:30:44, record 2: 1000000 W");
-  const auto none = read(head_of_3p4w + record(36, 32, "------") + record(36, 32, "OL"), 32).plot;
-  PlotLook look;
-  look.missing = left_out;
-  EXPECT_EQ(power_chart(none, look, english).hint, "No record has a reading of W(AD).");
-}
-
 TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   const auto part = read(mixed_records, choice_I1, {2, 4}).plot;
   PlotLook look;
@@ -279,6 +297,9 @@ TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   Chart chart = power_chart(part, look, english);
   EXPECT_EQ(plot_y_title(*part), "I1 (mA)");
   EXPECT_EQ(label_at(chart, 2), "00:00:04");
+  const auto over_midnight = read(mixed_records, choice_I1).plot;
+  EXPECT_EQ(label_at(power_chart(over_midnight, look, english), 1), "00:00:00\n03-16-2024");
+  EXPECT_EQ(label_at(power_chart(over_midnight, look, english), 4), "#5") << "without a time";
   EXPECT_EQ(chart.sets[0].phase, 0u);
   EXPECT_EQ(chart.statistics, Statistics::mean);
   EXPECT_EQ(*chart.flags.points, std::vector<std::size_t>({2}));
@@ -294,7 +315,7 @@ TEST_F(PowerPlots, TheChartHasLabelsByTimeOrNumberAndGapsOnRequest) {
   EXPECT_EQ(label_at(chart, 0) + " " + label_at(chart, 1200), "3 3601");
   EXPECT_EQ((*chart.sets[1].points)[0], 1.0);
   EXPECT_EQ(readout_at(chart, 0),
-            "03-16-2024 12:30:42, records 1 to 3: maximum 2 V, minimum 1 V (1 without a reading)");
+            "03-15-2024 12:30:42, records 1 to 3: maximum 2 V, minimum 1 V (1 without a reading)");
   EXPECT_EQ(statistics_line(*long_plot, left_out, english), "Mean 1800.5 V · minimum 1 V · maximum 3600 V");
 }
 

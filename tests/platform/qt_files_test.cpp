@@ -107,6 +107,29 @@ TEST_F(QtFilesTest, AFullDiskLeavesTheFileAsItWas) {
   EXPECT_EQ(content(path("data.csv")), old + "c");
 }
 
+TEST_F(QtFilesTest, AFileInPiecesAppearsOnlyWhenItIsWhole) {
+  ASSERT_EQ(files_.append(path("電力.csv"), "earlier"), FileFailure::none);
+  for (const bool finished : {false, true}) {
+    const CreatedFile created = files_.create(path("電力.csv"));
+    ASSERT_TRUE(created.writer);
+    for (const char* piece : {"one ", "two"}) EXPECT_EQ(created.writer->write(piece), FileFailure::none);
+    EXPECT_EQ(content(path("電力.csv.part")), "one two");
+    EXPECT_EQ(content(path("電力.csv")), "earlier");
+    EXPECT_TRUE(!finished || created.writer->finish() == FileFailure::none);
+  }
+  EXPECT_EQ(content(path("電力.csv")), "one two");
+  EXPECT_NE(on_small_disk([&] {
+              const CreatedFile created = files_.create(path("small.csv"));
+              return created.writer->write(std::string(2000, 'b'));
+            }),
+            FileFailure::none);
+  EXPECT_EQ(files_in_folder(), 1);
+  EXPECT_EQ(files_.create(path("no/file")).failure, FileFailure::not_found);
+  QDir(folder_.path()).mkdir(QStringLiteral("folder"));
+  for (const std::string& name : {path("folder"), std::string("/dev/full")})
+    EXPECT_EQ(files_.create(name).failure, FileFailure::not_a_file) << name;
+}
+
 // A device, a pipe without a reader: a write would wait, or leave the line to the meter disturbed.
 TEST_F(QtFilesTest, WritesFailWithTheirCauseAndOnlyIntoFiles) {
   const std::pair<int, FileFailure> rows[] = {

@@ -54,6 +54,9 @@ TEST_F(HardcopyTest, AFileThatCannotBeOpenedLeavesAnEmptySheet) {
   open();
   press("HC_command");
   EXPECT_EQ(world.dialogs.message_texts(), std::vector<std::string>{}) << "no file was chosen yet";
+  click("sel_language_1");
+  EXPECT_EQ(hint(), "尚未開啟檔案，請按 File 選擇。");
+  click("sel_language_0");
   world.files.contents["d/c.txt"] = "date\r\n255";
   choose("d/c.txt");
   choose("d/missing.txt");

@@ -15,7 +15,7 @@ TEST_F(StartUp, WithoutAConfiguredPortTheWindowIsShownAndQueriesFailUntilOneIsCh
   EXPECT_EQ(text("Label1_5"), "11/22/2026");
   EXPECT_EQ(text("comm_port"), "COM");
   EXPECT_EQ(text("status_link"), "no port");
-  for (const char* without_a_window : {"ViewFile", "OpenPlotFile"}) click(without_a_window);
+  click("OpenPlotFile");
   EXPECT_EQ(now_s(), 0) << "nothing to wait for";
   world.dialogs.messages.clear();
   click("sel_language_1");

@@ -35,7 +35,10 @@ TEST(Captions, ChineseIsShownAndEnglishIsDesigned) {
       "chart_save=儲存圖片|zmenu=檔案|FileName=建立檔案名稱|FileStart=開始記錄|"
       "auto_record=自動|manual_record=手動|FileStop=停止記錄|ViewFile=瀏灠檔案|"
       "OpenPlotFile=電力記錄畫圖|show_plot_harmonics=諧波記錄畫圖|show_plot_waveform=波形記錄畫圖|"
-      "show_plot_hardcopy=視窗記錄畫圖|view_harmonics=諧波|show_wave=波形|loggerPWR=記錄器|"
+      "show_plot_hardcopy=視窗記錄畫圖|export_numbers=匯出為數值...|recent_files=最近開啟的檔案|recent_power="
+      "電力記錄|"
+      "recent_harmonics=諧波記錄|recent_waveform=波形記錄|recent_hardcopy=視窗記錄|recent_text=瀏覽檔案|"
+      "view_harmonics=諧波|show_wave=波形|loggerPWR=記錄器|"
       "Option_Menu=選項|");
   window.apply_captions(Language::english);
   EXPECT_EQ(changed_texts(window, designed), "");

@@ -138,6 +138,46 @@ TEST_F(ChartViewTest, DraggingMovesAndAClickChooses) {
   EXPECT_EQ(chosen.size(), 1U) << "the end of a drag is no click";
 }
 
+// A scale chosen after Ctrl and the wheel had no effect, and a new title threw the zoom away.
+TEST_F(ChartViewTest, ZoomLastsAsLongAsSubjectPartAndLimits) {
+  Chart chart = chart_of(ChartKind::line, {0, 100, 0, 100, 0, 100, 0, 100, 0, 100});
+  chart.subject = 1;
+  show(chart);
+  const ChartPart whole = view.shown();
+  wheel(view.to_pixels(5, 50), 2, Qt::ControlModifier);
+  wheel(view.to_pixels(5, 50), 2);
+  const ChartPart part = view.shown();
+  chart.x_title = "Site 3";
+  show(chart);
+  EXPECT_EQ(view.shown(), part);
+  chart.part = "finer";
+  show(chart);
+  EXPECT_EQ(view.shown(), (ChartPart{whole.x, part.y}));
+  chart.y_low = -500;
+  show(chart);
+  EXPECT_EQ(view.shown(), (ChartPart{whole.x, {-500, 100}}));
+}
+
+TEST_F(ChartViewTest, DraggingSelectsWhereItIsSetSo) {
+  Chart chart = chart_of(ChartKind::line, std::vector<double>(101, 5));
+  chart.points_before = 100;
+  view.set_drag(ChartView::Drag::selects);
+  std::pair<int, int> seen;
+  QObject::connect(&view, &ChartView::view_settled, [&](int first, int last) { seen = {first, last}; });
+  show(chart);
+  EXPECT_EQ(view.shown().x, (Range{0, 100})) << "the points, not what lies before them";
+  for (const double to : {20.0, 40.01}) {  // the second is dragged back to its start
+    mouse(QEvent::MouseButtonPress, view.to_pixels(40, 5), Qt::LeftButton);
+    for (const double x : {60.0, to}) mouse(QEvent::MouseMove, view.to_pixels(x, 5), Qt::LeftButton);
+    mouse(QEvent::MouseButtonRelease, view.to_pixels(to, 5));
+    EXPECT_NEAR(view.shown().x.low, 20, 0.1);
+    EXPECT_NEAR(view.shown().x.high, 40, 0.1);
+  }
+  mouse(QEvent::MouseButtonDblClick, view.to_pixels(30, 5));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(seen, std::pair(-100, 100));
+}
+
 TEST_F(ChartViewTest, TheCursorFollowsMouseAndKeys) {
   Chart chart = spectrum(14);
   chart.description = "V1, fundamental 230.1 V";
@@ -192,9 +232,19 @@ TEST_F(ChartViewTest, AFlagStandsAboveItsPointAlsoOnTheAxis) {
   EXPECT_GE(flagged_rows(1).count, 6);
   EXPECT_NEAR(flagged_rows(1).last, view.to_pixels(1, 0).y(), 3);
   EXPECT_EQ(flagged_rows(0).count + flagged_rows(2).count + flagged_rows(3).count, 0);
+  chart.y_low = 4;
+  show(chart);
+  EXPECT_GE(flagged_rows(1).count, 6) << "the mark of a point below the axis vanished";
   chart.flags = {};
   show(chart);
   EXPECT_EQ(flagged_rows(1).count, 0);
+}
+
+TEST_F(ChartViewTest, AReadingBetweenTwoGapsIsADisc) {
+  std::vector<double> many(4000, std::nan(""));
+  many[2000] = 7;
+  show(chart_of(ChartKind::line, std::move(many)));
+  EXPECT_GE(rows_in(picture(), colours.phase[0], view.to_pixels(2000, 7).x()).count, 3);
 }
 
 // Columns without their vertical line were left out here and there where Qt's and our rounding disagreed.

@@ -149,8 +149,8 @@ TEST_F(MeterRecTest, MenusShowTheirEntries) {
   };
   EXPECT_EQ(entries(*form.menuBar()), "File Harmonics Waveform Datalogger Option &Help ");
   EXPECT_EQ(entries(*menu("zmenu")),
-            "&Create Data File (&Start Recording) (&End Recording) (&View File) &Plot Power Data "
-            "(Plot &Harmonics) (Plot &Waveform) Plot &Hardcopy (&Recent Files) E&xit ");
+            "&Create Data File (&Start Recording) (&End Recording) &View File &Plot Power Data "
+            "Plot &Harmonics Plot &Waveform Plot &Hardcopy Export as &Numbers... (&Recent Files) E&xit ");
   EXPECT_EQ(entries(*menu("Option_Menu")), "&Sample Rate COM 12 Baud Rate (9600) Language ");
   EXPECT_EQ(menu("comm_port")->actions().back()->toolTip(), QStringLiteral("/dev/rfcomm3"));
   EXPECT_TRUE(menu("comm_port")->toolTipsVisible());

@@ -190,7 +190,9 @@ TEST_F(QtDialogsTest, TheWaitCursorShowsLongWaitsOnlyAndNeverABox) {
 
 class QtPrinterTest : public testing::Test {
  protected:
-  QtPrinterTest() { printer_.set_output_pdf(pdf_); }
+  QtPrinterTest() { print_into(pdf_); }
+
+  void print_into(const QString& pdf) { printer_.set_target({.printer = "", .pdf_path = pdf.toStdString()}); }
 
   void expect_printed(int pages, int images) {
     EXPECT_EQ(printer_.finish(), PrintFailure::none);
@@ -215,9 +217,12 @@ TEST_F(QtPrinterTest, PrintsLinesAndWindowsOnPages) {
   printer_.set_orientation(Orientation::landscape);
   printer_.set_font({"Courier New", 10.0, true});
   printer_.print_line(600, 600, "V12 電壓 230.1");
-  printer_.new_page();
   printer_.print_window("MeterRec");
-  expect_printed(2, 1);
+  EXPECT_EQ(printer_.finish(), PrintFailure::busy) << "a document of lines is not done yet";
+  printer_.new_page();
+  expect_printed(2, 0);
+  printer_.print_window("MeterRec");
+  expect_printed(1, 1);
   EXPECT_EQ(printer_.destination(), pdf_.toStdString());
   for (const char* name : {"Empty", "no such window"}) {
     printer_.print_window(name);
@@ -236,11 +241,11 @@ TEST_F(QtPrinterTest, MeasuresInUnitsOf1440ToTheInch) {
 }
 
 TEST_F(QtPrinterTest, AfterAFailureAndAfterACancelledDocumentTheNextOneIsPrinted) {
-  printer_.set_output_pdf(folder_.filePath(QStringLiteral("no/such/folder.pdf")));
+  print_into(folder_.filePath(QStringLiteral("no/such/folder.pdf")));
   printer_.print_line(0, 0, "lost");
   EXPECT_FALSE(printer_.new_page());
   EXPECT_EQ(printer_.finish(), PrintFailure::failed);
-  printer_.set_output_pdf(pdf_);
+  print_into(pdf_);
   EXPECT_TRUE(printer_.new_page());
   printer_.discard();
   EXPECT_FALSE(QFile::exists(pdf_));
@@ -256,7 +261,7 @@ TEST_F(QtPrinterTest, AnotherFontOfFixedPitchTakesThePlaceOfAMissingOne) {
 
 TEST_F(QtPrinterTest, WithoutAPrinterASentenceSaysSo) {
   if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this computer has a printer";
-  printer_.set_output_pdf({});
+  print_into({});
   printer_.print_line(600, 600, "line");
   EXPECT_GT(printer_.page_size().width, 0);
   EXPECT_EQ(printer_.finish(), PrintFailure::no_printer);

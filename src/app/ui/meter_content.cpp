@@ -153,7 +153,6 @@ void MeterContent::build_chart(const DesignedControl& designed) {
   build_backdrop(designed);
   auto* const chart = new ChartView(form_.theme(), this);
   chart->setObjectName(to_qt(designed.name));
-  chart->print_as_shown(form_);
   mirror_.tie(designed.name, [chart](const Control& now) {
     chart->setVisible(now.visible);
     chart->set_chart(now.chart);

@@ -21,6 +21,8 @@ constexpr int between_labels = 14;
 constexpr int y_step_height = 56;
 constexpr int cursor_distance = 14;
 
+constexpr float selection_opacity = 0.2F;
+
 QFont small_text() { return with_pixel_size(text_font(), text_size); }
 
 Theme black_and_white() {
@@ -36,6 +38,14 @@ QString elided(const QString& text, const QFont& font, int width) {
   return QFontMetrics(font).elidedText(text, Qt::ElideRight, width);
 }
 
+// Of the widest of its lines.
+int label_width(const QString& label) {
+  int width = 0;
+  for (const QString& line : label.split(QLatin1Char('\n')))
+    width = std::max(width, width_of(small_text(), line));
+  return width;
+}
+
 }  // namespace
 
 ChartPlot::ChartPlot(const Theme& theme, QWidget* parent)
@@ -47,6 +57,7 @@ ChartPlot::ChartPlot(const Theme& theme, QWidget* parent)
       hint_(new QCPItemText(this)),
       cursor_line_(new QCPItemStraightLine(this)),
       readout_(new QCPItemText(this)),
+      selection_(new QCPItemRect(this)),
       x_ticks_(new QCPAxisTickerText),
       y_ticks_(new QCPAxisTickerText),
       sets_(*this) {
@@ -81,7 +92,8 @@ void ChartPlot::build_layout() {
 
 void ChartPlot::build_cursor() {
   for (QCPAbstractItem* item :
-       {static_cast<QCPAbstractItem*>(cursor_line_), static_cast<QCPAbstractItem*>(readout_)})
+       {static_cast<QCPAbstractItem*>(selection_), static_cast<QCPAbstractItem*>(cursor_line_),
+        static_cast<QCPAbstractItem*>(readout_)})
     item->setLayer(QStringLiteral("overlay"));
   readout_->setClipToAxisRect(false);
   readout_->setPadding(QMargins(8, 5, 8, 5));
@@ -93,6 +105,7 @@ void ChartPlot::build_cursor() {
   hint_->position->setCoords(0.5, 0.5);
   cursor_line_->setVisible(false);
   readout_->setVisible(false);
+  selection_->setVisible(false);
 }
 
 void ChartPlot::set_chart(const Chart& chart) {
@@ -126,6 +139,10 @@ void ChartPlot::apply_theme() {
   readout_->setColor(theme_.panel);
   readout_->setBrush(theme_.text);
   readout_->setPen(Qt::NoPen);
+  QColor selected = theme_.accent;
+  selection_->setPen(QPen(selected, 1));
+  selected.setAlphaF(selection_opacity);
+  selection_->setBrush(selected);
 }
 
 // The line at zero remains without a grid too: bars and curves below it would float otherwise.
@@ -151,7 +168,7 @@ void ChartPlot::show_part(const ChartPart& part, QSize size) {
   place_x_ticks(size.width());
   place_y_ticks(size.height());
   updateLayout();  // the pixels of the X axis are known only then
-  sets_.fill(part.x, axisRect()->width());
+  sets_.fill(part, axisRect()->size());
 }
 
 // The widest label decides how many have room, and how much is left beside the last one.
@@ -161,7 +178,7 @@ void ChartPlot::place_x_ticks(int width) {
   const std::size_t every = std::max<std::size_t>(chart_.label_every, 1);
   int widest = 1;
   for (const std::size_t index : {std::size_t{0}, count / 2, count > 0 ? count - 1 : 0})
-    widest = std::max(widest, width_of(small_text(), to_qt(label_at(chart_, index - index % every))));
+    widest = std::max(widest, label_width(to_qt(label_at(chart_, index - index % every))));
   const double room = width - left_margin - right_margin;
   const std::size_t step = label_step(every, part_.x.span(), room / (widest + between_labels));
   axisRect()->setMinimumMargins(QMargins(left_margin, top_margin, std::max(right_margin, widest / 2 + 2), 0));
@@ -220,6 +237,14 @@ void ChartPlot::show_cursor(std::optional<std::size_t> point) {
   const double left = left_of_readout(says, xAxis->coordToPixel(x));
   readout_->position->setCoords(left, axisRect()->top() + cursor_distance);
   readout_->setText(says);
+  layer(QStringLiteral("overlay"))->replot();
+}
+
+void ChartPlot::show_selection(const std::optional<Range>& x) {
+  selection_->setVisible(x.has_value());
+  const Range shown = x.value_or(Range{});
+  selection_->topLeft->setCoords(shown.low, part_.y.high);
+  selection_->bottomRight->setCoords(shown.high, part_.y.low);
   layer(QStringLiteral("overlay"))->replot();
 }
 

@@ -29,6 +29,9 @@ class ChartPlot : public QCustomPlot {
   // drawn in its present size.
   void show_cursor(std::optional<std::size_t> point);
 
+  // The range over which the user drags.
+  void show_selection(const std::optional<Range>& x);
+
  private:
   void build_layout();
   void build_cursor();
@@ -50,6 +53,7 @@ class ChartPlot : public QCustomPlot {
   QCPItemText* hint_;
   QCPItemStraightLine* cursor_line_;
   QCPItemText* readout_;
+  QCPItemRect* selection_;
   QSharedPointer<QCPAxisTickerText> x_ticks_;
   QSharedPointer<QCPAxisTickerText> y_ticks_;
   ChartSets sets_;

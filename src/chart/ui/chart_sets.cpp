@@ -18,7 +18,7 @@ constexpr double band_part = 0.15;
 
 // In pixels.
 constexpr int disc = 5;
-constexpr int flag_width = 8;
+constexpr int flag_width = 8;  // and height
 
 // In pixels: drawn, not drawn, and so on. Flat ends, because square ones would close the gaps on paper.
 QPen pen_of(StatisticKind kind, const QColor& colour) {
@@ -72,6 +72,13 @@ QCPGraph* make_line(QCustomPlot& plot) {
   return line;
 }
 
+QCPGraph* make_discs(QCustomPlot& plot, const QColor& colour) {
+  QCPGraph* const discs = make_line(plot);
+  discs->setLineStyle(QCPGraph::lsNone);
+  discs->setScatterStyle({QCPScatterStyle::ssDisc, colour, disc});
+  return discs;
+}
+
 // Its tip points down to the place: a sign in the middle of it would be cut off at the lower end of the axis.
 QCPScatterStyle flag_style(const QColor& colour) {
   QPainterPath triangle;
@@ -107,10 +114,12 @@ void ChartSets::add_set(const Chart& chart, std::size_t index, const Theme& them
   const DataSet& shown = chart.sets[index];
   const auto count = static_cast<double>(chart.sets.size());
   Drawn set{shown.points, colour_of(shown, index, theme)};
-  if (chart.kind == ChartKind::bars)
+  if (chart.kind == ChartKind::bars) {
     add_bars(set, (static_cast<double>(index) - (count - 1) / 2) / count, theme);
-  else
+  } else {
     set.line = make_line(plot_);
+    set.discs = make_discs(plot_, set.colour);
+  }
   sets_.push_back(set);
   if (chart.sets.size() < 2) return;
   set.bars != nullptr ? add_to_legend(*set.bars, shown.name) : add_to_legend(*set.line, shown.name);
@@ -151,9 +160,11 @@ void ChartSets::add_statistics(const Chart& chart, const QColor& colour) {
   }
 }
 
-void ChartSets::fill(const Range& x, int width) {
+void ChartSets::fill(const ChartPart& part, QSize size) {
+  const Range& x = part.x;
+  const int width = size.width();
   for (const Drawn& set : sets_) set.bars != nullptr ? fill_bars(set, x, width) : fill_line(set, x, width);
-  if (flags_ != nullptr) fill_flags(x, width);
+  if (flags_ != nullptr) fill_flags(part, size);
   if (band_ == nullptr || sets_.size() < 2) return;
   const auto points = band_points(*sets_[0].points, *sets_[1].points, x, columns_of(width));
   band_->data()->set(to_graph(points), true);
@@ -170,19 +181,22 @@ void ChartSets::fill_line(const Drawn& set, const Range& x, int width) {
   const bool dense = points.size() > static_cast<std::size_t>(std::max(width, 0));
   set.line->setPen(QPen(set.colour, dense ? 0 : 1));
   set.line->setAntialiased(!dense);
-  if (points.size() == 1)  // a line of one point would be invisible
-    set.line->setScatterStyle({QCPScatterStyle::ssDisc, set.colour, disc});
+  set.discs->data()->set(to_graph(lone_points(points)), true);
 }
 
-// A flag that would cover the one before it is left out.
-void ChartSets::fill_flags(const Range& x, int width) {
+// A flag that would cover the one before it is left out. One whose point is above or below the part shown
+// stands at its edge.
+void ChartSets::fill_flags(const ChartPart& part, QSize size) {
+  const Range& x = part.x;
   const std::vector<double>& values = *sets_.back().points;
-  const double distance = flag_width * x.span() / std::max(width, 1);
+  const double distance = flag_width * x.span() / std::max(size.width(), 1);
+  const double height = std::min(flag_width * part.y.span() / std::max(size.height(), 1), part.y.span());
   QVector<QCPGraphData> data;
   for (const std::size_t point : *flagged_) {
     const auto place = static_cast<double>(point);
     if (point >= values.size() || is_gap(values[point]) || place < x.low || place > x.high) continue;
-    if (data.isEmpty() || place - data.back().key >= distance) data.append({place, values[point]});
+    if (data.isEmpty() || place - data.back().key >= distance)
+      data.append({place, std::clamp(values[point], part.y.low, part.y.high - height)});
   }
   flags_->data()->set(data, true);
 }

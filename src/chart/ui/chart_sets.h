@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QSize>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -23,8 +24,8 @@ class ChartSets {
   // two, and the figures of the statistics. In black and white the theme has no colours.
   void set_chart(const Chart& chart, const Theme& theme);
 
-  // The points within the range, which is as wide as so many pixels.
-  void fill(const Range& x, int width);
+  // The points within the part, which is as large as so many pixels.
+  void fill(const ChartPart& part, QSize size);
 
  private:
   // A graph, or bars of which one may be marked.
@@ -32,6 +33,7 @@ class ChartSets {
     Points points;
     QColor colour;
     QCPGraph* line = nullptr;
+    QCPGraph* discs = nullptr;  // single points, to which no line leads
     QCPBars* bars = nullptr;
     QCPBars* marked_bar = nullptr;
     double offset = 0;  // of its bars, in points
@@ -43,7 +45,7 @@ class ChartSets {
   void add_flags(const PointFlags& flags, const QColor& colour);
   void add_statistics(const Chart& chart, const QColor& colour);
   void fill_line(const Drawn& set, const Range& x, int width);
-  void fill_flags(const Range& x, int width);
+  void fill_flags(const ChartPart& part, QSize size);
   void fill_bars(const Drawn& set, const Range& x, int width);
   std::size_t columns_of(int width) const;
 

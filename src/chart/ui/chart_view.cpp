@@ -24,11 +24,19 @@ constexpr QSize smallest_view(200, 140);
 constexpr double wheel_step = 120;
 constexpr double zoom_of_a_step = 0.8;
 
+// In points: a view that rounding has made slightly wider shows no further point.
+constexpr double place_rounding = 1e-6;
+
 // No closer than this: a few points, and a small part of the whole height.
 constexpr double fewest_points = 4;
 constexpr double smallest_height = 1e-4;
 
+// Longer than it takes from one step of the wheel to the next.
+constexpr int settled_after_ms = 250;
+
 constexpr double picture_scale = 2;
+
+bool same_limits(const Chart& a, const Chart& b) { return a.y_low == b.y_low && a.y_high == b.y_high; }
 
 }  // namespace
 
@@ -39,31 +47,29 @@ ChartView::ChartView(const Theme& theme, QWidget* parent)
   setMinimumSize(smallest_view);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
+  settling_.setSingleShot(true);
+  connect(&settling_, &QTimer::timeout, this, [this] {
+    Q_EMIT view_settled(static_cast<int>(std::floor(shown_.x.low + place_rounding)),
+                        static_cast<int>(std::ceil(shown_.x.high - place_rounding)));
+  });
   set_chart(nullptr);
 }
 
 void ChartView::set_chart(std::shared_ptr<const Chart> chart) {
   if (!chart) chart = std::make_shared<const Chart>();
-  if (!chart_ || !same_subject(*chart_, *chart)) {
+  if (chart == chart_) return;
+  if (!chart_ || !same_points(*chart_, *chart)) {
     zoomed_x_.reset();
-    zoomed_y_.reset();
     cursor_.reset();
+    settling_.stop();
   }
-  if (chart_ && (chart_->y_low != chart->y_low || chart_->y_high != chart->y_high)) zoomed_y_.reset();
+  if (!chart_ || !same_subject(*chart_, *chart) || !same_limits(*chart_, *chart)) zoomed_y_.reset();
   chart_ = std::move(chart);
-  whole_ = whole_of(*chart_);
+  whole_ = {x_reach(*chart_), y_range(*chart_)};
+  if (!zoomed_x_ && x_range(*chart_) != whole_.x) zoomed_x_ = x_range(*chart_);
   setAccessibleName(to_qt(chart_->title.empty() ? chart_->y_title : chart_->title));
   plot_->set_chart(*chart_);
   draw();
-}
-
-void ChartView::print_as_shown(FormWindow& form) {
-  connect(&form, &FormWindow::paper_made, this, [this](FormWindow& paper) {
-    auto* const printed = paper.findChild<ChartView*>(objectName());
-    printed->zoomed_x_ = zoomed_x_;
-    printed->zoomed_y_ = zoomed_y_;
-    printed->draw();
-  });
 }
 
 QRect ChartView::plot_area() const {
@@ -117,11 +123,26 @@ QImage ChartView::paper_image() const {
   return chart_image(*chart_, shown_, plot_area().size(), picture_scale);
 }
 
-void ChartView::zoom_x(double factor, double about) {
-  zoomed_x_ = zoomed(shown_.x, whole_.x, factor, about, fewest_points);
-  if (*zoomed_x_ == whole_.x) zoomed_x_.reset();
+void ChartView::show_as(const QWidget& on_screen) {
+  const auto* const other = qobject_cast<const ChartView*>(&on_screen);
+  if (other == nullptr) return;
+  zoomed_x_ = other->zoomed_x_;
+  zoomed_y_ = other->zoomed_y_;
   draw();
 }
+
+void ChartView::zoom_x(double factor, double about) {
+  show_x(zoomed(shown_.x, whole_.x, factor, about, fewest_points));
+  settle(settled_after_ms);
+}
+
+void ChartView::show_x(const Range& x) {
+  zoomed_x_ = x;
+  if (x == whole_.x) zoomed_x_.reset();
+  draw();
+}
+
+void ChartView::settle(int after_ms) { settling_.start(after_ms); }
 
 // The whole height stays automatic, so that the next frame may have another.
 void ChartView::zoom_y(double factor, double about) {
@@ -157,6 +178,7 @@ void ChartView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   dragged_from_ = event->position();
   dragging_ = false;
+  selecting_ = drag_ == Drag::selects && !event->modifiers().testFlag(Qt::ShiftModifier);
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent* event) {
@@ -169,22 +191,44 @@ void ChartView::mouseMoveEvent(QMouseEvent* event) {
 
 void ChartView::drag_to(const QPointF& position) {
   dragging_ = true;
+  if (selecting_) return plot_->show_selection(selected_to(position));
   const QPointF by = to_chart(dragged_from_) - to_chart(position);
   dragged_from_ = position;
   if (zoomed_x_) zoomed_x_ = moved(shown_.x, whole_.x, by.x());
   if (zoomed_y_) zoomed_y_ = moved(shown_.y, whole_.y, by.y());
   draw();
+  settle(settled_after_ms);
+}
+
+// Within what is shown.
+Range ChartView::selected_to(const QPointF& position) const {
+  const auto [low, high] = std::minmax({to_chart(dragged_from_).x(), to_chart(position).x()});
+  return {std::clamp(low, shown_.x.low, shown_.x.high), std::clamp(high, shown_.x.low, shown_.x.high)};
+}
+
+// One that has been dragged back to its start is given up.
+void ChartView::end_selection(const QPointF& position) {
+  plot_->show_selection(std::nullopt);
+  const Range selected = selected_to(position);
+  if (std::abs(position.x() - dragged_from_.x()) < QApplication::startDragDistance()) return;
+  const double more = std::max(0.0, fewest_points - selected.span()) / 2;
+  show_x(moved({selected.low - more, selected.high + more}, whole_.x, 0));
+  settle(0);
 }
 
 void ChartView::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || std::exchange(dragging_, false)) return;
+  if (event->button() != Qt::LeftButton) return;
+  if (std::exchange(dragging_, false)) {
+    if (std::exchange(selecting_, false)) end_selection(event->position());
+    return;
+  }
   if (const auto point = point_at(event->position())) Q_EMIT point_chosen(*point);
 }
 
 void ChartView::mouseDoubleClickEvent(QMouseEvent*) {
-  zoomed_x_.reset();
   zoomed_y_.reset();
-  draw();
+  show_x(whole_.x);
+  settle(0);
 }
 
 void ChartView::leaveEvent(QEvent*) { set_cursor(std::nullopt); }
@@ -196,10 +240,11 @@ void ChartView::move_cursor(double points) {
   if (!point) return;
   cursor_ = point;
   const double x = static_cast<double>(*point);
-  const double room = -whole_.x.low;  // half of a bar
+  const double room = -x_range(*chart_).low;  // half of a bar
   const double by = std::min(x - room - shown_.x.low, 0.0) + std::max(x + room - shown_.x.high, 0.0);
   if (zoomed_x_) zoomed_x_ = moved(shown_.x, whole_.x, by);
   draw();
+  if (by != 0) settle(settled_after_ms);
   Q_EMIT point_chosen(*point);
 }
 
@@ -231,6 +276,16 @@ void ChartView::focusInEvent(QFocusEvent* event) {
 void ChartView::focusOutEvent(QFocusEvent* event) {
   QWidget::focusOutEvent(event);
   update();
+}
+
+ChartView* tied_chart(std::string_view control, FormWindow& form) {
+  auto* const chart = new ChartView(form.theme(), &form);
+  chart->setObjectName(to_qt(control));
+  form.mirror().tie(std::string(control), [chart](const Control& now) {
+    chart->set_chart(now.chart);
+    if (chart->accessibleName().isEmpty()) chart->setAccessibleName(to_qt(now.accessible_name));
+  });
+  return chart;
 }
 
 }  // namespace halden

@@ -1,17 +1,20 @@
-// A chart on the screen. The wheel zooms (over the Y axis, or with Ctrl, in its direction), dragging moves, a
-// double click shows the whole again; the cursor says what stands at the point under the mouse. With the
-// keyboard: arrows, Home and End move the cursor, + and - zoom about it. A new chart of the same subject,
-// like the next frame of a live view, keeps zoom and cursor.
+// A chart on the screen. The wheel zooms (over the Y axis, or with Ctrl, in its direction), dragging moves or
+// selects the part to be shown, a double click shows the whole again; the cursor says what stands at the
+// point under the mouse. With the keyboard: arrows, Home and End move the cursor, + and - zoom about it. A
+// new chart of the same subject, like the next frame of a live view, keeps zoom and cursor.
 #pragma once
 
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "chart/axes.h"
 #include "chart/chart.h"
+#include "screen/ui/paper_twin.h"
 #include "screen/ui/theme.h"
 
 namespace halden {
@@ -19,18 +22,18 @@ namespace halden {
 class ChartPlot;
 class FormWindow;
 
-class ChartView : public QWidget {
+class ChartView : public QWidget, public PaperTwin {
   Q_OBJECT
 
  public:
   ChartView(const Theme& theme, QWidget* parent);
 
+  // What dragging does. Where it selects, it moves with the Shift key held.
+  enum class Drag { moves, selects };
+  void set_drag(Drag drag) { drag_ = drag; }
+
   // Without a chart the view is empty.
   void set_chart(std::shared_ptr<const Chart> chart);
-
-  // A print of the form has the part that is shown on the screen. Call it once, after giving the view its
-  // name.
-  void print_as_shown(FormWindow& form);
 
   const ChartPart& shown() const { return shown_; }
 
@@ -41,12 +44,19 @@ class ChartView : public QWidget {
   // Where a position of the chart stands in the widget, in pixels.
   QPointF to_pixels(double x, double y) const;
 
+  // Shows the same part as the other view.
+  void show_as(const QWidget& on_screen) override;
+
   // What is shown, as a picture for the clipboard: on white, twice as fine as the screen.
   QImage paper_image() const;
 
  Q_SIGNALS:
   // The user clicked the point, or moved the cursor there with the keyboard.
   void point_chosen(std::size_t point);
+
+  // The user has zoomed or moved, and what is shown lasts: from one point to another. Numbers may lie before
+  // the first point and behind the last one, as far as the chart says that more can be had there.
+  void view_settled(int first_point, int last_point);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -70,6 +80,10 @@ class ChartView : public QWidget {
   void zoom_x(double factor, double about);
   void zoom_y(double factor, double about);
   void drag_to(const QPointF& position);
+  Range selected_to(const QPointF& position) const;
+  void end_selection(const QPointF& position);
+  void show_x(const Range& x);
+  void settle(int after_ms);
   QPointF to_chart(const QPointF& pixels) const;
   std::optional<std::size_t> point_at(const QPointF& pixels) const;
 
@@ -81,8 +95,15 @@ class ChartView : public QWidget {
   std::optional<Range> zoomed_x_;  // absent: the whole
   std::optional<Range> zoomed_y_;
   std::optional<std::size_t> cursor_;
+  Drag drag_ = Drag::moves;
   QPointF dragged_from_;
   bool dragging_ = false;
+  bool selecting_ = false;
+  QTimer settling_;
 };
+
+// A view that shows the chart of a control of the window. A chart without titles has the control's accessible
+// name.
+ChartView* tied_chart(std::string_view control, FormWindow& form);
 
 }  // namespace halden

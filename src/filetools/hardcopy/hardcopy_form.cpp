@@ -10,14 +10,12 @@ namespace halden {
 
 namespace {
 
-constexpr std::array captions = {
-    Caption{next_entry, {"Next Picture", "下一張"}},
-    Caption{"picture_menu", {"P&icture", "圖片(&I)"}},
-    Caption{"picture_copy", {"&Copy", "複製(&C)"}},
-    Caption{"picture_save", {"&Save...", "儲存(&S)..."}},
-    Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
-    Caption{hardcopy_polling_note,
-            {"Live readings pause while this window is open.", "此視窗開啟時，即時讀值暫停。"}}};
+constexpr std::array captions = {Caption{next_entry, {"Next Picture", "下一張"}},
+                                 Caption{"picture_menu", {"P&icture", "圖片(&I)"}},
+                                 Caption{"picture_copy", {"&Copy", "複製(&C)"}},
+                                 Caption{"picture_save", {"&Save...", "儲存(&S)..."}},
+                                 Caption{"read_again", {"Read &Again", "重新讀取(&A)"}},
+                                 Caption{polling_note, polling_note_text}};
 
 constexpr std::array tooltips = {
     Caption{draw_button, {"Reads the file again and draws its first picture", "重新讀取檔案並畫出第一張"}},
@@ -46,14 +44,14 @@ Window make_hardcopy_form() {
     window.add(entry.name, {});
     window.set_text(entry.name, entry.caption);
   }
-  for (const std::string_view name : {draw_button, print_button, hardcopy_date, hardcopy_name,
-                                      hardcopy_picture, hardcopy_polling_note, status_hint})
+  for (const std::string_view name :
+       {draw_button, print_button, hardcopy_date, hardcopy_name, hardcopy_picture, polling_note, status_hint})
     window.add(std::string(name), {});
   window.set_text(draw_button, "Hardcopy");
   window.set_text(print_button, "PRINT");
   window.set_place(hardcopy_picture, {hardcopy_margin, hardcopy_margin, hardcopy_dot * hardcopy_width,
                                       hardcopy_dot * hardcopy_height});
-  for (const std::string_view name : {next_entry, hardcopy_polling_note}) window.set_visible(name, false);
+  for (const std::string_view name : {next_entry, polling_note}) window.set_visible(name, false);
   window.set_captions(captions);
   window.set_tooltips(tooltips);
   window.set_accessible_names(accessible_names);

@@ -30,7 +30,6 @@ inline constexpr std::string_view print_button = "Print_HC_command";
 inline constexpr std::string_view hardcopy_date = "HC_date_label";
 inline constexpr std::string_view hardcopy_name = "Text1";  // of the file, without its folder
 inline constexpr std::string_view hardcopy_picture = "picture";
-inline constexpr std::string_view hardcopy_polling_note = "polling_note";  // why live readings stand still
 
 std::span<const MenuEntry> hardcopy_menu();
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "filetools/file_name.h"
 #include "filetools/open_failure.h"
 #include "platform/dialogs.h"
 #include "platform/printer.h"
@@ -16,20 +17,17 @@ namespace {
 constexpr Text no_file_open = {"No file is open. Choose one with File.", "尚未開啟檔案，請按 File 選擇。"};
 constexpr Text not_opened = {"Not opened: {}", "無法開啟：{}"};
 
-std::string_view name_of(std::string_view path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 }  // namespace
 
 HardcopyWindow::HardcopyWindow(const Platform& platform, Windows& windows, Window& meter_rec, Window& notice,
                                Link& link)
-    : platform_(platform), meter_rec_(meter_rec), notice_(notice), link_(link) {
+    : platform_(platform), notice_(notice), link_(link) {
   windows.add(form_);
-  windows.on_language([this] { say_about_picture(); });
+  meter_rec.on_click("show_plot_hardcopy", [this] { open(); });
   connect();
 }
 
 void HardcopyWindow::connect() {
-  meter_rec_.on_click("show_plot_hardcopy", [this] { open(); });
   form_.on_click(open_entry, [this] { open_file_and_plot(); });
   form_.on_click(draw_button, [this] { draw(); });
   form_.on_click(next_entry, [this] { show_next(); });
@@ -42,44 +40,22 @@ void HardcopyWindow::connect() {
   form_.on_click(printer_entry, [this] { print(); });
   form_.on_click(print_button, [this] { print(); });
   form_.on_close([this] { close(); });
+  form_.on_language([this] { show_hint(); });
 }
 
 void HardcopyWindow::open() {
-  stop_polling();
-  if (hc_file_name_.empty()) form_.set_text(status_hint, no_file_open.in(link_.state.language));
+  link_.pause.begin(form_);
+  show_hint();
   form_.show();
 }
 
 void HardcopyWindow::close() {
   form_.hide();
-  resume_polling();
+  link_.pause.end(form_);
 }
-
-// ---- polling ----
-
-void HardcopyWindow::stop_polling() {
-  const bool recording = meter_rec_["FileStop"].enabled;
-  if (!recording) set_paused(true);
-}
-
-void HardcopyWindow::resume_polling() {
-  if (paused_) set_paused(false);
-}
-
-// An exchange that runs is left to its end. While the datalogger is open, polling stands still anyway and
-// goes on when that is closed.
-void HardcopyWindow::set_paused(bool paused) {
-  if (paused != paused_) paused ? link_.polling.pause() : link_.polling.end_pause();
-  paused_ = paused;
-  form_.set_visible(hardcopy_polling_note, paused);
-  if (link_.polling.line_is_held()) return;
-  link_.gate.run("HC_window.polling", [this] { link_.polling.resume_polling(paused_ ? 0 : 1); });
-}
-
-// ---- the picture ----
 
 void HardcopyWindow::open_file_and_plot() {
-  stop_polling();
+  link_.pause.begin(form_);
   const std::optional<std::string> path =
       platform_.dialogs.open_file({{{"txt Files(*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}}, ".txt", ""});
   if (path && !path->empty()) open_file(*path);
@@ -91,15 +67,15 @@ void HardcopyWindow::open_file(const std::string& path) {
 }
 
 void HardcopyWindow::draw() {
-  stop_polling();
+  link_.pause.begin(form_);
   clear();
-  if (hc_file_name_.empty()) return form_.set_text(status_hint, no_file_open.in(link_.state.language));
+  if (hc_file_name_.empty()) return show_hint();
   read();
   if (!file_.pictures.empty()) {
     if (opened_) opened_(hc_file_name_);
     return show_picture();
   }
-  form_.set_text(status_hint, not_opened.with(link_.state.language, {hc_file_name_}));
+  show_hint();
   platform_.dialogs.message({std::string(open_failure_message(file_.failure)), "", Icon::none});
 }
 
@@ -130,16 +106,21 @@ void HardcopyWindow::read() {
 void HardcopyWindow::show_picture() {
   const Hardcopy& picture = file_.pictures[shown_];
   form_.set_text(hardcopy_date, picture.date_line);
-  form_.set_text(hardcopy_name, name_of(hc_file_name_));
+  form_.set_text(hardcopy_name, name_of_file(hc_file_name_));
   form_.set_tooltip(hardcopy_name, hc_file_name_);
   form_.set_lines(hardcopy_picture, dot_lines(picture));
   form_.set_visible(next_entry, file_.pictures.size() > 1);
-  say_about_picture();
+  show_hint();
 }
 
-void HardcopyWindow::say_about_picture() {
+void HardcopyWindow::show_hint() {
+  const Language language = link_.state.language;
   if (!file_.pictures.empty())
-    form_.set_text(status_hint, hardcopy_hint(file_, shown_, link_.state.language));
+    form_.set_text(status_hint, hardcopy_hint(file_, shown_, language));
+  else if (hc_file_name_.empty())
+    form_.set_text(status_hint, no_file_open.in(language));
+  else
+    form_.set_text(status_hint, not_opened.with(language, {hc_file_name_}));
 }
 
 // Behind the last picture comes the first one.
@@ -164,7 +145,7 @@ void HardcopyWindow::with_picture(const std::function<void(const DotPicture&)>& 
 
 // "screen", or "screen-2" in a file of several pictures.
 std::string HardcopyWindow::suggested_name() const {
-  const std::string_view name = name_of(hc_file_name_);
+  const std::string_view name = name_of_file(hc_file_name_);
   const std::string stem(name.substr(0, name.find_last_of('.')));
   return file_.pictures.size() == 1 ? stem : stem + "-" + std::to_string(shown_ + 1);
 }

@@ -1,8 +1,5 @@
 // The hardcopy window HC_window: opens a file of pictures of the meter's display, shows one of them, and
-// prints it.
-//
-// Live polling stands still while the window is open, unless a recording runs, which would miss its records:
-// then it goes on, also when the recording starts later.
+// prints it. Live polling stands still while it is open (link/polling_pause.h).
 #pragma once
 
 #include <cstddef>
@@ -32,23 +29,17 @@ class HardcopyWindow {
   // Called with the path of each file that has been read.
   void on_opened(std::function<void(const std::string& path)> handler) { opened_ = std::move(handler); }
 
-  // Polling goes on, if this window has stopped it.
-  void resume_polling();
-
  private:
   void connect();
   void open();
   void close();
-
-  void stop_polling();
-  void set_paused(bool paused);
 
   void open_file_and_plot();
   void draw();
   void clear();
   void read();
   void show_picture();
-  void say_about_picture();
+  void show_hint();
   void show_next();
   void read_again();
   void with_picture(const std::function<void(const DotPicture&)>& use);
@@ -56,7 +47,6 @@ class HardcopyWindow {
   void print();
 
   Platform platform_;
-  Window& meter_rec_;
   Window& notice_;
   Link& link_;
   Window form_ = make_hardcopy_form();
@@ -65,7 +55,6 @@ class HardcopyWindow {
   std::function<void(const std::string& path)> opened_;
   HardcopyFile file_;
   std::size_t shown_ = 0;  // which of its pictures
-  bool paused_ = false;    // this window has stopped polling
 };
 
 }  // namespace halden

@@ -1,6 +1,7 @@
 #include "filetools/power_plot/plot_plan.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "readings/numbers.h"
 
@@ -35,6 +36,22 @@ std::size_t points_of(std::size_t records, std::size_t step) { return (records +
 std::size_t label_every(std::size_t points) {
   const double every = round_half_even(static_cast<double>(points) / labels_of_plot);
   return std::max<std::size_t>(static_cast<std::size_t>(every), 1);
+}
+
+std::optional<WantedRecords> records_of_view(const PlottedRecords& plotted, int first_point, int last_point) {
+  const auto count = static_cast<std::int64_t>(plotted.record_count);
+  const auto step = static_cast<std::int64_t>(plotted.step);
+  const auto start = static_cast<std::int64_t>(plotted.range.first);
+  const std::int64_t first = std::clamp<std::int64_t>(start + first_point * step, 1, count);
+  const std::int64_t last =
+      std::clamp<std::int64_t>(start + (last_point + std::int64_t{1}) * step - 1, 1, count);
+  if (last <= first) return std::nullopt;
+  const RecordRange seen{static_cast<std::size_t>(first), static_cast<std::size_t>(last)};
+  const bool beyond = seen.first < plotted.range.first || seen.last > plotted.range.last;
+  const bool is_whole = seen == RecordRange{1, plotted.record_count};
+  if (!beyond && record_step(seen.count(), !is_whole) >= plotted.step) return std::nullopt;
+  if (is_whole) return WantedRecords{};
+  return WantedRecords{seen.first, seen.last};
 }
 
 RangeAnswer read_start(std::string_view start, std::size_t record_count) {

@@ -30,6 +30,7 @@ struct WantedRecords {
   std::optional<std::size_t> first, last;
 
   bool is_part() const { return first || last; }
+  bool operator==(const WantedRecords&) const = default;
 };
 
 // Within a file of so many records; `first` may be above `last` then.
@@ -42,6 +43,16 @@ std::size_t points_of(std::size_t records, std::size_t step);
 
 // A label stands at the first point and at every so many from there on: about five in all.
 std::size_t label_every(std::size_t points);
+
+// What of a file of so many records is to be read for a view from one of the plotted points to another, when
+// the view reaches beyond the plotted records or its own would be plotted with a smaller step; otherwise
+// nothing. Points before the first have negative numbers.
+struct PlottedRecords {
+  std::size_t record_count = 0;
+  RecordRange range;
+  std::size_t step = 1;
+};
+std::optional<WantedRecords> records_of_view(const PlottedRecords& plotted, int first_point, int last_point);
 
 // An answer to the question for a record number: the range, or what the user is told instead.
 struct RangeAnswer {

@@ -1,9 +1,11 @@
 #include "filetools/power_plot/plot_texts.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
+#include <cmath>
 #include <string_view>
 
+#include "chart/number_text.h"
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/power_chart.h"
 
@@ -16,6 +18,7 @@ constexpr std::string_view separator = " · ";
 constexpr Text all_records = {"{} records", "{} 筆紀錄"};
 constexpr Text part_of_records = {"records {} to {} of {}", "第 {} 至 {} 筆，共 {} 筆"};
 constexpr Text lost_records = {"{} lost", "遺失 {} 筆"};
+constexpr Text header_lines = {"{} header lines", "{} 行檔頭"};
 constexpr Text from_to = {"{} to {}", "{} 至 {}"};
 
 constexpr Text one_as_zero = {"1 record without a reading is drawn as 0", "1 筆無讀值的紀錄以 0 繪出"};
@@ -31,6 +34,7 @@ constexpr Text best_fit_is = {"best fit {} → {}", "最佳擬合 {} → {}"};
 
 constexpr Text of_record = {"record {}: {}", "第 {} 筆：{}"};
 constexpr Text of_records = {"records {} to {}: maximum {}, minimum {}", "第 {} 至 {} 筆：最大 {}，最小 {}"};
+constexpr Text of_group = {"records {} to {}: {}", "第 {} 至 {} 筆：{}"};
 constexpr Text no_reading = {"no reading", "無讀值"};
 constexpr Text some_missing = {" ({} without a reading)", "（{} 筆無讀值）"};
 
@@ -39,16 +43,12 @@ std::string with_unit(std::string number, const PowerPlot& plot) {
   return unit.empty() ? number : number + " " + unit;
 }
 
-// The shortest text that reads back as the same value.
-std::string exact_text(double value, const PowerPlot& plot) {
-  std::array<char, 400> digits;
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed).ptr;
-  return with_unit(std::string(digits.data(), end), plot);
-}
+std::string exact_text(double value, const PowerPlot& plot) { return with_unit(exact_number(value), plot); }
 
-// A worked-out value, which has no more digits than the readings.
-std::string short_text(double value, const PowerPlot& plot) { return with_unit(short_number(value), plot); }
+std::string short_text(double value, const PowerPlot& plot) {
+  const double largest = std::max(std::abs(plot.whole.largest), std::abs(plot.whole.smallest));
+  return with_unit(short_number(value, largest), plot);
+}
 
 std::string joined(std::string_view date, std::string_view time) {
   const std::string_view gap = date.empty() || time.empty() ? "" : " ";
@@ -78,6 +78,7 @@ std::string plot_line(const PowerPlot& plot, Language language) {
   if (!plot.settings.vt.empty()) add(line, "VT " + plot.settings.vt);
   add(line, records_text(plot, language));
   add(line, lost_records.with(language, {std::to_string(plot.lost_records)}));
+  if (plot.header_lines > 0) add(line, header_lines.with(language, {std::to_string(plot.header_lines)}));
   const std::string from = joined(plot.whole.date, plot.whole.time);
   if (!from.empty()) add(line, from_to.with(language, {from, joined(plot.last_date, plot.last_time)}));
   return line;
@@ -114,11 +115,13 @@ std::string point_text(const PowerPlot& plot, std::size_t index, MissingReadings
   const std::string first = std::to_string(records.first);
   std::string text = joined(point.date, point.time);
   if (!text.empty()) text += ", ";
-  if (point.readings == 0) return text + of_record.with(language, {first, no_reading.in(language)});
+  const std::string last = std::to_string(records.last);
+  const std::string_view none = no_reading.in(language);
+  if (point.readings == 0 && point.records > 1) return text + of_group.with(language, {first, last, none});
+  if (point.readings == 0) return text + of_record.with(language, {first, none});
   const std::string maximum = exact_text(*point.maximum(missing), plot);
   if (point.records == 1) return text + of_record.with(language, {first, maximum});
-  text += of_records.with(
-      language, {first, std::to_string(records.last), maximum, exact_text(*point.minimum(missing), plot)});
+  text += of_records.with(language, {first, last, maximum, exact_text(*point.minimum(missing), plot)});
   if (point.readings == point.records) return text;
   return text + some_missing.with(language, {std::to_string(point.records - point.readings)});
 }

@@ -11,7 +11,7 @@
 namespace halden {
 
 // "day.csv · 3P4W · CT 1 · VT 1 · 72000 records · 5 lost · 11-22-2026 08:15:02 to 11-24-2026 00:15:00"; of a
-// part "records 1 to 600 of 72000".
+// part "records 1 to 600 of 72000", and behind the lost ones "2 header lines" where it has some.
 std::string plot_line(const PowerPlot& plot, Language language);
 
 // "201 records without a reading are drawn as 0"; empty when there are none.

@@ -1,26 +1,25 @@
 #include "filetools/power_plot/plot_window.h"
 
-#include <array>
 #include <utility>
 
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/plot_texts.h"
-#include "platform/clock.h"
+#include "filetools/window_print.h"
 #include "platform/dialogs.h"
-#include "platform/printer.h"
-#include "platform/timer.h"
 #include "readings/numbers.h"
-#include "screen/failure_texts.h"
 #include "screen/meter_rec/panels.h"
 
 namespace halden {
 
 namespace {
 
-constexpr double show_progress_every_s = 0.1;
-constexpr int whole_progress = 1000;
-
 constexpr Text open_a_file = {"Open a power data file: File > Open", "請開啟電力數據檔：File > Open"};
+
+constexpr Text draw_again = {"Select, Zoom or File > Read Again draw the file again",
+                             "選擇 Select、Zoom 或 File > 重新讀取 再次繪圖"};
+
+// A view of a million records is read in less.
+constexpr double view_without_progress_s = 0.5;
 
 constexpr int x_label_items = 2;
 constexpr int grid_items = 4;
@@ -31,7 +30,6 @@ constexpr int statistics_items = 9;
 PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter_rec, const LinkState& link)
     : platform_(platform), link_(link) {
   windows.add(window_);
-  windows.on_language([this] { draw(); });
   meter_rec.on_click("OpenPlotFile", [this] { window_.show(); });
   connect();
   connect_look();
@@ -40,7 +38,7 @@ PlotWindow::PlotWindow(const Platform& platform, Windows& windows, Window& meter
 
 void PlotWindow::connect() {
   window_.on_click("openfile", [this] {
-    look_.x_title = "Time";
+    title_before_menu_ = std::exchange(look_.x_title, "Time");
     draw();
   });
   window_.on_click("openfileforplot", [this] { choose_file(); });
@@ -48,18 +46,22 @@ void PlotWindow::connect() {
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
     window_.on_click(element("SelectData", static_cast<int>(choice)), [this, choice] { select(choice); });
   window_.on_click("ZoomIn", [this] { choose_part(); });
-  window_.on_click("clear_graphics", [this] { clear(); });
+  window_.on_change(plot_chart, [this] { show_view(); });
+  window_.on_click("clear_graphics", [this] {
+    cleared_ = true;
+    draw();
+  });
   window_.on_click("Pgraphics", [this] { print(); });
   window_.on_click("leave_out", [this] {
     look_.missing =
         look_.missing == MissingReadings::as_zero ? MissingReadings::left_out : MissingReadings::as_zero;
-    draw();
+    put_back_x_title();
   });
-  window_.on_press(plot_cancel, [this] { cancelled_ = true; });
+  window_.on_language([this] { draw(); });
   window_.on_resize([this] { window_.set_caption(plot_caption); });
   const auto close = [this] {
-    cancelled_ = true;
     next_.reset();
+    reading_.cancel();
     window_.hide();
   };
   window_.on_click("exit_plot", close);
@@ -86,7 +88,10 @@ void PlotWindow::connect_look() {
       draw();
     });
   };
-  connect_setting("set_title", 3, [this] { look_.x_title.clear(); });
+  connect_setting("set_title", 3, [this] {
+    look_.x_title.clear();
+    title_before_menu_.reset();
+  });
   connect_setting("set_title", 4, [this] { look_.y_title.clear(); });
   for (int index = 0; index < x_label_items; ++index)
     connect_setting("set_x_label", index, [this, index] { look_.labels = static_cast<PlotLabels>(index); });
@@ -104,29 +109,23 @@ void PlotWindow::choose_file() {
   if (path && !path->empty()) open_file(*path);
 }
 
-void PlotWindow::open_file(const std::string& path) {
-  if (!plot_) plot_file_name_ = path;
-  plot({path});
-}
+void PlotWindow::open_file(const std::string& path) { plot({{path}}); }
 
-// The user's title of the Y axis stays, although every other plot sets it.
 void PlotWindow::read_again() {
-  const std::string title = look_.y_title;
-  const bool is_of_user = plot_ && title != plot_y_title(*plot_);
-  plot({plot_file_name_, selected_item_, part_});
-  if (!is_of_user) return;
-  look_.y_title = title;
-  draw();
+  put_back_x_title();
+  plot({newest(), Cause::again});
 }
 
 void PlotWindow::select(std::size_t choice) {
-  if (plot_file_name_.empty())
+  const std::string path = newest().path;
+  if (path.empty())
     return platform_.dialogs.message({"Please first open a file where data is stored", "", Icon::critical});
-  plot({plot_file_name_, choice});
+  plot({{path, choice}});
 }
 
 void PlotWindow::choose_part() {
   if (!plot_) return;
+  const PlotRequest plotted = plotted_;  // another file may be opened while the questions are asked
   const std::size_t count = plot_->record_count;
   const std::string title = "Total " + std::to_string(count) + " records";
   const std::string start = platform_.dialogs.input("Enter the starting record number", title, "1");
@@ -138,85 +137,85 @@ void PlotWindow::choose_part() {
   if (end.empty()) return;
   const RangeAnswer answer = read_range(start, end, count);
   if (answer.refused()) return platform_.dialogs.message(answer.refusal);
-  plot({plot_file_name_, selected_item_, {answer.range.first, answer.range.last}});
+  plot({{plotted.path, plotted.choice, {answer.range.first, answer.range.last}}});
 }
 
-// A refusal leaves the chart, its file and what was chosen about it as they were. What is asked for while a
-// file is being read ends that and follows it.
-void PlotWindow::plot(const PlotRequest& request) {
-  if (request.path.empty()) return;
-  if (reading_) {
-    next_ = request;
-    cancelled_ = true;
-    return;
-  }
-  begin_reading();
-  const PlotOutcome outcome = read_power_plot(
-      platform_.files, request,
-      [this](std::uint64_t done, std::uint64_t length) { return show_progress(done, length); });
-  end_reading();
-  if (const auto next = std::exchange(next_, std::nullopt)) return plot(*next);
-  if (cancelled_) return;
-  if (!outcome.plot) return platform_.dialogs.message(outcome.refusal);
-  take(request, outcome.plot);
-  if (opened_) opened_(request.path);
+// The chart has been zoomed or moved with the mouse. The unit stays: the height shown is one of its numbers.
+void PlotWindow::show_view() {
+  if (!plot_ || cleared_) return;
+  const Control& view = window_[plot_chart];
+  const auto wanted =
+      records_of_view({plot_->record_count, plot_->range, plot_->record_step}, view.minimum, view.maximum);
+  if (wanted) plot({{plotted_.path, plotted_.choice, *wanted, plot_->prefix}, Cause::view});
 }
 
-void PlotWindow::begin_reading() {
-  reading_ = true;
-  cancelled_ = false;
-  shown_s_ = platform_.clock.monotonic_s();
-  window_.set_text(status_hint, "");
-  window_.set_range(plot_progress, 0, whole_progress);
-  window_.set_value(plot_progress, 0);
-  for (const std::string_view name : {processing_panel, plot_progress, plot_cancel})
-    window_.set_visible(name, true);
-  let_events_run(platform_.clock);
+// What was asked for last counts: it ends a reading that runs. Only a view gives way, because it belongs to
+// the chart that is about to be replaced.
+void PlotWindow::plot(Task task) {
+  if (task.request.path.empty()) return;
+  const bool runs = reading_.runs();
+  if (runs && task.cause == Cause::view && (next_ ? *next_ : being_read_).cause != Cause::view) return;
+  next_ = std::move(task);
+  if (runs) return reading_.cancel();
+  while (next_) read(*std::exchange(next_, std::nullopt));
 }
 
-void PlotWindow::end_reading() {
-  for (const std::string_view name : {processing_panel, plot_progress, plot_cancel})
-    window_.set_visible(name, false);
-  reading_ = false;
+// A refusal leaves the chart as it was. Before the first plot the file is kept: Select says again what is
+// wrong with it, and F5 plots it when it has grown.
+void PlotWindow::read(const Task& task) {
+  being_read_ = task;
+  if (task.cause != Cause::view) window_.set_text(status_hint, "");
+  reading_.begin(task.cause == Cause::view ? view_without_progress_s : 0);
+  const PlotOutcome outcome = read_power_plot(platform_.files, task.request, reading_.progress());
+  reading_.end();
+  if (!plot_) plotted_ = task.request;
+  window_.set_enabled("read_again", true);
+  if (reading_.cancelled()) return;
+  if (!outcome.refusal.text.empty()) return refuse(outcome.refusal, task.cause);
+  if (outcome.plot) take(outcome.plot, task);
 }
 
-bool PlotWindow::show_progress(std::uint64_t done, std::uint64_t length) {
-  const double now_s = platform_.clock.monotonic_s();
-  if (now_s - shown_s_ >= show_progress_every_s && length > 0) {
-    shown_s_ = now_s;
-    window_.set_value(plot_progress, static_cast<int>(done * whole_progress / length));
-    let_events_run(platform_.clock);
-  }
-  return !cancelled_;
+// A box would come as a surprise where the user has only turned the wheel.
+void PlotWindow::refuse(const Message& refusal, Cause cause) {
+  if (cause == Cause::view)
+    window_.set_text(status_hint, refusal.text);
+  else
+    platform_.dialogs.message(refusal);
+}
+
+PlotRequest PlotWindow::newest() const {
+  if (next_) return next_->request;
+  return reading_.runs() ? being_read_.request : plotted_;
 }
 
 // ---- the plot ----
 
-void PlotWindow::take(const PlotRequest& request, std::shared_ptr<const PowerPlot> plot) {
-  const bool is_newly_opened = !request.choice;
-  if (is_newly_opened) {
-    look_.y_low.reset();
-    look_.y_high.reset();
-  }
-  plot_file_name_ = request.path;
-  part_ = request.wanted;
+void PlotWindow::take(std::shared_ptr<const PowerPlot> plot, const Task& task) {
+  const bool opened = !plot_ || !task.request.choice;
   plot_ = std::move(plot);
   cleared_ = false;
-  selected_item_ = plot_->choice;
-  look_.y_title = plot_y_title(*plot_);
+  plotted_ = task.request;
+  plotted_.choice = plot_->choice;
+  if (opened) {
+    look_.y_low = look_.y_high = std::nullopt;
+    title_before_menu_.reset();
+  }
+  if (opened || task.cause == Cause::chosen) ++look_.subject;
+  if (task.cause != Cause::view) look_.y_title = plot_y_title(*plot_);
   window_.set_enabled("ZoomIn", true);
-  window_.set_enabled("read_again", true);
-  window_.set_enabled("Status", plot_->record_count < records_of_envelope);
+  window_.set_enabled("Status", plot_->has_statistics());
   show_choices();
   draw();
-  if (plot_->is_envelope) platform_.dialogs.message({std::string(no_statistics_text), "", Icon::none});
+  if (opened && opened_) opened_(task.request.path);
+  if (plot_->is_envelope && task.cause != Cause::view)
+    platform_.dialogs.message({std::string(no_statistics_text), "", Icon::none});
 }
 
 void PlotWindow::show_choices() {
   for (std::size_t choice = 0; choice < plot_choices.size(); ++choice)
     window_.set_enabled(element("SelectData", static_cast<int>(choice)),
                         is_offered(choice, *plot_->settings.wiring));
-  mark("SelectData", static_cast<int>(plot_choices.size()), static_cast<int>(selected_item_));
+  mark("SelectData", static_cast<int>(plot_choices.size()), static_cast<int>(plot_->choice));
 }
 
 void PlotWindow::mark(std::string_view item, int count, int chosen) {
@@ -229,30 +228,26 @@ void PlotWindow::draw() {
   mark("StatOption", statistics_items, static_cast<int>(look_.statistics));
   window_.set_checked("set_scale_0", !look_.y_low && !look_.y_high);
   window_.set_checked("leave_out", look_.missing == MissingReadings::left_out);
-  export_.set_plot(is_drawn() ? plot_ : nullptr, look_.missing);
-  is_drawn() ? show_plot() : show_empty();
-}
-
-// Statistics are those of files for which their menu is enabled.
-void PlotWindow::show_plot() {
   const Language language = link_.language;
-  PlotLook look = look_;
-  if (!window_["Status"].enabled) look.statistics = Statistics::none;
-  window_.set_chart(plot_chart, std::make_shared<const Chart>(power_chart(plot_, look, language)));
-  window_.set_text(plot_about, plot_line(*plot_, language));
-  window_.set_text(plot_missing, missing_readings_line(*plot_, look_.missing, language));
-  window_.set_text(plot_statistics, statistics_line(*plot_, look_.missing, language));
+  const bool drawn = plot_ && !cleared_;
+  export_.set_plot(drawn ? plot_ : nullptr, look_.missing);
+  window_.set_chart(plot_chart, std::make_shared<const Chart>(drawn ? power_chart(plot_, look_, language)
+                                                                    : empty_chart(language)));
+  window_.set_text(plot_about, drawn ? plot_line(*plot_, language) : "");
+  window_.set_text(plot_missing, drawn ? missing_readings_line(*plot_, look_.missing, language) : "");
+  window_.set_text(plot_statistics, drawn ? statistics_line(*plot_, look_.missing, language) : "");
 }
 
-void PlotWindow::show_empty() {
+Chart PlotWindow::empty_chart(Language language) const {
   Chart empty;
-  empty.hint = open_a_file.in(link_.language);
-  window_.set_chart(plot_chart, std::make_shared<const Chart>(std::move(empty)));
-  for (const std::string_view name : {plot_about, plot_missing, plot_statistics}) window_.set_text(name, "");
+  empty.hint = (plot_ ? draw_again : open_a_file).in(language);
+  return empty;
 }
 
-void PlotWindow::clear() {
-  cleared_ = true;
+// Opening the File menu has set the title of the X axis. That is not what the user wants who chooses an entry
+// of our own there.
+void PlotWindow::put_back_x_title() {
+  if (title_before_menu_) look_.x_title = *std::exchange(title_before_menu_, std::nullopt);
   draw();
 }
 
@@ -268,23 +263,12 @@ void PlotWindow::set_title(std::string& title, const std::string& prompt, const 
   const std::string answer = platform_.dialogs.input(prompt, caption, "");
   if (answer.empty()) return;
   title = answer;
+  title_before_menu_.reset();
   draw();
 }
 
-// The two live timers stand still meanwhile.
 void PlotWindow::print() {
-  const std::array timers = {&platform_.timer1, &platform_.timer2};
-  std::array<bool, 2> ran{};
-  for (std::size_t i = 0; i < timers.size(); ++i) {
-    ran[i] = timers[i]->enabled();
-    timers[i]->set_enabled(false);
-  }
-  platform_.printer.set_orientation(Orientation::landscape);
-  platform_.printer.print_window(window_.name());
-  const PrintFailure failure = platform_.printer.finish();
-  for (std::size_t i = 0; i < timers.size(); ++i)
-    if (ran[i]) timers[i]->set_enabled(true);
-  window_.set_text(status_hint, print_sentence(failure, platform_.printer.destination(), link_.language));
+  window_.set_text(status_hint, print_in_landscape(platform_, window_, link_.language));
 }
 
 }  // namespace halden

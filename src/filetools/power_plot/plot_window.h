@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,6 +14,7 @@
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/power_chart.h"
 #include "filetools/power_plot/power_plot.h"
+#include "filetools/reading_progress.h"
 #include "link/link_state.h"
 #include "platform/platform.h"
 #include "screen/windows.h"
@@ -37,41 +37,45 @@ class PlotWindow {
  private:
   void connect();
   void connect_look();
+  // Why a file is read.
+  enum class Cause { chosen, again, view };
+  struct Task {
+    PlotRequest request;
+    Cause cause = Cause::chosen;
+  };
+
   void choose_file();
+  void read_again();
   void select(std::size_t choice);
   void choose_part();
-  void read_again();
-  void plot(const PlotRequest& request);
-  bool show_progress(std::uint64_t done, std::uint64_t length);
-  void begin_reading();
-  void end_reading();
-  void take(const PlotRequest& request, std::shared_ptr<const PowerPlot> plot);
+  void show_view();
+  void plot(Task task);
+  void read(const Task& task);
+  void refuse(const Message& refusal, Cause cause);
+  void take(std::shared_ptr<const PowerPlot> plot, const Task& task);
+  PlotRequest newest() const;
+  void put_back_x_title();
   void show_choices();
   void draw();
+  Chart empty_chart(Language language) const;
   void set_limit(std::optional<double>& limit, const std::string& prompt, const std::string& title);
   void set_title(std::string& title, const std::string& prompt, const std::string& caption);
   void mark(std::string_view item, int count, int chosen);
-  void show_empty();
-  void show_plot();
-  bool is_drawn() const { return plot_ && !cleared_; }
-  void clear();
   void print();
 
   Platform platform_;
   const LinkState& link_;
   Window window_ = make_plot_window();
-  PlotExport export_{platform_, link_.language, window_};
-  std::string plot_file_name_;  // of the plot, or as long as there is none of a refused file; may be empty
-  std::size_t selected_item_ = 0;
-  WantedRecords part_;
   PlotLook look_;
-  std::shared_ptr<const PowerPlot> plot_;  // the last one, also after it was cleared
-  bool cleared_ = false;
-  std::optional<PlotRequest> next_;  // what was asked for while a file was being read
+  std::shared_ptr<const PowerPlot> plot_;  // null until a file could be plotted
+  bool cleared_ = false;                   // the plot is there, but not drawn
+  PlotRequest plotted_;       // what has led to it; before the first plot the file that was refused
+  Task being_read_;           // while a file is read
+  std::optional<Task> next_;  // given meanwhile
+  std::optional<std::string> title_before_menu_;
   std::function<void(const std::string& path)> opened_;
-  bool reading_ = false;
-  bool cancelled_ = false;
-  double shown_s_ = 0;  // when the progress was last shown
+  PlotExport export_{platform_, link_.language, window_};
+  ReadingProgress reading_{platform_.clock, window_, {processing_panel, plot_progress, plot_cancel}};
 };
 
 }  // namespace halden

@@ -1,10 +1,9 @@
 #include "filetools/power_plot/points_csv.h"
 
-#include <array>
-#include <charconv>
 #include <optional>
 #include <string_view>
 
+#include "chart/number_text.h"
 #include "filetools/power_plot/plot_choices.h"
 
 namespace halden {
@@ -14,11 +13,7 @@ namespace {
 constexpr std::string_view head = "first_record,last_record,date,time,maximum,minimum,readings,unit\n";
 
 void add_value(std::string& lines, const std::optional<double>& value) {
-  std::array<char, 400> digits;  // the longest number without an exponent has 310
-  if (value)
-    lines.append(
-        digits.data(),
-        std::to_chars(digits.data(), digits.data() + digits.size(), *value, std::chars_format::fixed).ptr);
+  if (value) lines += exact_number(*value);
   lines += ',';
 }
 

@@ -13,9 +13,8 @@ namespace {
 constexpr Text maximum_name = {"Maximum", "最大"};
 constexpr Text minimum_name = {"Minimum", "最小"};
 constexpr Text without_reading = {"No reading", "無讀值"};
+constexpr Text nothing_to_draw = {"No record has a reading of {}", "沒有任何紀錄具有 {} 的讀值"};
 constexpr Text described = {"{} over time. {}. {}", "{} 隨時間的變化。{}。{}"};
-
-constexpr Text nothing_read = {"No record has a reading of {}.", "沒有任何紀錄含有 {} 的讀值。"};
 
 constexpr double gap = std::numeric_limits<double>::quiet_NaN();
 
@@ -58,11 +57,27 @@ std::string sequence_text(const PowerPlot& plot, std::size_t point) {
   return std::to_string(plot.records_of(point).last);
 }
 
+// A line without a time has its number. Where a recording goes over midnight the date stands below the time.
+std::string time_text(const PowerPlot& plot, std::size_t point) {
+  const PlotPoint& shown = plot.points[point];
+  if (shown.time.empty()) return "#" + sequence_text(plot, point);
+  const bool over_midnight = plot.whole.date != plot.last_date;
+  return over_midnight && !shown.date.empty() ? shown.time + "\n" + shown.date : shown.time;
+}
+
 PointTexts labels_of(const std::shared_ptr<const PowerPlot>& plot, PlotLabels labels) {
   return texts_by([plot, labels](std::size_t point) {
     if (point >= plot->points.size()) return std::string();
-    return labels == PlotLabels::time ? plot->points[point].time : sequence_text(*plot, point);
+    return labels == PlotLabels::time ? time_text(*plot, point) : sequence_text(*plot, point);
   });
+}
+
+// The records of the file around the plotted ones, as points of the same step.
+void set_place(Chart& chart, const PowerPlot& plot) {
+  const auto step = static_cast<double>(plot.record_step);
+  chart.part = std::to_string(plot.range.first) + "/" + std::to_string(plot.record_step);
+  chart.points_before = static_cast<double>(plot.range.first - 1) / step;
+  chart.points_after = static_cast<double>(plot.record_count - plot.range.last) / step;
 }
 
 }  // namespace
@@ -87,9 +102,7 @@ Chart power_chart(std::shared_ptr<const PowerPlot> plot, const PlotLook& look, L
   chart.y_title = look.y_title;
   chart.description = described.with(language, {plot_y_title(*plot), plot_line(*plot, language),
                                                 statistics_line(*plot, look.missing, language)});
-  const std::string caption(plot_choices[plot->choice].caption);
-  chart.subject = plot->path + "\n" + caption + "\n" + std::to_string(plot->range.first);
-  chart.hint = nothing_read.with(language, {caption});
+  chart.hint = nothing_to_draw.with(language, {plot_choices[plot->choice].caption});
   chart.sets = data_sets(*plot, look.missing, language);
   chart.label_every = label_every(plot->points.size());
   chart.labels = labels_of(plot, look.labels);
@@ -100,8 +113,10 @@ Chart power_chart(std::shared_ptr<const PowerPlot> plot, const PlotLook& look, L
   chart.grid = look.grid;
   chart.y_low = look.y_low;
   chart.y_high = look.y_high;
-  if (plot->range.count() < records_of_envelope) chart.statistics = look.statistics;
+  if (plot->has_statistics()) chart.statistics = look.statistics;
   chart.statistic_names = statistic_names(language);
+  chart.subject = look.subject;
+  set_place(chart, *plot);
   return chart;
 }
 

@@ -21,9 +21,10 @@ struct PlotLook {
   PlotLabels labels = PlotLabels::time;
   Grid grid = Grid::horizontal;
   std::optional<double> y_low, y_high;
-  Statistics statistics = Statistics::none;  // drawn below 3600 records
+  Statistics statistics = Statistics::none;  // drawn where the plot has statistics
   MissingReadings missing = MissingReadings::as_zero;
   ChartColours colours = ChartColours::colour;
+  std::size_t subject = 0;  // Chart::subject
 };
 
 // "P_SYS (KW)": the Y title of a new plot.

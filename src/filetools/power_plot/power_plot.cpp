@@ -44,12 +44,16 @@ void add_points(PlotPoint& whole, const PlotPoint& point) {
 // records, it stops at the most points a plot can have, and the pass has only counted the records.
 class PointCollector {
  public:
-  PointCollector(PowerPlot& plot, std::size_t choice) : plot_(plot), columns_(columns_of(choice)) {}
+  PointCollector(PowerPlot& plot, const PlotRequest& request)
+      : plot_(plot), columns_(columns_of(plot.choice)), has_prefix_(request.prefix.has_value()) {
+    plot_.prefix = request.prefix.value_or(0);
+  }
 
   void add(const PowerRecordLine& record) {
     if (point_.records == plot_.record_step) finish_point();
     if (point_.records++ == 0) start_point(record.text);
-    if (!record.wiring) return add_line(record.text);
+    if (!record.wiring) return add_without_readings(record.text);
+    behind_settings_ = false;
     note_times(record.text);
     const std::optional<std::size_t>& column = columns_[table_index(*record.wiring)];
     if (!column) return;
@@ -66,9 +70,10 @@ class PointCollector {
   }
 
  private:
-  // A line of a silent meter has its date and time.
-  void add_line(std::string_view line) {
-    if (!is_header_line(line)) ++plot_.lost_records;
+  // A recording that was continued has a settings line and a line with the names of the columns inside.
+  void add_without_readings(std::string_view line) {
+    const bool are_names = std::exchange(behind_settings_, read_power_settings(line).wiring.has_value());
+    ++(behind_settings_ || are_names ? plot_.header_lines : plot_.lost_records);
     if (has_date_and_time(line)) note_times(line);
   }
 
@@ -83,12 +88,12 @@ class PointCollector {
   }
 
   // A copy, because which record is the last one is known at the end only.
-  void note_times(std::string_view record) {
+  void note_times(std::string_view line) {
     if (!std::exchange(has_times_, true)) {
-      plot_.whole.date = date_in_line(record);
-      plot_.whole.time = time_in_line(record);
+      plot_.whole.date = date_in_line(line);
+      plot_.whole.time = time_in_line(line);
     }
-    std::memcpy(last_times_.data(), record.data(), last_times_.size());
+    std::memcpy(last_times_.data(), line.data(), last_times_.size());
   }
 
   void add_value(const FieldReading& reading) {
@@ -101,16 +106,17 @@ class PointCollector {
   PowerPlot& plot_;
   const Columns columns_;
   PlotPoint point_;
-  bool has_prefix_ = false;
+  bool has_prefix_;
   bool has_times_ = false;
-  std::array<char, 2 * (field_text_length + 1)> last_times_{};
+  bool behind_settings_ = false;
+  std::array<char, date_and_time_length> last_times_{};
 };
 
 // The state of reading one file.
 struct PlotReading {
   PowerFileReader file;
   const PlotRequest& request;
-  const PlotProgress& progress;
+  const FileProgress& progress;
   PowerPlot plot;
   bool has_whole_record = false;
   bool cancelled = false;
@@ -122,11 +128,11 @@ std::size_t step_for(const WantedRecords& wanted, std::size_t record_count) {
 }
 
 // Reads all records and plots the wanted ones with the step in `reading.plot`, or, where it is 0, with the
-// one of a file in which all records are as long as the first.
+// one of a file in which all records are whole.
 void read_records(PlotReading& reading) {
   PowerPlot& plot = reading.plot;
   const RecordRange wanted = range_in(reading.request.wanted, static_cast<std::size_t>(-1));
-  PointCollector collector(plot, plot.choice);
+  PointCollector collector(plot, reading.request);
   PowerRecordLine record;
   while (reading.file.next(record)) {
     const std::size_t number = reading.file.records_read();
@@ -156,7 +162,7 @@ Message refusal_of(const PlotReading& reading) {
 }
 
 // One pass over the file. `step` 0 stands for a guess.
-PlotOutcome read_once(OpenedFile opened, const PlotRequest& request, const PlotProgress& progress,
+PlotOutcome read_once(OpenedFile opened, const PlotRequest& request, const FileProgress& progress,
                       std::size_t step) {
   if (!opened.reader) return refused(open_failure_message(opened.failure));
   if (request.choice.value_or(0) >= plot_choices.size()) return refused("RECORD INDEX > 35");
@@ -206,7 +212,7 @@ RecordRange PowerPlot::records_of(std::size_t point) const {
 
 // How many records a point stands for depends on how many there are. That is guessed from the length of the
 // file; only where the guess was wrong, or the file has grown meanwhile, it is read again.
-PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const PlotProgress& progress) {
+PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const FileProgress& progress) {
   PlotOutcome outcome;
   std::size_t step = 0;
   for (int pass = 0; pass < most_passes; ++pass) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "filetools/power_plot/plot_plan.h"
+#include "filetools/reading_progress.h"
 #include "formats/power_reader.h"
 #include "platform/files.h"
 
@@ -40,13 +40,17 @@ struct PowerPlot {
   std::size_t record_count = 0;  // of the file
   RecordRange range;             // what of it is plotted
   std::size_t record_step = 1;   // records per point; the last point may have fewer
-  bool is_envelope = false;      // maximum and minimum of each point; statistics are not offered
-  int prefix = 0;  // the exponent of the unit's prefix, that of the first plotted record with digits
+  bool is_envelope = false;      // maximum and minimum of each point
+  int prefix = 0;                // the exponent of the unit's prefix
   std::vector<PlotPoint> points;
-  PlotPoint whole;                   // all points in one; its date and time are the first ones of the records
-  double sum = 0;                    // of all readings
-  std::size_t lost_records = 0;      // plotted, but neither whole records nor header lines
-  std::string last_date, last_time;  // the last ones of the records
+  PlotPoint whole;               // all points in one; its date and time are the first ones plotted
+  double sum = 0;                // of all readings
+  std::size_t header_lines = 0;  // plotted: those of a recording that was continued
+  std::size_t lost_records = 0;  // plotted, but neither whole records nor header lines
+  std::string last_date, last_time;
+
+  // Statistics are for short files, and then also for each part of them.
+  bool has_statistics() const { return record_count < records_of_envelope; }
 
   std::size_t without_reading() const { return whole.records - whole.readings; }
   std::optional<double> mean(MissingReadings missing) const;
@@ -59,6 +63,7 @@ struct PlotRequest {
   std::string path;
   std::optional<std::size_t> choice{};  // absent: the file's first quantity
   WantedRecords wanted{};
+  std::optional<int> prefix{};  // of the unit; absent: that of the first plotted record with digits
 };
 
 // Either a plot, or what the user is told instead, or neither after a cancel.
@@ -67,11 +72,7 @@ struct PlotOutcome {
   Message refusal{};
 };
 
-// Called again and again with the bytes read so far and the length of the file. The reading ends when it
-// returns false.
-using PlotProgress = std::function<bool(std::uint64_t done, std::uint64_t length)>;
-
-PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const PlotProgress& progress = {});
+PlotOutcome read_power_plot(Files& files, const PlotRequest& request, const FileProgress& progress = {});
 
 // Told when a file of 3600 records or more is plotted.
 inline constexpr std::string_view no_statistics_text = "Records more than 3600, STATIStics function disabled";

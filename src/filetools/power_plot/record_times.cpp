@@ -68,6 +68,7 @@ class RecordSearch {
   RecordSearch(const PlaceRange& places, WantedRecords& found) : places_(places), found_(found) {}
 
   void look_at(std::string_view line, std::size_t number) {
+    if (!has_date_and_time(line)) return;
     const std::optional<TimeOrder> day = day_of(date_in_line(line));
     const std::optional<TimeOrder> seconds = seconds_of(time_in_line(line));
     if (!day || !seconds) return;
@@ -112,8 +113,7 @@ WantedRecords find_records(Files& files, const std::string& path, const PlaceRan
   PowerFileReader file(std::move(opened.reader));
   RecordSearch search(places, found);
   PowerRecordLine record;
-  while (file.next(record))
-    if (record.wiring || has_date_and_time(record.text)) search.look_at(record.text, file.records_read());
+  while (file.next(record)) search.look_at(record.text, file.records_read());
   if (search.seeks_first() && !found.first) found.first = file.records_read() + 1;
   if (search.seeks_last() && !found.last) found.last = 0;
   return found;

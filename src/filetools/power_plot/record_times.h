@@ -35,8 +35,9 @@ struct PlaceRange {
 };
 
 // The first record at or behind the time of `first`, and the last one at or before that of `last`. A time
-// behind all records gives the number after the last one, one before all of them 0. A file that cannot be
-// read gives no records; a line without date and time is passed over.
+// behind all records gives the number after the last one, one before all of them 0. Lines written while the
+// meter was silent count, other lines without date and time do not. A file that cannot be read gives no
+// records.
 WantedRecords find_records(Files& files, const std::string& path, const PlaceRange& places);
 
 }  // namespace halden

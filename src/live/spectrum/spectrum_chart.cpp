@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "chart/waves/order_chart.h"
 #include "readings/patterns.h"
 #include "readings/wave_texts.h"
 
@@ -54,16 +55,10 @@ Chart spectrum_chart(const SpectrumOfInput& spectrum, const HarmonicsOptions& op
                      Language language) {
   const bool angles = options.harmonic_option == 1;
   const std::string name(input_name(spectrum.channel));
-  Chart chart;
-  chart.kind = ChartKind::bars;
-  chart.x_title = "Order -->";
-  chart.y_title = name;
+  Chart chart = order_chart({name, phase_of_input(spectrum.channel), bars(spectrum.values, options), 0,
+                             options.harmonic_count == all_orders ? std::size_t{10} : std::size_t{5}});
   chart.description = (angles ? angles_of : percent_of)
                           .with(language, {name, spectrum.fundamental, largest_orders(spectrum.values)});
-  chart.sets = {{make_points(bars(spectrum.values, options)), name,
-                 static_cast<std::size_t>(std::clamp(spectrum.channel, 0, 5)) / 2}};
-  chart.label_every = options.harmonic_count == all_orders ? 10 : 5;
-  chart.labels = texts_by([](std::size_t order) { return std::to_string(order); });
   chart.readouts =
       texts_by([values = spectrum.values, hz = std::string(spectrum.hz), language](std::size_t order) {
         const std::string hertz = hertz_text(order, hz);

@@ -30,7 +30,7 @@ struct WaveformFault {
 struct WaveformFrame {
   WaveformFault fault;
   std::array<std::int16_t, waveform_samples> samples{};
-  std::array<std::string, waveform_tags.size()> characters;  // of each tag, as received
+  WaveformCharacters characters;  // of each tag, as received
   WaveFields fields;
   std::size_t end = 0;  // behind its "E"; 0 when it has none
 };

@@ -3,9 +3,9 @@
 #include <string_view>
 #include <utility>
 
+#include "chart/waves/waveform_chart.h"
 #include "live/setting_texts.h"
 #include "live/waiting_chart.h"
-#include "live/waveform/waveform_chart.h"
 
 namespace halden {
 

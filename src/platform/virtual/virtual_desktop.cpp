@@ -78,9 +78,13 @@ void VirtualPrinter::print_line(double left, double top, const std::string& text
   page().lines.push_back({left, top, text});
 }
 
-void VirtualPrinter::print_window(const std::string& window_name) { page().windows.push_back(window_name); }
+void VirtualPrinter::print_window(const std::string& window_name) {
+  refused_ = !pages_.empty() && !pages_.front().lines.empty();
+  if (!refused_) page().windows.push_back(window_name);
+}
 
 PrintFailure VirtualPrinter::finish() {
+  if (std::exchange(refused_, false)) return PrintFailure::busy;
   std::vector<PrintedPage> document = std::exchange(pages_, {});
   if (failure == PrintFailure::none && !document.empty()) documents.push_back(std::move(document));
   return failure;

@@ -62,6 +62,8 @@ struct PrintedPage {
 
 class VirtualPrinter : public Printer {
  public:
+  std::vector<std::string> printers() override { return names; }
+  void set_target(const PrintTarget& wanted) override { target = wanted; }
   void set_orientation(Orientation orientation) override { orientation_ = orientation; }
   void set_font(const PrintFont& wanted) override { font = wanted; }
   PageSize page_size() override;
@@ -77,12 +79,15 @@ class VirtualPrinter : public Printer {
   std::vector<std::vector<PrintedPage>> documents;  // finished ones
   PrintFailure failure = PrintFailure::none;        // what finish() says; nothing is printed then
   PrintFont font;                                   // of the lines
+  std::vector<std::string> names;                   // of the printers that are set up
+  PrintTarget target;
 
  private:
   PrintedPage& page();
 
   Orientation orientation_ = Orientation::portrait;
   std::vector<PrintedPage> pages_;
+  bool refused_ = false;  // a window, while lines are printed
 };
 
 // Keeps the path of each saved picture, and what was copied last.

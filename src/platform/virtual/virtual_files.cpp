@@ -22,6 +22,28 @@ class VirtualFileReader : public FileReader {
   std::size_t at_ = 0;
 };
 
+class VirtualFileWriter : public FileWriter {
+ public:
+  VirtualFileWriter(VirtualFiles& files, std::string path)
+      : files_(files), path_(std::move(path)), part_(path_ + std::string(part_suffix)) {
+    files_.contents[part_].clear();
+  }
+  ~VirtualFileWriter() override { files_.contents.erase(part_); }
+  VirtualFileWriter(const VirtualFileWriter&) = delete;
+  VirtualFileWriter& operator=(const VirtualFileWriter&) = delete;
+
+  FileFailure write(std::string_view bytes) override { return files_.append(part_, bytes); }
+  FileFailure finish() override {
+    if (files_.write_failure != FileFailure::none) return files_.write_failure;
+    files_.contents[path_] = std::move(files_.contents[part_]);
+    return FileFailure::none;
+  }
+
+ private:
+  VirtualFiles& files_;
+  std::string path_, part_;
+};
+
 }  // namespace
 
 FilePiece VirtualFiles::read(const std::string& path, std::uint64_t offset, std::size_t max_bytes) {
@@ -54,6 +76,11 @@ FileFailure VirtualFiles::replace(const std::string& path, std::string_view byte
   if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return why;
   contents[path] = bytes;
   return FileFailure::none;
+}
+
+CreatedFile VirtualFiles::create(const std::string& path) {
+  if (const FileFailure why = why_not_writable(path); why != FileFailure::none) return {why};
+  return {FileFailure::none, std::make_unique<VirtualFileWriter>(*this, path)};
 }
 
 FileFailure VirtualFiles::remove(const std::string& path) {

@@ -17,6 +17,7 @@ class VirtualFiles : public Files {
   OpenedFile open(const std::string& path) override;
   FileFailure append(const std::string& path, std::string_view bytes) override;
   FileFailure replace(const std::string& path, std::string_view bytes) override;
+  CreatedFile create(const std::string& path) override;
   FileFailure remove(const std::string& path) override;
   FileFailure rename(const std::string& path, const std::string& new_path) override;
   std::optional<std::uint64_t> length(const std::string& path) override;
@@ -25,9 +26,9 @@ class VirtualFiles : public Files {
 
   // Faults on demand.
   std::map<std::string, FileFailure> read_failures;    // by path
-  FileFailure write_failure = FileFailure::none;       // of every append, replace and remove
+  FileFailure write_failure = FileFailure::none;       // of everything that is written
   std::map<std::string, FileFailure> folder_failures;  // of the same, by the beginning of the path
-  std::optional<std::uint64_t> free_bytes;             // for appends; without a value there is no end
+  std::optional<std::uint64_t> free_bytes;             // for appends and files in pieces
 
  private:
   FileFailure why_not_writable(const std::string& path) const;

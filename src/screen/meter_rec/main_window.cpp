@@ -43,6 +43,7 @@ constexpr std::array captions = {
     Caption{"show_plot_harmonics", {"Plot &Harmonics", "諧波記錄畫圖"}},
     Caption{"show_plot_waveform", {"Plot &Waveform", "波形記錄畫圖"}},
     Caption{"show_plot_hardcopy", {"Plot &Hardcopy", "視窗記錄畫圖"}},
+    Caption{"export_numbers", {"Export as &Numbers...", "匯出為數值..."}},
     Caption{"recent_files", {"&Recent Files", "最近開啟的檔案"}},
     Caption{"recent_power", {"Power Data", "電力記錄"}},
     Caption{"recent_harmonics", {"Harmonics", "諧波記錄"}},

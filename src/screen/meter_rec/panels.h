@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "readings/power_chain.h"
+#include "screen/language.h"
 
 namespace halden {
 
@@ -42,6 +43,11 @@ inline constexpr std::string_view date_label = "Label1_5";
 
 // The field of the status line that says why an action failed, or what is in progress.
 inline constexpr std::string_view status_hint = "status_hint";
+
+// The field of a window's status line that says why live readings stand still, visible while they do.
+inline constexpr std::string_view polling_note = "polling_note";
+inline constexpr Text polling_note_text = {"Live readings pause while this window is open.",
+                                           "此視窗開啟時，即時讀值暫停。"};
 
 // What sample_clock_label shows before the first sampling instant.
 inline constexpr std::string_view no_sampling_instant = "--:--:--";

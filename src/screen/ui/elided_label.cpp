@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "screen/ui/fonts.h"
+#include "screen/ui/form_window.h"
 #include "screen/ui/theme.h"
 
 namespace halden {
@@ -35,6 +36,16 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) setToolTip(width_of(font(), text()) > width() ? text() : QString());
   return QLabel::event(event);
+}
+
+ElidedLabel* build_text_line(std::string_view control, FormWindow& form) {
+  constexpr int text_pixels = 13;
+  auto* const label = new ElidedLabel(0);
+  label->setObjectName(to_qt(control));
+  label->setTextFormat(Qt::PlainText);
+  label->setFont(with_pixel_size(text_font(), text_pixels));
+  form.mirror().tie(std::string(control), *label);
+  return label;
 }
 
 }  // namespace halden

@@ -3,8 +3,11 @@
 #pragma once
 
 #include <QLabel>
+#include <string_view>
 
 namespace halden {
+
+class FormWindow;
 
 class ElidedLabel : public QLabel {
   Q_OBJECT
@@ -22,5 +25,8 @@ class ElidedLabel : public QLabel {
  private:
   int least_width_;
 };
+
+// A line of a window that shows the text of a control, shortened where it has no room.
+ElidedLabel* build_text_line(std::string_view control, FormWindow& form);
 
 }  // namespace halden

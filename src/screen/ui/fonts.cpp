@@ -1,6 +1,7 @@
 #include "screen/ui/fonts.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QStringList>
 #include <algorithm>
@@ -44,6 +45,17 @@ QFont text_font() {
 QFont reading_font() {
   QFont font = text_font();
   font.setBold(true);
+  return font;
+}
+
+QFont fixed_font() {
+  const QString preferred = QStringLiteral("Courier New");
+  // The name the system gives may stand for a family ("monospace").
+  const QFontInfo fixed(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  const bool installed = QFontDatabase::hasFamily(preferred);
+  QFont font;
+  font.setFamilies(QStringList{installed ? preferred : fixed.family()} + families());
+  font.setStyleHint(QFont::Monospace);
   return font;
 }
 

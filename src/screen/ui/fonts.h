@@ -14,6 +14,9 @@ QFont text_font();
 // The bold variant for readings.
 QFont reading_font();
 
+// For lines whose columns stand below one another: Courier New, or else the system's font of fixed pitch.
+QFont fixed_font();
+
 QFont with_pixel_size(QFont font, int pixels);
 
 // The width a text takes, rounded up.

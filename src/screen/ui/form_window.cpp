@@ -12,9 +12,11 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QUrl>
+#include <QWindow>
 #include <utility>
 
 #include "screen/ui/fonts.h"
+#include "screen/ui/paper_twin.h"
 
 namespace halden {
 
@@ -102,6 +104,15 @@ void FormWindow::show_followed() {
       followed.show();
 }
 
+// Not a child of the other window, which would delete it.
+void FormWindow::stand_before(FormWindow& other) {
+  setWindowFlags(Qt::Dialog);
+  setWindowModality(Qt::WindowModal);
+  other.winId();  // both need their windows on the screen
+  winId();
+  windowHandle()->setTransientParent(other.windowHandle());
+}
+
 void FormWindow::show_changes() {
   show_followed();
   if (window_.revision() == shown_revision_) return;
@@ -129,10 +140,18 @@ QImage FormWindow::paper_image() {
   FormWindow on_paper(window_, no_input, design_, Look::paper);
   on_paper.menuBar()->hide();
   for (QWidget* part : on_paper.kept_off_paper_) part->hide();
+  show_on_paper(on_paper);
   on_paper.resize(size());
-  Q_EMIT paper_made(on_paper);
   on_paper.ensurePolished();
   return on_paper.grab().toImage();
+}
+
+void FormWindow::show_on_paper(const FormWindow& on_paper) const {
+  for (QWidget* part : on_paper.findChildren<QWidget*>()) {
+    auto* const twin = dynamic_cast<PaperTwin*>(part);
+    const QWidget* const shown = twin != nullptr ? findChild<QWidget*>(part->objectName()) : nullptr;
+    if (shown != nullptr) twin->show_as(*shown);
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -74,6 +74,9 @@ class FormWindow : public QMainWindow {
   void keep_off_paper(QWidget& part);
 
   // ---- for the desktop ----
+  // Makes it a dialog of the other window, which takes no input while this one is visible.
+  void stand_before(FormWindow& other);
+
   // Brings the window up to date; cheap when nothing has changed. A window that is shown again comes
   // to the front.
   void show_changes();
@@ -86,8 +89,7 @@ class FormWindow : public QMainWindow {
 
  Q_SIGNALS:
   void changes_shown();
-  void paper_made(FormWindow& paper);  // what is printed; it has the state of a new window
-  void places_changed();               // some control has another place, or is shown or hidden
+  void places_changed();  // some control has another place, or is shown or hidden
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -107,6 +109,7 @@ class FormWindow : public QMainWindow {
   void come_to_front();
   void accept_drops();
   void show_followed();
+  void show_on_paper(const FormWindow& on_paper) const;
 
   Window& window_;
   UserInput& input_;

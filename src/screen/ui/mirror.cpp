@@ -1,7 +1,9 @@
 #include "screen/ui/mirror.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -11,6 +13,7 @@
 #include <string_view>
 #include <utility>
 
+#include "screen/ui/line_list.h"
 #include "screen/ui/theme.h"
 
 namespace halden {
@@ -66,6 +69,18 @@ void show_on_scroll_bar(QScrollBar& bar, const Control& control) {
   bar.setValue(control.value);
 }
 
+void show_on_choice(QComboBox& box, const Control& control) {
+  const QSignalBlocker no_echo(box);
+  show_on_widget(box, control);
+  QStringList choices;
+  if (control.lines)
+    for (const std::string& line : *control.lines) choices << to_qt(line);
+  box.clear();
+  box.addItems(choices);
+  box.setCurrentIndex(control.value);
+  box.view()->setAccessibleName(box.accessibleName());
+}
+
 bool same_place(const Control& a, const Control& b) {
   return a.visible == b.visible && static_cast<const Place&>(a) == static_cast<const Place&>(b);
 }
@@ -119,6 +134,31 @@ void Mirror::tie(const std::string& control, QScrollBar& bar) {
   QObject::connect(&bar, &QScrollBar::valueChanged, &bar, [this, control](int value) {
     window_.set_value(control, value);
     changed_(control);
+  });
+}
+
+void Mirror::choose_range(const std::string& control, int first, int last) {
+  window_.set_range(control, first, last);
+  changed_(control);
+}
+
+void Mirror::tie(const std::string& control, QComboBox& box) {
+  tie(control, [&box](const Control& now) { show_on_choice(box, now); });
+  QObject::connect(&box, &QComboBox::activated, &box, [this, control](int value) {
+    window_.set_value(control, value);
+    changed_(control);
+  });
+}
+
+void Mirror::tie(const std::string& control, LineList& list) {
+  tie(control, [&list](const Control& now) {
+    show_on_widget(list, now);
+    list.show_list(now.lines, now.list);
+  });
+  QObject::connect(&list, &LineList::view_changed, &list, [this, control, &list] {
+    const bool same_selection = window_[control].list.selected == list.view().selected;
+    window_.set_list(control, list.view());
+    if (!same_selection) changed_(control);
   });
 }
 

@@ -14,12 +14,15 @@
 
 class QAbstractButton;
 class QAction;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QScrollBar;
 
 namespace halden {
+
+class LineList;
 
 QString to_qt(std::string_view utf8);
 std::string from_qt(const QString& text);
@@ -46,6 +49,15 @@ class Mirror {
 
   // A scroll bar moved by the user writes its value back.
   void tie(const std::string& control, QScrollBar& bar);
+
+  // The user has chosen this part of what a control shows; it is written back as its range.
+  void choose_range(const std::string& control, int first, int last);
+
+  // A choice made by the user is written back as the value, which is the index of the line shown.
+  void tie(const std::string& control, QComboBox& box);
+
+  // What the user sees and selects is written back; only another selection counts as a change.
+  void tie(const std::string& control, LineList& list);
 
   // For a widget that shows a control in its own way.
   using Show = std::function<void(const Control&)>;

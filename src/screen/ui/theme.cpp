@@ -78,6 +78,17 @@ QListView[role="list"]:focus { border-color: @accent@; }
 QListView[role="list"]::item { padding: 3px 8px; border-bottom: 1px solid @background@; }
 QListView[role="list"]::item:selected { background: @accent@; color: @panel@; }
 
+QListView[role="text_lines"] {
+  background: @panel@; color: @text@; border: 1px solid @line@; border-radius: 4px; outline: none; }
+QListView[role="text_lines"]:focus { border-color: @accent@; }
+QListView[role="text_lines"]::item { background: @panel@; padding: 1px 8px; }
+QListView[role="text_lines"]::item:selected { background: @accent@; color: @panel@; }
+
+QRadioButton::indicator {
+  width: 12px; height: 12px; border: 2px solid @quiet@; border-radius: 8px; background: @panel@; }
+QRadioButton::indicator:checked { border-color: @accent@; background: @accent@; }
+QRadioButton:focus { color: @accent@; }
+
 QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QDialogButtonBox QPushButton { min-width: 72px; padding: 4px 10px; }
 QDialogButtonBox QPushButton:focus { padding: 3px 9px; }
@@ -88,7 +99,10 @@ QProgressBar::chunk { background: @accent@; }
 QScrollBar:horizontal { background: @background@; height: 18px; border: 1px solid @line@; border-radius: 4px; }
 QScrollBar::handle:horizontal { background: @edge@; min-width: 28px; border-radius: 3px; margin: 2px; }
 QScrollBar::handle:horizontal:hover { background: @accent@; }
-QScrollBar::add-line, QScrollBar::sub-line { width: 0; }
+QScrollBar:vertical { background: @background@; width: 18px; border: 1px solid @line@; border-radius: 4px; }
+QScrollBar::handle:vertical { background: @edge@; min-height: 28px; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:vertical:hover { background: @accent@; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 )";
 
 QColor mix(const QColor& a, const QColor& b) {
@@ -106,8 +120,8 @@ void set_flag(QWidget& widget, const char* property, bool value) {
 }
 
 constexpr const char* role_property = "role";
-constexpr std::array role_names = {"reading", "quiet",   "edit_box",    "alert",   "phase_1",
-                                   "phase_2", "phase_3", "main_button", "caution", "list"};
+constexpr std::array role_names = {"reading", "quiet",       "edit_box", "alert", "phase_1",   "phase_2",
+                                   "phase_3", "main_button", "caution",  "list",  "text_lines"};
 
 }  // namespace
 

@@ -45,7 +45,8 @@ enum class Role {
   phase_3,
   main_button,  // the one that is used most
   caution,      // a button that destroys something
-  list
+  list,
+  text_lines  // a list of very many lines
 };
 void set_role(QWidget& widget, Role role);
 

@@ -29,7 +29,7 @@ class QtOffscreen : public Offscreen {
   Pictures& pictures() override { return pictures_; }
 
   Printer& printer(const std::string& pdf_path) override {
-    printer_.set_output_pdf(to_qt(pdf_path));
+    printer_.set_target({.printer = "", .pdf_path = pdf_path});
     return printer_;
   }
 

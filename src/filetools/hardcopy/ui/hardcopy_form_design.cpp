@@ -73,7 +73,7 @@ QBoxLayout* build_top(FormWindow& form) {
 
 BottomRow* build_bottom(FormWindow& form) {
   auto* const row = new BottomRow(form.theme());
-  row->add_field(std::string(hardcopy_polling_note), form.mirror(), least_of_note);
+  row->add_field(std::string(polling_note), form.mirror(), least_of_note);
   row->add_field(std::string(status_hint), form.mirror(), 0, 1)->setAlignment(Qt::AlignRight);
   form.keep_off_paper(*row);
   return row;

@@ -85,6 +85,49 @@ std::optional<std::size_t> QtFileReader::read(char* target, std::size_t count) {
   return static_cast<std::size_t>(got);
 }
 
+// Unbuffered, for the same reason, and so that a failure is known at once.
+class QtFileWriter : public FileWriter {
+ public:
+  explicit QtFileWriter(std::string path)
+      : path_(std::move(path)), part_(QString::fromStdString(path_ + std::string(part_suffix))) {}
+
+  ~QtFileWriter() override {
+    if (part_.isOpen()) part_.remove();
+  }
+  QtFileWriter(const QtFileWriter&) = delete;
+  QtFileWriter& operator=(const QtFileWriter&) = delete;
+
+  FileFailure open();
+  FileFailure write(std::string_view bytes) override {
+    return write_all(part_, bytes) ? FileFailure::none : cause_of_failed_write(part_);
+  }
+  FileFailure finish() override;
+
+ private:
+  std::string path_;
+  QFile part_;
+};
+
+FileFailure QtFileWriter::open() {
+  for (const QFileInfo& info : {QFileInfo(QString::fromStdString(path_)), QFileInfo(part_)})
+    if (info.exists() && !info.isFile()) return FileFailure::not_a_file;
+  if (part_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+    return FileFailure::none;
+  return cause_of_failed_open(part_);
+}
+
+// Not QFile::rename, which refuses to replace a file.
+FileFailure QtFileWriter::finish() {
+  part_.close();
+  std::error_code why;
+  if (part_.error() == QFileDevice::NoError)
+    std::filesystem::rename(part_.fileName().toStdU16String(), QString::fromStdString(path_).toStdU16String(),
+                            why);
+  if (part_.error() == QFileDevice::NoError && !why) return FileFailure::none;
+  part_.remove();
+  return FileFailure::failed;
+}
+
 }  // namespace
 
 bool QtFiles::exists(const std::string& path) { return QFileInfo::exists(QString::fromStdString(path)); }
@@ -133,6 +176,12 @@ FileFailure QtFiles::replace(const std::string& path, std::string_view bytes) {
   if (!file.open(QIODevice::WriteOnly)) return cause_of_failed_open(file);
   if (!write_all(file, bytes)) return cause_of_failed_write(file);
   return file.commit() ? FileFailure::none : FileFailure::failed;
+}
+
+CreatedFile QtFiles::create(const std::string& path) {
+  auto writer = std::make_unique<QtFileWriter>(path);
+  if (const FileFailure failure = writer->open(); failure != FileFailure::none) return {failure};
+  return {FileFailure::none, std::move(writer)};
 }
 
 FileFailure QtFiles::remove(const std::string& path) {

@@ -16,6 +16,7 @@ class QtFiles : public Files {
 
   FileFailure append(const std::string& path, std::string_view bytes) override;
   FileFailure replace(const std::string& path, std::string_view bytes) override;
+  CreatedFile create(const std::string& path) override;
   FileFailure remove(const std::string& path) override;
   FileFailure rename(const std::string& path, const std::string& new_path) override;
   std::optional<std::uint64_t> length(const std::string& path) override;

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFontMetricsF>
 #include <QPageLayout>
+#include <QPrinterInfo>
 #include <utility>
 
 namespace halden {
@@ -35,9 +36,17 @@ void QtPrinter::add_window(std::string name, std::function<QImage()> paper_image
   windows_[std::move(name)] = std::move(paper_image);
 }
 
+std::vector<std::string> QtPrinter::printers() {
+  QStringList names = QPrinterInfo::availablePrinterNames();
+  if (const qsizetype at = names.indexOf(QPrinterInfo::defaultPrinterName()); at > 0) names.move(at, 0);
+  std::vector<std::string> found;
+  for (const QString& name : names) found.push_back(name.toStdString());
+  return found;
+}
+
 void QtPrinter::set_orientation(Orientation orientation) {
   orientation_ = orientation;
-  if (printer_) printer_->setPageOrientation(page_orientation(orientation));
+  if (printer_ && !painter_) printer_->setPageOrientation(page_orientation(orientation));
 }
 
 void QtPrinter::set_font(const PrintFont& font) {
@@ -65,6 +74,7 @@ double QtPrinter::line_height() {
 
 void QtPrinter::print_line(double left, double top, const std::string& text) {
   if (!begin()) return;
+  prints_lines_ = true;
   painter_->setFont(font_);
   painter_->setPen(Qt::black);
   const double baseline = to_dots(top, printer_->logicalDpiY()) + painter_->fontMetrics().ascent();
@@ -78,6 +88,8 @@ bool QtPrinter::new_page() {
 }
 
 void QtPrinter::print_window(const std::string& window_name) {
+  refused_ = prints_lines_;
+  if (refused_) return;
   const auto window = windows_.find(window_name);
   const QImage image = window == windows_.end() ? QImage() : window->second();
   if (image.isNull())
@@ -94,10 +106,11 @@ void QtPrinter::draw(const QImage& image) {
 }
 
 PrintFailure QtPrinter::finish() {
+  if (std::exchange(refused_, false)) return PrintFailure::busy;
   const bool printed = painter_ && painter_->isActive();
   if (printed && (!painter_->end() || printer_->printerState() == QPrinter::Error))
     failure_ = PrintFailure::failed;
-  if (printed) destination_ = pdf_path_.isEmpty() ? printer_->printerName() : printer_->outputFileName();
+  if (printed) destination_ = prints_to_file() ? printer_->outputFileName() : printer_->printerName();
   close_document();
   return std::exchange(failure_, PrintFailure::none);
 }
@@ -107,7 +120,7 @@ void QtPrinter::discard() {
   const bool printed = painter_ && painter_->isActive();
   if (printed) printer_->abort();
   close_document();
-  if (printed && !pdf_path_.isEmpty()) QFile::remove(pdf_path_);
+  if (printed && prints_to_file()) QFile::remove(QString::fromStdString(target_.pdf_path));
   failure_ = PrintFailure::none;
 }
 
@@ -115,24 +128,32 @@ void QtPrinter::discard() {
 void QtPrinter::close_document() {
   painter_.reset();
   printer_.reset();
+  prints_lines_ = false;
 }
 
 // Distances are measured from the corner of the printable area: no margins beyond those of the printer.
 QPrinter& QtPrinter::document() {
   if (printer_) return *printer_;
-  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer_ = new_printer();
   printer_->setDocName(QString::fromUtf8(document_name));
-  if (!pdf_path_.isEmpty()) printer_->setOutputFileName(pdf_path_);
   const QPageLayout layout = printer_->pageLayout();
   printer_->setPageMargins(layout.minimumMargins(), layout.units());
   printer_->setPageOrientation(page_orientation(orientation_));
   return *printer_;
 }
 
+std::unique_ptr<QPrinter> QtPrinter::new_printer() const {
+  const QPrinterInfo named = QPrinterInfo::printerInfo(QString::fromStdString(target_.printer));
+  if (!named.isNull()) return std::make_unique<QPrinter>(named, QPrinter::HighResolution);
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  if (prints_to_file()) printer->setOutputFileName(QString::fromStdString(target_.pdf_path));
+  return printer;
+}
+
 bool QtPrinter::begin() {
   if (painter_) return painter_->isActive();
   // On a computer without any printer Qt would write a PDF file, here without a name.
-  if (pdf_path_.isEmpty() && document().outputFormat() == QPrinter::PdfFormat) {
+  if (!prints_to_file() && document().outputFormat() == QPrinter::PdfFormat) {
     failure_ = PrintFailure::no_printer;
     return false;
   }

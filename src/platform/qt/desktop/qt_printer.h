@@ -1,4 +1,4 @@
-// The default printer, or a PDF file in its place.
+// A printer of this computer, or a PDF file in its place.
 #pragma once
 
 #include <QFont>
@@ -19,12 +19,11 @@ class QtPrinter : public Printer {
   QtPrinter();
   ~QtPrinter() override;
 
-  // Prints into this file from the next document on; an empty path means the default printer again.
-  void set_output_pdf(const QString& path) { pdf_path_ = path; }
-
   // Makes a window printable: `paper_image` draws it for light paper.
   void add_window(std::string name, std::function<QImage()> paper_image);
 
+  std::vector<std::string> printers() override;
+  void set_target(const PrintTarget& target) override { target_ = target; }
   void set_orientation(Orientation orientation) override;
   void set_font(const PrintFont& font) override;
   PageSize page_size() override;
@@ -39,11 +38,13 @@ class QtPrinter : public Printer {
 
  private:
   QPrinter& document();
+  std::unique_ptr<QPrinter> new_printer() const;
+  bool prints_to_file() const { return !target_.pdf_path.empty(); }
   bool begin();
   void close_document();
   void draw(const QImage& image);
 
-  QString pdf_path_;
+  PrintTarget target_;
   QString destination_;
   std::map<std::string, std::function<QImage()>> windows_;
   Orientation orientation_ = Orientation::portrait;
@@ -53,6 +54,8 @@ class QtPrinter : public Printer {
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   PrintFailure failure_ = PrintFailure::none;
+  bool prints_lines_ = false;
+  bool refused_ = false;  // a window, while lines are printed
 };
 
 }  // namespace halden

@@ -1,4 +1,4 @@
-#include "live/waveform/waveform_chart.h"
+#include "chart/waves/waveform_chart.h"
 
 #include <algorithm>
 
@@ -65,7 +65,7 @@ Chart waveform_chart(const std::vector<double>& scaled, int channel, const WaveT
   chart.hint = over_range_hint.in(language);
   chart.description = waveform_of.with(
       language, {name, texts.rms, texts.peak_plus, texts.peak_minus, texts.crest_factor, texts.fundamental});
-  chart.sets = {{make_points(scaled), name, static_cast<std::size_t>(std::clamp(channel, 0, 5)) / 2}};
+  chart.sets = {{make_points(scaled), name, phase_of_input(channel)}};
   chart.label_every = label_every;
   chart.labels = texts_by([](std::size_t index) { return std::to_string(index); });
   chart.readouts = texts_by([points = chart.sets.front().points,
