@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "filetools/file_name.h"
 #include "screen/meter_rec/menus.h"
 
 namespace halden {
@@ -12,7 +13,7 @@ namespace {
 // "&1 day.csv": the tenth has the key 0. An "&" of the name is no key.
 std::string entry_text(std::size_t index, const std::string& path) {
   std::string text = index + 1 == most_recent_files ? "1&0 " : "&" + std::to_string(index + 1) + " ";
-  for (const char c : path.substr(path.find_last_of("/\\") + 1)) text.append(c == '&' ? 2 : 1, c);
+  for (const char c : name_of_file(path)) text.append(c == '&' ? 2 : 1, c);
   return text;
 }
 

@@ -143,6 +143,7 @@ TEST(Playback, ARefusalLeavesThePicture) {
   j.open("show_plot_waveform", wave_header + "03-15-2024   12:30:42 B 00100 \r\n");
   EXPECT_EQ(j.world.dialogs.messages.back().text, "Data Error");
   j.open("show_plot_waveform", good);
+  EXPECT_EQ(j.window("P_Harmo").caption(), "Plot Waveform");
   EXPECT_EQ(j.world.dialogs.messages.back().text, "Not a Harmonic Data File");
   EXPECT_TRUE(j.control("status_hint").text.starts_with("This is a harmonics data file"));
   j.world.files.contents.clear();

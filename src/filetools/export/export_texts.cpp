@@ -1,5 +1,6 @@
 #include "filetools/export/export_texts.h"
 
+#include "filetools/file_name.h"
 #include "filetools/open_failure.h"
 #include "readings/patterns.h"
 #include "screen/failure_texts.h"
@@ -19,8 +20,6 @@ constexpr Text not_read = {"{} could not be read to its end, nothing was written
                            "{} 無法完整讀取，未寫入檔案"};
 constexpr Text not_written = {"{} was not written: {}", "未寫入 {}：{}"};
 
-std::string name_of(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 std::string written_sentence(const ExportResult& result, const std::string& target,
                              const ExportOptions& options, Language language) {
   std::string sentence = all_written.with(language, {std::to_string(result.rows), target});
@@ -35,7 +34,7 @@ std::string written_sentence(const ExportResult& result, const std::string& targ
 }  // namespace
 
 std::string export_sentence(const ExportResult& result, const ExportRequest& request, Language language) {
-  const std::string source = name_of(request.source), target = name_of(request.target);
+  const std::string source(name_of_file(request.source)), target(name_of_file(request.target));
   switch (result.outcome) {
     case ExportOutcome::written:
       return written_sentence(result, target, request.options, language);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "filetools/export/export_texts.h"
+#include "filetools/file_name.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 
@@ -20,10 +21,8 @@ constexpr Text wrong_ending = {"The name of the result must end in .csv or .json
 
 constexpr std::array all_files = {"csv Files(*.csv)", "dat Files(*.dat)", "All Files (*.*)"};
 
-std::string name_of(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 std::string suggested_name(const std::string& source, std::string_view ending) {
-  const std::string name = name_of(source);
+  const std::string name(name_of_file(source));
   return name.substr(0, name.rfind('.')) + "-numbers" + std::string(ending);
 }
 
@@ -89,7 +88,7 @@ void ExportWindow::open_file(const std::string& path) {
   const ExportResult checked = check_source(platform_.files, path);
   if (checked.outcome == ExportOutcome::written) {
     request_ = wanted;
-    form_.set_text(export_file, name_of(path));
+    form_.set_text(export_file, name_of_file(path));
     form_.set_tooltip(export_file, path);
     say("");
   } else {
@@ -107,7 +106,8 @@ void ExportWindow::choose_target() {
   if (!path || path->empty() || progress_.runs()) return;
   if (!table_format(*path)) return say(wrong_ending.in(language));
   const bool asks = platform_.files.exists(*path) && !is_data_file(platform_.files, *path);
-  if (asks && !platform_.dialogs.confirm({replace_it.with(language, {name_of(*path)}), "", Icon::question}))
+  if (asks && !platform_.dialogs.confirm(
+                  {replace_it.with(language, {std::string(name_of_file(*path))}), "", Icon::question}))
     return;
   request_.target = *path;
   run();

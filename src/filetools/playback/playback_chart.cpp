@@ -7,6 +7,7 @@
 
 #include "chart/waves/order_chart.h"
 #include "chart/waves/waveform_chart.h"
+#include "filetools/file_name.h"
 #include "readings/harmonics.h"
 #include "readings/numbers.h"
 #include "readings/patterns.h"
@@ -106,7 +107,7 @@ std::string playback_note(const PlayedRecord& record, Language language) {
 std::string playback_about(const PlaybackFile& file, const PlayedRecord& record, const CurrentScale& currents,
                            Language language) {
   const WaveSettings& settings = file.settings_of(record.number);
-  std::string line = file.path.substr(file.path.find_last_of("/\\") + 1);
+  std::string line(name_of_file(file.path));
   add(line, settings.input);
   const bool is_spectrum = file.kind == WaveFileKind::harmonics;
   if (is_spectrum && settings.option == percentages) add(line, "%");

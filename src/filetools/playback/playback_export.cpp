@@ -6,6 +6,7 @@
 
 #include "chart/chart.h"
 #include "chart/waves/waveform_chart.h"
+#include "filetools/file_name.h"
 #include "filetools/playback/playback_chart.h"
 #include "filetools/playback/playback_form.h"
 
@@ -47,7 +48,7 @@ Chart PlaybackExport::titled_chart() const {
 }
 
 std::string PlaybackExport::suggested_name() const {
-  const std::string name = file_->path.substr(file_->path.find_last_of("/\\") + 1);
+  const std::string name(name_of_file(file_->path));
   return name.substr(0, name.find_last_of('.')) + "-" + std::to_string(record_.number);
 }
 

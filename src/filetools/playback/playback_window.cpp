@@ -78,7 +78,9 @@ void PlaybackWindow::show(WaveFileKind wanted) {
     reading_.cancel();
     file_.reset();
   }
-  plot_harmo_mode_ = wanted == WaveFileKind::harmonics ? harmonics_mode_of_plot : waveform_mode_of_plot;
+  const bool harmonics = wanted == WaveFileKind::harmonics;
+  plot_harmo_mode_ = harmonics ? harmonics_mode_of_plot : waveform_mode_of_plot;
+  window_.set_caption(harmonics ? "Plot Harmonics" : "Plot Waveform");
   if (!file_) show_empty();
   window_.show();
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "chart/chart.h"
+#include "filetools/file_name.h"
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/plot_form.h"
 #include "filetools/power_plot/points_csv.h"
@@ -35,7 +36,7 @@ Chart PlotExport::titled_chart() const {
 }
 
 std::string PlotExport::suggested_name() const {
-  const std::string name = plot_->path.substr(plot_->path.find_last_of("/\\") + 1);
+  const std::string name(name_of_file(plot_->path));
   return name.substr(0, name.find_last_of('.')) + "-" + std::string(plot_choices[plot_->choice].caption);
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "chart/number_text.h"
+#include "filetools/file_name.h"
 #include "filetools/power_plot/plot_choices.h"
 #include "filetools/power_plot/power_chart.h"
 
@@ -59,8 +60,6 @@ void add(std::string& line, std::string_view part) {
   line.append(line.empty() ? "" : separator).append(part);
 }
 
-std::string file_name(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 std::string records_text(const PowerPlot& plot, Language language) {
   const std::string count = std::to_string(plot.record_count);
   if (plot.range == RecordRange{1, plot.record_count}) return all_records.with(language, {count});
@@ -72,7 +71,7 @@ std::string records_text(const PowerPlot& plot, Language language) {
 
 std::string plot_line(const PowerPlot& plot, Language language) {
   constexpr std::array<std::string_view, 4> wirings = {"1P2W", "1P3W", "3P3W", "3P4W"};
-  std::string line = file_name(plot.path);
+  std::string line(name_of_file(plot.path));
   if (plot.settings.wiring) add(line, wirings[table_index(*plot.settings.wiring)]);
   if (!plot.settings.ct.empty()) add(line, "CT " + plot.settings.ct);
   if (!plot.settings.vt.empty()) add(line, "VT " + plot.settings.vt);
