@@ -54,6 +54,19 @@ TEST(Hardcopy, EachDownloadInAFileIsAPicture) {
   EXPECT_EQ(two.pictures.at(1).date_line, "2026-01-05 10:00:00");
 }
 
+// The date of a download can be typed by the user; behind a whole picture its numbers were thrown away.
+TEST(Hardcopy, AnyTextBehindAWholePictureBeginsTheNextOne) {
+  for (const char* date : {"5 May 2026 10:30", "2026-01-05 10.30"}) {
+    HardcopyFile file = read("first\n" + words(3840, "00255") + "00255\r\n\r\n" + date + "\r\n1\r\n");
+    ASSERT_EQ(file.pictures.size(), 2u) << date;
+    EXPECT_EQ(file.pictures[1].date_line, date);
+    EXPECT_EQ(file.pictures[1].bytes, std::vector<std::uint8_t>{1});
+    file.failure = FileFailure::failed;
+    EXPECT_EQ(hardcopy_hint(file, 0, Language::english),
+              "Picture 1 of 2. The file could not be read to its end.");
+  }
+}
+
 TEST(Hardcopy, AnEmptyFileAndOneThatIsNoHardcopy) {
   EXPECT_EQ(read("").pictures.at(0).missing_bytes(), 3840u);
   std::string binary;

@@ -8,16 +8,19 @@ namespace halden {
 
 void paint_chart(QPaintDevice& device, const QRectF& place, const Chart& chart, const ChartPart& part,
                  QSize layout) {
+  const double scale = std::min(place.width() / layout.width(), place.height() / layout.height());
+  const bool is_image = device.devType() == QInternal::Image;
   ChartPlot plot(theme(Look::paper), nullptr);
+  if (is_image) plot.setBufferDevicePixelRatio(scale);  // as many columns of points as there are pixels
   plot.set_chart(chart);
   plot.show_part(part, layout);
-  const double scale = std::min(place.width() / layout.width(), place.height() / layout.height());
   QCPPainter painter(&device);
   painter.translate(place.topLeft());
   painter.scale(scale, scale);
-  // A hairline would vanish on a page of 1200 dots per inch.
   painter.setMode(QCPPainter::pmVectorized);
-  painter.setMode(QCPPainter::pmNonCosmetic);
+  // A hairline would vanish on a page of 1200 dots per inch. In an image it is a pixel wide, and a wider one
+  // would take several times as long.
+  painter.setMode(QCPPainter::pmNonCosmetic, !is_image);
   plot.toPainter(&painter, layout.width(), layout.height());
 }
 

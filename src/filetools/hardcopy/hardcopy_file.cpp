@@ -19,6 +19,7 @@ constexpr double lowest_word = -32768;  // counts for anything below it, too
 constexpr Text which_picture = {"Picture {} of {}.", "第 {} 張，共 {} 張。"};
 constexpr Text bytes_missing = {"{} of {} bytes are missing; they are left white.",
                                 "缺少 {} 個位元組（共 {} 個），以空白表示。"};
+constexpr Text not_to_its_end = {"The file could not be read to its end.", "檔案無法讀到結尾。"};
 
 void add_number(Hardcopy& picture, std::string_view number) {
   const double value = leading_number(number);
@@ -27,13 +28,32 @@ void add_number(Hardcopy& picture, std::string_view number) {
   picture.bytes.push_back(static_cast<std::uint8_t>(static_cast<int>(word) & 0xFF));
 }
 
-void add_numbers(Hardcopy& picture, std::string_view line) {
+template <typename Use>
+void for_each_word(std::string_view line, Use use) {
   std::size_t start = line.find_first_not_of(separators);
   while (start != std::string_view::npos) {
     const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
-    add_number(picture, line.substr(start, end - start));
+    use(line.substr(start, end - start));
     start = line.find_first_not_of(separators, end);
   }
+}
+
+bool is_number(std::string_view text) {
+  const std::string_view digits = text.substr(text.front() == '-' ? 1 : 0);
+  return !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Also true of a line without anything.
+bool has_numbers_only(std::string_view line) {
+  bool numbers_only = true;
+  for_each_word(line,
+                [&numbers_only](std::string_view word) { numbers_only = numbers_only && is_number(word); });
+  return numbers_only;
+}
+
+// The user may have typed another date than a download writes; within a picture such a line is a spoiled one.
+bool begins_picture(std::string_view line, const Hardcopy& before) {
+  return is_date_line(line) || (before.missing_bytes() == 0 && !has_numbers_only(line));
 }
 
 }  // namespace
@@ -55,10 +75,10 @@ HardcopyFile read_hardcopies(Files& files, const std::string& path) {
   HardcopyFile file;
   LineReader reader(files, path);
   for (auto line = reader.next(); line && line->start < longest_file; line = reader.next()) {
-    if (file.pictures.empty() || is_date_line(line->bytes))
+    if (file.pictures.empty() || begins_picture(line->bytes, file.pictures.back()))
       file.pictures.push_back({shown_text(line->bytes), {}});
     else
-      add_numbers(file.pictures.back(), line->bytes);
+      for_each_word(line->bytes, [&file](std::string_view word) { add_number(file.pictures.back(), word); });
   }
   file.failure = reader.failure();
   if (file.pictures.empty() && file.failure == FileFailure::none) file.pictures.emplace_back();
@@ -75,12 +95,13 @@ DotPicture dot_picture(const Hardcopy& picture) {
 
 std::string hardcopy_hint(const HardcopyFile& file, std::size_t index, Language language) {
   std::string hint;
+  const auto add = [&hint](const std::string& sentence) { hint += (hint.empty() ? "" : " ") + sentence; };
   if (file.pictures.size() > 1)
-    hint = which_picture.with(language, {std::to_string(index + 1), std::to_string(file.pictures.size())});
-  const std::size_t missing = file.pictures[index].missing_bytes();
-  if (missing == 0) return hint;
-  if (!hint.empty()) hint += ' ';
-  return hint + bytes_missing.with(language, {std::to_string(missing), std::to_string(bytes_of_hardcopy)});
+    add(which_picture.with(language, {std::to_string(index + 1), std::to_string(file.pictures.size())}));
+  if (const std::size_t missing = file.pictures[index].missing_bytes(); missing > 0)
+    add(bytes_missing.with(language, {std::to_string(missing), std::to_string(bytes_of_hardcopy)}));
+  if (file.failure != FileFailure::none) add(std::string(not_to_its_end.in(language)));
+  return hint;
 }
 
 }  // namespace halden

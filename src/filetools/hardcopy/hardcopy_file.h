@@ -50,8 +50,8 @@ HardcopyFile read_hardcopies(Files& files, const std::string& path);
 // With the date line as its title.
 DotPicture dot_picture(const Hardcopy& picture);
 
-// For the line under a picture, `index` from 0: "Picture 2 of 3", "900 of 3840 bytes are missing". Empty for
-// a whole picture that is the only one.
+// For the line under a picture, `index` from 0: "Picture 2 of 3", "900 of 3840 bytes are missing", whether the
+// file could be read to its end. Empty for a whole picture that is the only one.
 std::string hardcopy_hint(const HardcopyFile& file, std::size_t index, Language language);
 
 }  // namespace halden

@@ -21,7 +21,11 @@ constexpr QSize smallest_size(640, 440);
 constexpr QSize start_size(1100, 720);
 constexpr int line_pixels = 13;
 
+// Closer to one another than in other windows: all have room in the smallest width.
+constexpr const char* menu_bar_style = "QMenuBar::item { padding: 5px 6px; }";
+
 void build_menu(FormWindow& form) {
+  form.menuBar()->setStyleSheet(QLatin1String(menu_bar_style));
   build_menus(*form.menuBar(), plot_menu_entries(), form);
   for (const auto& [keys, control] : {std::pair{"Ctrl+O", "openfileforplot"}, std::pair{"F5", "read_again"},
                                       std::pair{"Ctrl+P", "Pgraphics"}})
