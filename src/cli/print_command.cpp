@@ -32,10 +32,12 @@ int run_print(Files& files, const OpenOffscreen& open_offscreen, const Typed& ty
   const OffscreenStart start = open_offscreen(files);
   if (!start.offscreen) return end_with_failure(start.failure);
   Printer& printer = start.offscreen->printer(typed.pdf);
-  const PrintedText printed = print_file(printer, files, typed.file, [](std::size_t) { return true; });
+  note_interruptions();
+  const PrintedText printed =
+      print_file(printer, files, typed.file, [](std::size_t) { return !interrupted(); });
   const std::string sentence = printed_text(printed, printer.destination(), Language::english);
-  const bool done =
-      printed.pages > 0 && printed.file == FileFailure::none && printed.printer == PrintFailure::none;
+  const bool done = printed.pages > 0 && !printed.cancelled && printed.file == FileFailure::none &&
+                    printed.printer == PrintFailure::none;
   if (!done) return end_with_failure(sentence);
   write_remark(sentence + "\n");
   return exit_done;

@@ -53,6 +53,7 @@ char* write_zeros(char* to, std::ptrdiff_t count) {
 char* write_digits(const char* digits, std::ptrdiff_t count, std::ptrdiff_t before_point, char point,
                    char* to) {
   for (; before_point > 1 && count > 0 && *digits == '0'; --before_point, --count) ++digits;
+  if (count == 0) before_point = 1;  // zero is "0", whatever its prefix is
   if (before_point <= 0) {
     *to++ = '0';
     *to++ = point;
@@ -176,7 +177,7 @@ char* write_plain_number(std::string_view field, char point, char* to) {
   const std::uint64_t marks = marks_of_others(text), behind_point = marks & (marks - 1);
   const std::size_t before = first_mark(marks), end = first_mark(behind_point);
   const bool is_ascii = (text & (0x80 * one_in_each_byte)) == 0;
-  if (!is_ascii || behind_point == 0 || before == 0 || before > most_before_point ||
+  if (!is_ascii || behind_point == 0 || before == 0 || end == before + 1 || before > most_before_point ||
       first_of(without_first(text, before)) != '.')
     return write_any_number(field, point, to);
   const NumberParts number = {text, before, end - before - 1};

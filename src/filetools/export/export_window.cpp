@@ -19,7 +19,6 @@ constexpr Text replace_it = {"{} exists. Replace it?", "{} 已存在，是否取
 constexpr Text wrong_ending = {"The name of the result must end in .csv or .json",
                                "結果檔名須以 .csv 或 .json 結尾"};
 
-
 std::string suggested_name(const std::string& source, std::string_view ending) {
   const std::string name(name_of_file(source));
   return name.substr(0, name.rfind('.')) + "-numbers" + std::string(ending);

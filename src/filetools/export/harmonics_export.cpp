@@ -27,6 +27,7 @@ InputUnit HarmonicsExport::unit() const {
 
 void HarmonicsExport::note_columns() {
   summary_.note(unit());
+  if (!line_.first_order) return;
   Orders& orders = orders_[option()];
   const std::size_t end = first_order() + line_.order_count;
   orders.begin = orders.end == 0 ? first_order() : std::min(orders.begin, first_order());
@@ -43,7 +44,10 @@ std::vector<ValueColumn> HarmonicsExport::columns() {
   return columns;
 }
 
+// A line that was half written in the first pass may have an input that has no columns. Orders of an unknown
+// range have no number.
 void HarmonicsExport::add_values(std::string_view, ValueRow& row) {
+  if (!summary_.has(unit())) return;
   summary_.add_values(
       {settings_.input, line_.rms, line_.peak_plus, line_.peak_minus, line_.fundamental, line_.thd, line_.hz},
       unit(), row);
@@ -51,8 +55,8 @@ void HarmonicsExport::add_values(std::string_view, ValueRow& row) {
   places_.clear();
   for (std::size_t of_columns = 0; of_columns < orders_.size(); ++of_columns)
     for (std::size_t order = orders_[of_columns].begin; order < orders_[of_columns].end; ++order) {
-      const bool is_there =
-          of_columns == option() && order >= first_order() && order < first_order() + line_.order_count;
+      const bool is_there = line_.first_order && of_columns == option() && order >= first_order() &&
+                            order < first_order() + line_.order_count;
       places_.push_back(is_there ? (order - first_order()) * (field_text_length + 1) : TableWriter::nowhere);
     }
   row.add_fields(line_.order_fields, places_);

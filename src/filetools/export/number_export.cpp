@@ -63,6 +63,10 @@ ExportResult NumberExport::run() {
   if (is_data_file(files_, request_.target) ||
       is_data_file(files_, request_.target + std::string(part_suffix)))
     return {ExportOutcome::over_recording};
+  // One that cannot be read may be a recording, too.
+  const ExportResult there = check_source(files_, request_.target);
+  if (there.outcome == ExportOutcome::not_opened && there.failure != FileFailure::not_found)
+    return {ExportOutcome::not_written, there.failure};
   if (!open() || !survey() || !open()) return result_;
   const CreatedFile created = files_.create(request_.target);
   if (!created.writer) return {ExportOutcome::not_written, created.failure};
@@ -116,7 +120,9 @@ void NumberExport::write_rows(TableWriter& table) {
     }
     if (surveyed_ + lines_->position() >= next_progress_ && !goes_on(surveyed_ + lines_->position())) return;
   }
-  if (lines_->failed()) fail(ExportOutcome::not_read);
+  const bool is_whole = !lines_->failed() && lines_->position() >= surveyed_;
+  if (!is_whole)
+    fail(ExportOutcome::not_read);  // it has become shorter meanwhile, or cannot be read any more
 }
 
 void NumberExport::write_row(TableWriter& table, ValueRow& values, IsoTime& iso, std::string_view line) {

@@ -55,7 +55,9 @@ WaveTexts WaveformExport::texts() const {
   return texts;
 }
 
+// A line that was half written in the first pass may have an input that has no columns.
 void WaveformExport::add_values(std::string_view, ValueRow& row) {
+  if (!columns_.has(unit())) return;
   const WaveTexts shown = texts();
   columns_.add_values({input_name(line_.fields.channel), shown.rms, shown.peak_plus, shown.peak_minus,
                        shown.fundamental, shown.thd, shown.hz},

@@ -69,7 +69,9 @@ void PrintWindow::close() {
 
 // ---- printing ----
 
+// A second Enter may come when the dialog is hidden already.
 void PrintWindow::ok() {
+  if (printing_ || !form_.visible()) return;
   form_.set_text(status_hint, "");
   const std::optional<PrintTarget> target = wanted_target();
   if (!target) return;

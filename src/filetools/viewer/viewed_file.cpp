@@ -81,6 +81,7 @@ void ViewedFile::show(LineBlock block, std::size_t number) {
     for (std::string& line : block.lines) line = from_column(line, column_);
   list_ = std::make_shared<const Lines>(std::move(block.lines));
   aligned_.count = 0;
+  cache_.clear();
 }
 
 void ViewedFile::show_nothing() {
@@ -89,6 +90,7 @@ void ViewedFile::show_nothing() {
   starts_.clear();
   list_ = std::make_shared<const Lines>();
   aligned_.count = 0;
+  cache_.clear();
 }
 
 FileFailure ViewedFile::shift(int column, const VisibleLines& visible) {

@@ -152,7 +152,7 @@ void ViewerWindow::shift(int column) {
 // any more, they are printed as the list shows them.
 void ViewerWindow::print() {
   const std::vector<LineRange>& selected = form_[view_list].list.selected;
-  if (file_.column() > 1 && !selected.empty()) {
+  if (!selected.empty()) {
     file_.align({.top = 0, .count = file_.records_read()});
     form_.set_lines(view_list, file_.list());
   }

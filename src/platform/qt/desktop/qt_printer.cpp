@@ -146,7 +146,9 @@ std::unique_ptr<QPrinter> QtPrinter::new_printer() const {
   const QPrinterInfo named = QPrinterInfo::printerInfo(QString::fromStdString(target_.printer));
   if (!named.isNull()) return std::make_unique<QPrinter>(named, QPrinter::HighResolution);
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  if (prints_to_file()) printer->setOutputFileName(QString::fromStdString(target_.pdf_path));
+  if (!prints_to_file()) return printer;
+  printer->setOutputFormat(QPrinter::PdfFormat);  // whatever the name ends in
+  printer->setOutputFileName(QString::fromStdString(target_.pdf_path));
   return printer;
 }
 
