@@ -161,7 +161,7 @@ void TableWriter::add_text(std::string_view text) {
 void TableWriter::add_plain_text(std::string_view text) {
   char* to = write_before(column_++, at_);
   if (format_ == TableFormat::json) *to++ = '"';
-  std::memcpy(to, text.data(), text.size());
+  if (!text.empty()) std::memcpy(to, text.data(), text.size());  // an empty text may have no address
   to += text.size();
   if (format_ == TableFormat::json) *to++ = '"';
   at_ = to;
