@@ -59,6 +59,11 @@ std::vector<std::string> texts_before(const std::vector<std::string>& names, Tab
   return before;
 }
 
+// An empty text may have no address.
+void copy(std::string_view text, char* to) {
+  if (!text.empty()) std::memcpy(to, text.data(), text.size());
+}
+
 }  // namespace
 
 TableWriter::TableWriter(FileWriter& file, const ExportOptions& options,
@@ -154,14 +159,14 @@ void TableWriter::add_text(std::string_view text) {
     at_ = write_quoted(text, format_, start);
     return;
   }
-  std::memcpy(start, text.data(), text.size());
+  copy(text, start);
   at_ = start + text.size();
 }
 
 void TableWriter::add_plain_text(std::string_view text) {
   char* to = write_before(column_++, at_);
   if (format_ == TableFormat::json) *to++ = '"';
-  if (!text.empty()) std::memcpy(to, text.data(), text.size());  // an empty text may have no address
+  copy(text, to);
   to += text.size();
   if (format_ == TableFormat::json) *to++ = '"';
   at_ = to;
