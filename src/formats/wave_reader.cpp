@@ -96,6 +96,10 @@ bool read_waveform(std::string_view line, WaveformLine& read) {
 
 }  // namespace
 
+std::int16_t ratio_of(const std::string& text) {
+  return std::max<std::int16_t>(to_int16(leading_number(text)).value_or(1), 1);
+}
+
 WaveSettings read_wave_settings(std::string_view line) {
   WaveSettings settings;
   if (line.substr(0, line.find(',')) == "HARMO") settings.kind = WaveFileKind::harmonics;

@@ -34,6 +34,9 @@ struct WaveSettings {
 // "NO.=51 " in a converted file, or "WAVE Hz=60 MD=15 ... SYS=3P4W, NO.=1024  OPTION=%".
 WaveSettings read_wave_settings(std::string_view line);
 
+// The number of a transformer ratio in a settings line; 1 where there is none or it does not fit.
+std::int16_t ratio_of(const std::string& text);
+
 enum class WaveLineKind {
   record,     // whole
   lost_link,  // written while the meter was silent

@@ -16,11 +16,6 @@ namespace {
 constexpr int more_digits = 2;
 constexpr std::int64_t parts_of_count = 100;
 
-std::int16_t ratio_of(const std::string& text) {
-  const std::int16_t ratio = to_int16(leading_number(text)).value_or(1);
-  return ratio == 0 ? std::int16_t{1} : ratio;
-}
-
 // Half away from zero.
 std::int64_t rounded_quotient(std::int64_t dividend, std::int64_t divisor) {
   const std::int64_t half = std::abs(divisor) / 2;

@@ -55,10 +55,6 @@ void take_harmonics(std::string_view text, const WaveSettings& settings, std::in
   take_orders(line, bars_of(line, settings, harmonics_shown), record);
 }
 
-std::int16_t ratio_of(const std::string& text) {
-  return std::max<std::int16_t>(to_int16(leading_number(text)).value_or(1), 1);
-}
-
 // There is no earlier text that a value without room could keep, so nothing is limited.
 Scaling scaling_of(const WaveSettings& settings, const CurrentScale& currents) {
   Scaling scaling;
